@@ -1,0 +1,87 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Signal.h"
+
+namespace korvex {
+
+/// The cells of a grid as plain values: text (UTF-8), back colours (0xBBGGRR), column widths (twips), the current cell
+/// and a redraw switch. A view shows it; the logic never asks a view. Rows and columns count from 0; what lies outside
+/// is empty when read and ignored when written.
+class MSFlexGrid {
+public:
+    enum class Alignment { Default, Left, Center, Right };
+
+    MSFlexGrid(int rows, int cols);
+
+    int Rows() const { return m_rows; }
+    int Cols() const { return m_cols; }
+    /// Cells that stay keep their content.
+    void setRows(int rows);
+    void setCols(int cols);
+    /// The label rows and columns that stay in sight while scrolling.
+    int FixedRows() const { return m_fixedRows; }
+    int FixedCols() const { return m_fixedCols; }
+    void setFixed(int rows, int cols);
+
+    const std::string& TextMatrix(int row, int col) const;
+    void setTextMatrix(int row, int col, std::string text);
+    /// Empties every cell and takes back every colour; the shape stays.
+    void Clear();
+
+    /// 0xBBGGRR; nothing is the window's normal background.
+    std::optional<int> CellBackColor(int row, int col) const;
+    void setCellBackColor(int row, int col, std::optional<int> colour);
+
+    int ColWidth(int col) const;
+    void setColWidth(int col, int twips);
+    Alignment ColAlignment(int col) const;
+    void setColAlignment(int col, Alignment alignment);
+
+    int Row() const { return m_row; }
+    int Col() const { return m_col; }
+    /// Kept inside the grid.
+    void setCurrent(int row, int col);
+
+    bool Redraw() const { return m_redraw; }
+    /// While off nothing is told; switching on tells `allChanged` once if anything changed.
+    void setRedraw(bool on);
+
+    Signal<int, int> cellChanged;  ///< text or colour of (row, col)
+    Signal<> allChanged;           ///< shape, widths or many cells
+    Signal<> leavingCell;          ///< before the current cell changes
+    Signal<> currentChanged;
+
+private:
+    struct Cell {
+        std::string text;
+        std::optional<int> backColour;
+    };
+    struct Column {
+        int width = 960;  // twips
+        Alignment alignment = Alignment::Default;
+    };
+
+    bool inside(int row, int col) const;
+    Cell& cell(int row, int col);
+    const Cell& cell(int row, int col) const;
+    void tellCell(int row, int col);
+    void tellAll();
+    void reshape(int rows, int cols);
+
+    int m_rows = 0;
+    int m_cols = 0;
+    int m_fixedRows = 1;
+    int m_fixedCols = 1;
+    int m_row = 0;
+    int m_col = 0;
+    bool m_redraw = true;
+    bool m_untold = false;
+    std::vector<Cell> m_cells;
+    std::vector<Column> m_columns;
+};
+
+}  // namespace korvex

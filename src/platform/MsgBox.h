@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+namespace korvex {
+
+enum class MsgIcon { None, Stop, Question, Exclamation, Information };
+enum class MsgButtons { Ok, YesNo, AbortRetryIgnore, CancelTryAgainContinue };
+enum class MsgAnswer { Ok, Yes, No, Abort, Retry, Ignore, Cancel, TryAgain, Continue };
+
+struct MsgBoxRequest {
+    std::string text;   ///< UTF-8, CR LF or LF between lines
+    std::string title;  ///< UTF-8; empty: the application's title
+    MsgIcon icon = MsgIcon::None;
+    MsgButtons buttons = MsgButtons::Ok;
+};
+
+/// Shows a box and waits for its answer; the program's other events go on meanwhile.
+class MsgBox {
+public:
+    virtual ~MsgBox() = default;
+    virtual MsgAnswer show(const MsgBoxRequest& request) = 0;
+
+    void exclamation(const std::string& text, const std::string& title = {}) {
+        show({text, title, MsgIcon::Exclamation, MsgButtons::Ok});
+    }
+    void stop(const std::string& text, const std::string& title = {}) {
+        show({text, title, MsgIcon::Stop, MsgButtons::Ok});
+    }
+};
+
+}  // namespace korvex

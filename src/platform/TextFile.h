@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "base/RuntimeError.h"
+
+namespace korvex {
+
+/// Whole files, byte for byte (wire text). Paths are UTF-8. Failures carry FileNotFound, PathNotFound (a folder on the
+/// way is missing), PathFileAccess (no permission, a folder instead of a file), DiskFull or DeviceIo.
+namespace textfile {
+
+/// The largest file that is read; data files of the program have a few kB. A longer one is refused (PathFileAccess).
+inline constexpr std::size_t largestFile = std::size_t{64} * 1024 * 1024;
+
+Result<std::string> read(const std::string& path);
+
+/// Writes beside the file and renames, so that a crash or a full disk leaves the old file or the new one. Symbolic links
+/// are followed; permissions of an existing file are kept.
+Failure write(const std::string& path, std::string_view content);
+
+}  // namespace textfile
+
+}  // namespace korvex
