@@ -7,9 +7,9 @@
 
 namespace korvex {
 
-/// One character of the serial line or of a data file is one byte of Windows-1252. Text on that side is called wire text
-/// and kept in std::string, so that a position in it is a character position. What a person sees is UTF-8. These two
-/// functions are the only bridge.
+/// One character of the serial line or of a data file is one byte of Windows-1252. Text on that side is called wire
+/// text and kept in std::string, so that a position in it is a character position. What a person sees is UTF-8. These
+/// two functions are the only bridge.
 
 /// Every byte has a character: the five that Windows-1252 leaves open (81, 8D, 8F, 90, 9D hex) become the control
 /// characters of the same number, so that no byte is ever lost on the way there and back.

@@ -44,8 +44,8 @@ private:
     std::vector<Connection> m_all;
 };
 
-/// Calls its handlers in the order in which they were connected. A handler may end any connection (its own too), connect
-/// new handlers (called from the next emission on), emit again, and destroy the signal itself.
+/// Calls its handlers in the order in which they were connected. A handler may end any connection (its own too),
+/// connect new handlers (called from the next emission on), emit again, and destroy the signal itself.
 template <class... Args>
 class Signal {
 public:

@@ -68,10 +68,11 @@ std::optional<StopBits> stopBitsFrom(std::string_view field) {
 }
 
 RuntimeError refused(std::string_view text, std::string_view why) {
-    return {errors::InvalidPropertyValue,
-            "Invalid port settings \"" + std::string(text) + "\": " + std::string(why) +
-                " Expected are speed, parity (N, E, O, M, S), data bits (4 to 8) and stop bits (1, 1.5, 2), for example "
-                "4800,N,8,2."};
+    return {
+        errors::InvalidPropertyValue,
+        "Invalid port settings \"" + std::string(text) + "\": " + std::string(why) +
+            " Expected are speed, parity (N, E, O, M, S), data bits (4 to 8) and stop bits (1, 1.5, 2), for example "
+            "4800,N,8,2."};
 }
 
 }  // namespace

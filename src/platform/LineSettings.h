@@ -33,8 +33,8 @@ struct LineSettings {
 /// The speeds that the port settings dialog offers, in its order; a settings string with another speed is refused.
 const std::vector<int>& standardSpeeds();
 
-/// Reads "speed,parity letter,data bits,stop bits"; letters of either case, blanks around a field allowed. Refuses (380)
-/// what has another shape and a speed that is not a standard one. Says nothing about what a device can do.
+/// Reads "speed,parity letter,data bits,stop bits"; letters of either case, blanks around a field allowed. Refuses
+/// (380) what has another shape and a speed that is not a standard one. Says nothing about what a device can do.
 Result<LineSettings> parseLineSettings(std::string_view text);
 
 }  // namespace korvex

@@ -91,7 +91,9 @@ void MSComm::onLost(const RuntimeError& error) {
     lost.emit(told);
 }
 
-std::string MSComm::Input() { return m_open ? m_device->read() : std::string(); }
+std::string MSComm::Input() {
+    return m_open ? m_device->read() : std::string();
+}
 
 void MSComm::Output(std::string_view wire) {
     if (m_open && !wire.empty()) m_device->write(wire);

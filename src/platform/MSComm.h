@@ -14,8 +14,8 @@ namespace korvex {
 /// What OnComm tells of.
 enum class CommEvent { Receive = 2, CtsChanged = 3, DsrChanged = 4, CarrierChanged = 5 };
 
-/// The serial port control: a port number, its settings, and open or closed. What it cannot take is refused as it is set.
-/// All its text is wire text (one byte a character).
+/// The serial port control: a port number, its settings, and open or closed. What it cannot take is refused as it is
+/// set. All its text is wire text (one byte a character).
 class MSComm {
 public:
     explicit MSComm(SerialPorts& ports);

@@ -5,11 +5,17 @@
 
 namespace korvex {
 
-MSFlexGrid::MSFlexGrid(int rows, int cols) { reshape(rows, cols); }
+MSFlexGrid::MSFlexGrid(int rows, int cols) {
+    reshape(rows, cols);
+}
 
-void MSFlexGrid::setRows(int rows) { reshape(rows, m_cols); }
+void MSFlexGrid::setRows(int rows) {
+    reshape(rows, m_cols);
+}
 
-void MSFlexGrid::setCols(int cols) { reshape(m_rows, cols); }
+void MSFlexGrid::setCols(int cols) {
+    reshape(m_rows, cols);
+}
 
 void MSFlexGrid::reshape(int rows, int cols) {
     rows = std::max(rows, 0);
@@ -35,7 +41,9 @@ void MSFlexGrid::setFixed(int rows, int cols) {
     tellAll();
 }
 
-bool MSFlexGrid::inside(int row, int col) const { return row >= 0 && row < m_rows && col >= 0 && col < m_cols; }
+bool MSFlexGrid::inside(int row, int col) const {
+    return row >= 0 && row < m_rows && col >= 0 && col < m_cols;
+}
 
 MSFlexGrid::Cell& MSFlexGrid::cell(int row, int col) {
     return m_cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(m_cols) + static_cast<std::size_t>(col)];

@@ -13,8 +13,8 @@ namespace korvex {
 
 enum class ModemLine { Cts, Dsr, Carrier };
 
-/// One serial device, opened and closed as often as one likes. Every signal comes from the event loop, never from inside
-/// a call, and also while a dialog is open.
+/// One serial device, opened and closed as often as one likes. Every signal comes from the event loop, never from
+/// inside a call, and also while a dialog is open.
 class SerialDevice {
 public:
     virtual ~SerialDevice() = default;
@@ -37,9 +37,9 @@ public:
     virtual void setRts(bool raised) = 0;
     virtual void setDtr(bool raised) = 0;
 
-    Signal<> received;                  ///< something waits to be read
+    Signal<> received;  ///< something waits to be read
     Signal<ModemLine> lineChanged;
-    Signal<const RuntimeError&> lost;   ///< once, when an open device goes away; it is then closed
+    Signal<const RuntimeError&> lost;  ///< once, when an open device goes away; it is then closed
 };
 
 /// A port as the user sees it in a list.

@@ -1,15 +1,14 @@
 #include "platform/TextFile.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace korvex::textfile {
 
@@ -36,7 +35,8 @@ RuntimeError failure(const std::string& path, int systemError) {
         case ENOSPC:
         case EDQUOT: return {errors::DiskFull, "Disk full: " + path};
         default:
-            return {errors::DeviceIo, "Device I/O error: " + path + ": " + std::generic_category().message(systemError)};
+            return {errors::DeviceIo,
+                    "Device I/O error: " + path + ": " + std::generic_category().message(systemError)};
     }
 }
 

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <memory>
 #include <string>
 #include <vector>
@@ -67,8 +66,8 @@ TEST(CodePage, KeepsAll256BytesAndRefusesTheRest) {
     EXPECT_EQ(utf8Length("€ä°"), 3U);
     EXPECT_FALSE(wireFromUtf8("Ω"));
     EXPECT_EQ(firstInexpressible("ab€Ωc"), "Ω");
-    EXPECT_FALSE(wireFromUtf8("\xC3"));          // cut off
-    EXPECT_FALSE(wireFromUtf8("\xC0\x80"));      // overlong
+    EXPECT_FALSE(wireFromUtf8("\xC3"));              // cut off
+    EXPECT_FALSE(wireFromUtf8("\xC0\x80"));          // overlong
     EXPECT_FALSE(wireFromUtf8("\xF0\x9F\x93\xBB"));  // beyond the basic plane
 }
 

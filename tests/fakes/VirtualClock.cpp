@@ -51,11 +51,15 @@ private:
     std::int64_t m_next = 0;
 };
 
-VirtualClock::VirtualClock() : m_now(1'700'000), m_state(std::make_shared<State>()) { m_state->clock = this; }
+VirtualClock::VirtualClock() : m_now(1'700'000), m_state(std::make_shared<State>()) {
+    m_state->clock = this;
+}
 
 VirtualClock::~VirtualClock() = default;
 
-std::unique_ptr<Timer> VirtualClock::makeTimer() { return std::make_unique<VirtualTimer>(m_state); }
+std::unique_ptr<Timer> VirtualClock::makeTimer() {
+    return std::make_unique<VirtualTimer>(m_state);
+}
 
 bool VirtualClock::runNext(std::int64_t until) {
     auto& deadlines = m_state->deadlines;

@@ -11,7 +11,8 @@
 namespace korvex::fakes {
 
 /// A clock that stands still until a test moves it. It goes from deadline to deadline; what falls on the same
-/// millisecond runs in the order in which it was armed. It does not start at zero, so that nobody takes zero for "never".
+/// millisecond runs in the order in which it was armed. It does not start at zero, so that nobody takes zero for
+/// "never".
 class VirtualClock : public Clock {
 public:
     VirtualClock();

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "cat/ActiveOperation.h"
+#include "cat/TrafficDisplay.h"
+
+namespace korvex {
+
+/// What an answer step says about the characters that came in the same read behind its answer.
+enum class Rest { GoOn, Discard };
+
+/// Cuts what the radio sends into answers at each ";" and hands them to the operation that owns them. It knows no
+/// consumer: each registers the step for its own code.
+class AnswerRouter {
+public:
+    using AnswerStep = std::function<Rest()>;
+    using BatchStep = std::function<void()>;
+
+    explicit AnswerRouter(TrafficDisplay& received) : m_received(received) {}
+
+    ActiveOperation active() const { return m_active; }
+    void setActive(ActiveOperation operation) { m_active = operation; }
+
+    /// Runs after each ";" while `code` owns the answers; the accumulator holds the answer. The step clears it.
+    void onAnswer(ActiveOperation code, AnswerStep step) { m_answerSteps[code] = std::move(step); }
+    /// Runs after everything that came in one read was walked through.
+    void onBatch(ActiveOperation code, BatchStep step) { m_batchSteps[code] = std::move(step); }
+
+    /// Everything since it was last cleared, an answer with its ";" last. Bounded: of an endless stream that nobody
+    /// clears, the last `keptCharacters` at least stay.
+    const std::string& accumulator() const { return m_accumulator; }
+    void clearAccumulator() { m_accumulator.clear(); }
+    std::string takeAnswer() { return std::exchange(m_accumulator, {}); }
+
+    /// One read of the port.
+    void take(std::string_view wire);
+
+    static constexpr std::size_t keptCharacters = 65'536;  // the longest answer of the radio has 54
+
+private:
+    Rest runAnswerStep(ActiveOperation code);
+    void accumulate(std::string_view wire);
+
+    TrafficDisplay& m_received;
+    ActiveOperation m_active = ActiveOperation::Idle;
+    std::string m_accumulator;
+    std::map<ActiveOperation, AnswerStep> m_answerSteps;
+    std::map<ActiveOperation, BatchStep> m_batchSteps;
+};
+
+}  // namespace korvex

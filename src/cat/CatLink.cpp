@@ -1,0 +1,124 @@
+#include "cat/CatLink.h"
+
+namespace korvex {
+
+namespace {
+
+std::string messageFor(CommEvent event) {
+    switch (event) {
+        case CommEvent::Receive: return "Receive Data";
+        case CommEvent::CtsChanged: return "CTS geändert";
+        case CommEvent::DsrChanged: return "DSR geändert";
+        case CommEvent::CarrierChanged: break;
+    }
+    return "CD geändert";
+}
+
+}  // namespace
+
+CatLink::CatLink(MSComm& port, Clock& clock, MsgBox& msgBox, ProgressWindow& progress)
+    : m_port(port),
+      m_clock(clock),
+      m_msgBox(msgBox),
+      m_progress(progress),
+      m_router(m_received),
+      m_commTest(port, m_received, clock),
+      m_connectClock(m_panels.ConnectTime, clock),
+      m_timer2(clock.makeTimer()) {
+    m_timer2->setInterval(2000);
+    m_connections += m_timer2->tick.connect([this] { Timer2_Timer(); });
+    m_connections += m_port.OnComm.connect([this](CommEvent event) { onComm(event); });
+    m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
+}
+
+void CatLink::togglePort() {
+    const Failure failure = m_port.setPortOpen(!m_port.PortOpen());
+    if (failure) m_msgBox.exclamation(failure->text);
+    showPortState();
+}
+
+void CatLink::closePort() {
+    if (m_port.PortOpen()) togglePort();
+}
+
+void CatLink::send(std::string_view wire) {
+    m_port.Output(wire);
+}
+
+void CatLink::showPortState() {
+    const bool open = m_port.PortOpen();
+    m_indicators.bandStack = open ? "RS232 open" : "RS232 closed";
+    m_indicators.menuManager = open ? "RS232 open " : "RS232 closed";
+    m_indicators.clickLabel = open ? "click to close" : "click to open";
+    m_indicators.open = open;
+    if (open) {
+        showOpened();
+    } else {
+        showClosed();
+    }
+}
+
+void CatLink::showOpened() {
+    clearTraffic();
+    m_panels.Settings = "Settings: Port " + std::to_string(m_port.CommPort()) + ", " + m_port.Settings() + " ";
+    if (m_indicators.memoryEditorVisible) m_indicators.memoryEditor = " RS232 open ";
+    m_connectClock.start();
+    m_commTest.start();
+    opened.emit();
+}
+
+void CatLink::showClosed() {
+    m_indicators.memoryEditor = "RS232 closed";
+    m_panels.Settings = "Settings: ";
+    m_connectClock.stop();
+    m_progress.hide();
+    closed.emit();
+    m_sent.clear();
+    m_port.clearInBuffer();
+    m_port.clearOutBuffer();
+    m_panels.Error = "";
+}
+
+void CatLink::clearTraffic() {
+    m_received.clear();
+    m_sent.clear();
+    m_router.clearAccumulator();
+}
+
+void CatLink::onComm(CommEvent event) {
+    if (!m_port.PortOpen()) return;
+    m_panels.Status = "Status: " + messageFor(event);
+    m_timer2->setEnabled(true);
+    m_router.take(m_port.Input());
+}
+
+void CatLink::onLost(const RuntimeError& error) {
+    const std::string text = error.text;
+    showPortState();
+    m_msgBox.exclamation(text);
+}
+
+void CatLink::Timer2_Timer() {
+    m_panels.Status = "Status: ";
+    m_timer2->setEnabled(false);
+}
+
+bool CatLink::drainAndClose() {
+    constexpr int stepMs = 20;
+    constexpr std::int64_t patienceMs = 10'000;
+    std::int64_t waitingSince = m_clock.now();
+    while (m_port.PortOpen() && m_port.OutBufferCount() > 0) {
+        m_clock.letEventsRun(stepMs);
+        if (m_clock.now() - waitingSince < patienceMs || m_port.OutBufferCount() == 0) continue;
+        const auto answer =
+            m_msgBox.show({"Daten können nicht gesendet werden", "", MsgIcon::Question, MsgButtons::AbortRetryIgnore});
+        if (answer == MsgAnswer::Abort) return false;
+        if (answer == MsgAnswer::Ignore) break;
+        waitingSince = m_clock.now();
+    }
+    // Closing drops what the user chose to ignore.
+    closePort();
+    return true;
+}
+
+}  // namespace korvex

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "cat/ActiveOperation.h"
+#include "cat/AnswerRouter.h"
+#include "cat/CommTest.h"
+#include "cat/ConnectClock.h"
+#include "cat/PortIndicators.h"
+#include "cat/StatusPanels.h"
+#include "cat/TrafficDisplay.h"
+#include "platform/Clock.h"
+#include "platform/MSComm.h"
+#include "platform/MsgBox.h"
+#include "platform/ProgressWindow.h"
+
+namespace korvex {
+
+/// The one serial session with the radio. Everything that is sent goes out as the caller built it; everything that
+/// comes is cut at ";" and handed to the operation that is active.
+class CatLink {
+public:
+    CatLink(MSComm& port, Clock& clock, MsgBox& msgBox, ProgressWindow& progress);
+
+    // --- the line
+    MSComm& port() { return m_port; }
+    bool PortOpen() const { return m_port.PortOpen(); }
+    /// Opens the closed port or closes the open one, then brings every indicator into line. A port that refuses is told
+    /// in a box; the indicators then show what is.
+    void togglePort();
+    /// Closes without a question if it is open.
+    void closePort();
+    /// Sends the complete wire text as it is; nothing happens while the port is closed.
+    void send(std::string_view wire);
+
+    // --- the operation that owns the answers
+    ActiveOperation activeOperation() const { return m_router.active(); }
+    void setActiveOperation(ActiveOperation operation) { m_router.setActive(operation); }
+    /// Where consumers register their answer steps and find the accumulator.
+    AnswerRouter& answers() { return m_router; }
+
+    // --- what windows show
+    TrafficDisplay& received() { return m_received; }  ///< `Term2`
+    TrafficDisplay& sent() { return m_sent; }          ///< `term3`
+    StatusPanels& panels() { return m_panels; }
+    PortIndicators& indicators() { return m_indicators; }
+    ProgressWindow& progress() { return m_progress; }
+    /// Empties both displays and the accumulator.
+    void clearTraffic();
+
+    /// The port has just closed, by whatever cause: sequencers stop. An operation in progress is over, and its code is
+    /// left as it is.
+    Signal<> closed;
+    /// The port has just been opened.
+    Signal<> opened;
+
+    /// Before the program ends: waits, letting other events run, until all output has left, then closes the port. After
+    /// each 10 s without an end the user is asked; false when the user aborts, and the port then stays open.
+    bool drainAndClose();
+
+private:
+    void onComm(CommEvent event);
+    void onLost(const RuntimeError& error);
+    void Timer2_Timer();
+    void showPortState();
+    void showOpened();
+    void showClosed();
+
+    MSComm& m_port;
+    Clock& m_clock;
+    MsgBox& m_msgBox;
+    ProgressWindow& m_progress;
+    TrafficDisplay m_received;
+    TrafficDisplay m_sent;
+    StatusPanels m_panels;
+    PortIndicators m_indicators;
+    AnswerRouter m_router;
+    CommTest m_commTest;
+    ConnectClock m_connectClock;
+    std::unique_ptr<Timer> m_timer2;
+    Connections m_connections;
+};
+
+}  // namespace korvex
