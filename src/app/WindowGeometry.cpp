@@ -1,0 +1,76 @@
+#include "app/WindowGeometry.h"
+
+#include <algorithm>
+#include <string>
+
+#include "base/NumberText.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int largest = 32'000 * twipsPerPixel;  // what window systems can address
+constexpr int titleBar = 450;                    // height of what the user grasps a window by
+constexpr int graspable = 900;                   // how much of its width must be in sight
+
+std::string stored(const SettingsStore& store, std::string_view prefix, std::string_view what) {
+    return store.get(applicationName, settingsSection, std::string(prefix).append(what), "");
+}
+
+int numberOr(const std::string& text, int smallest, int fallback) {
+    const auto number = parseWhole(text);
+    return number && *number >= smallest && *number <= largest ? *number : fallback;
+}
+
+bool canBeGrasped(const WindowPlace& place, const WindowPlace& screen) {
+    const int overlap =
+        std::min(place.left + place.width, screen.left + screen.width) - std::max(place.left, screen.left);
+    return overlap >= std::min(graspable, place.width) && place.top >= screen.top &&
+           place.top + titleBar <= screen.top + screen.height;
+}
+
+void fitInto(int& start, int& length, int screenStart, int screenLength) {
+    if (length <= screenLength) return;
+    start = screenStart;
+    length = screenLength;
+}
+
+}  // namespace
+
+WindowPlace WindowGeometry::load(const SettingsStore& store) const {
+    const std::string left = stored(store, prefix, "Left");
+    const std::string top = stored(store, prefix, "Top");
+    if (left.starts_with('-') || top.starts_with('-')) return afterMinus;
+    WindowPlace place = atFirst;
+    place.left = numberOr(left, 0, atFirst.left);
+    place.top = numberOr(top, 0, atFirst.top);
+    if (keepsWidth) place.width = numberOr(stored(store, prefix, "Width"), 1, atFirst.width);
+    if (keepsHeight) place.height = numberOr(stored(store, prefix, "Height"), 1, atFirst.height);
+    return place;
+}
+
+void WindowGeometry::save(SettingsStore& store, const WindowPlace& place) const {
+    const auto put = [&](std::string_view what, int value) {
+        store.save(applicationName, settingsSection, std::string(prefix).append(what), std::to_string(value));
+    };
+    put("Left", place.left);
+    put("Top", place.top);
+    if (keepsWidth) put("Width", place.width);
+    if (keepsHeight) put("Height", place.height);
+}
+
+WindowPlace broughtIntoSight(WindowPlace place, const std::vector<WindowPlace>& screens) {
+    if (screens.empty()) return place;
+    auto screen =
+        std::find_if(screens.begin(), screens.end(), [&](const WindowPlace& s) { return canBeGrasped(place, s); });
+    const bool inSight = screen != screens.end();
+    if (!inSight) screen = screens.begin();
+    fitInto(place.left, place.width, screen->left, screen->width);
+    fitInto(place.top, place.height, screen->top, screen->height - titleBar);
+    if (inSight) return place;
+    place.left = std::clamp(place.left, screen->left, screen->left + screen->width - place.width);
+    place.top = std::clamp(place.top, screen->top, screen->top + screen->height - titleBar - place.height);
+    return place;
+}
+
+}  // namespace korvex

@@ -1,0 +1,71 @@
+#include "app/ui/ToolWindow.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace korvex {
+
+namespace {
+
+std::vector<WindowPlace> screensInTwips() {
+    std::vector<WindowPlace> screens;
+    const auto add = [&](const QScreen* screen) {
+        const QRect area = screen->availableGeometry();
+        screens.push_back({twipsFromPixels(area.left()), twipsFromPixels(area.top()), twipsFromPixels(area.width()),
+                           twipsFromPixels(area.height())});
+    };
+    const QScreen* primary = QGuiApplication::primaryScreen();
+    if (primary) add(primary);
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (screen != primary) add(screen);
+    }
+    return screens;
+}
+
+}  // namespace
+
+ToolWindow::ToolWindow(const WindowGeometry& geometry, SettingsStore& settings)
+    : m_geometry(geometry), m_settings(settings) {}
+
+void ToolWindow::loadPlace() {
+    m_loaded = broughtIntoSight(m_geometry.load(m_settings), screensInTwips());
+    move(pixels(m_loaded.left), pixels(m_loaded.top));
+    resize(pixels(m_loaded.width), pixels(m_loaded.height));
+}
+
+void ToolWindow::storePlace() {
+    if (!isMinimized()) m_geometry.save(m_settings, presentPlace());
+}
+
+void ToolWindow::showRestored() {
+    setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+    show();
+    raise();
+    activateWindow();
+}
+
+WindowPlace ToolWindow::presentPlace() const {
+    // move() and pos() speak of the frame, resize() and size() of what is inside it: so a window does not wander.
+    QPoint position = pos();
+    QSize inside = size();
+    if (isMaximized() || isFullScreen()) {
+        position = normalGeometry().topLeft() - (geometry().topLeft() - frameGeometry().topLeft());
+        inside = normalGeometry().size();
+    }
+    // What was not touched keeps its twips: not every figure is a whole number of pixels.
+    const auto kept = [](int now, int loaded) { return now == pixels(loaded) ? loaded : twips(now); };
+    return {kept(position.x(), m_loaded.left), kept(position.y(), m_loaded.top), kept(inside.width(), m_loaded.width),
+            kept(inside.height(), m_loaded.height)};
+}
+
+bool ToolWindow::closeBox() {
+    storePlace();
+    return true;
+}
+
+void ToolWindow::closeEvent(QCloseEvent* event) {
+    event->setAccepted(closeBox());
+}
+
+}  // namespace korvex

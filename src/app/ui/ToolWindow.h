@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "app/WindowGeometry.h"
+
+class QCloseEvent;
+
+namespace korvex {
+
+/// What every window of the program has in common: it opens where it was left, and stores its place when it goes.
+class ToolWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    ToolWindow(const WindowGeometry& geometry, SettingsStore& settings);
+
+    /// Writes the place to the store; not while the window is minimized.
+    void storePlace();
+
+    /// Makes the window visible at its normal size, in front of the others.
+    void showRestored();
+
+    static int pixels(int twips) { return pixelsFromTwips(twips); }
+    static int twips(int pixels) { return twipsFromPixels(pixels); }
+
+protected:
+    /// Moves and sizes the window as it was left. Call it when the window is built, before it is shown.
+    void loadPlace();
+
+    /// The close box. Returning false keeps the window as it is; unless overridden the place is stored and the window
+    /// goes out of sight.
+    virtual bool closeBox();
+
+    void closeEvent(QCloseEvent* event) final;
+
+private:
+    WindowPlace presentPlace() const;
+
+    WindowGeometry m_geometry;
+    SettingsStore& m_settings;
+    WindowPlace m_loaded;
+};
+
+}  // namespace korvex
