@@ -1,0 +1,78 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/Property.h"
+#include "base/RuntimeError.h"
+#include "cat/PhaseFlag.h"
+#include "eq/EqItems.h"
+#include "platform/Clock.h"
+#include "platform/MSComm.h"
+
+namespace korvex {
+
+/// Holds the nine equalizer values, reads them from the radio and sends every change at once, over a port of its own.
+///
+/// A reading queries one item every 400 ms; its answers set the values. 0.5 to 1 s after the last query it ends, and
+/// from then on answers (the radio's echo of what the user changes) are consumed without effect, so that a late echo
+/// never pulls a slider back while it is dragged.
+class EqExchange {
+public:
+    enum class Phase { Reading, Live };
+
+    EqExchange(MSComm& port, Clock& clock);
+
+    std::array<Property<int>, eqItemCount> value;
+    std::array<Property<std::string>, eqItemCount> display;  ///< what stands beside each slider
+    Property<std::string> statusText;
+
+    /// Told before this port opens, whoever asks for it: another port on the same device must be closed now.
+    Signal<> beforeOpen;
+    Failure openPort();
+
+    /// The value of an item became `newValue`: updates its texts and, with the port open, sends it and its query in one
+    /// write. A value outside the item's range is ignored.
+    void applyValue(std::size_t item, int newValue);
+
+    void startReading();
+    void onReceive(std::string_view wire);
+    void clearReceived() { m_receiveBuffer.clear(); }
+
+    /// Turns the speech processor on or off and reads the set that goes with it. The port is reopened on the way and is
+    /// open afterwards, whatever it was; when it cannot be opened nothing is sent and nothing is read.
+    Failure switchProcessor(bool on);
+
+    Phase phase() const { return m_phase; }
+    std::size_t lastChanged() const { return m_lastChanged; }
+    /// The complete set command of an item.
+    const std::string& command(std::size_t item) const { return m_command[item]; }
+
+private:
+    void readTick();
+    void finishTick();
+    void composeCommands();
+    std::string itemMenu(std::size_t item) const;
+    void take(char c);
+    void takeAnswer(std::size_t item);
+    void dropLiveAnswer();
+
+    MSComm& m_port;
+    std::unique_ptr<Timer> m_readTimer;
+    std::unique_ptr<Timer> m_finishTimer;
+    std::array<std::string, eqItemCount> m_command;
+    std::string m_midCode;   // empty until the middle centre is first applied
+    std::string m_highCode;  // empty until the high centre is first applied
+    int m_processorOffset = 0;
+    Phase m_phase = Phase::Reading;
+    std::size_t m_readIndex = 0;
+    std::size_t m_lastChanged = 0;
+    std::string m_receiveBuffer;
+    PhaseFlag m_readToggle;
+    PhaseFlag m_finishToggle;
+    Connections m_connections;
+};
+
+}  // namespace korvex

@@ -1,0 +1,91 @@
+#include "eq/EqWindow.h"
+
+#include "cat/PortConfiguration.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int closingInterval = 250;
+
+}  // namespace
+
+EqWindow::EqWindow(SerialPorts& ports, Clock& clock, MsgBox& msgBox)
+    : m_msgBox(msgBox), m_port(ports), m_exchange(m_port, clock), m_timer3(clock.makeTimer()) {
+    m_timer3->setInterval(closingInterval);
+    m_connections += m_timer3->tick.connect([this] { Timer3_Timer(); });
+    m_connections += m_port.OnComm.connect([this](CommEvent event) {
+        if (event == CommEvent::Receive) m_exchange.onReceive(m_port.Input());
+    });
+    m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
+}
+
+void EqWindow::Form_Load(const SettingsStore& settings) {
+    if (auto failure = applyStoredPort(settings, m_port)) m_msgBox.exclamation(failure->text);
+}
+
+void EqWindow::toggleEqPort() {
+    const auto failure = m_port.PortOpen() ? m_port.setPortOpen(false) : m_exchange.openPort();
+    if (failure) m_msgBox.exclamation(failure->text);
+    showPortState();
+}
+
+void EqWindow::closePort() {
+    if (!m_port.PortOpen()) return;
+    m_port.setPortOpen(false);
+    showPortState();
+}
+
+void EqWindow::showPortState() {
+    const bool open = m_port.PortOpen();
+    m_exchange.statusText = "";
+    connected = open;
+    if (open) {
+        m_exchange.clearReceived();
+        settingsPanel = "Settings: Port " + std::to_string(m_port.CommPort()) + ", " + m_port.Settings();
+        m_exchange.startReading();
+    } else {
+        settingsPanel = "Settings: ";
+        errorPanel = "";
+    }
+    Label5 = open ? "click to close" : "click to open";
+}
+
+void EqWindow::onLost(const RuntimeError& error) {
+    showPortState();
+    m_msgBox.exclamation(error.text);
+}
+
+void EqWindow::Command1_Click(int index) {
+    processorOn = index == 0;
+    if (auto failure = m_exchange.switchProcessor(processorOn)) {
+        m_msgBox.exclamation(failure->text);
+        showPortState();
+    }
+}
+
+void EqWindow::closeBox() {
+    closePort();
+    storePlace.emit();
+    showTerminal.emit();
+    hide.emit();
+}
+
+void EqWindow::mnu_EXit_Click() {
+    closePort();
+    storePlace.emit();
+    m_timer3->setEnabled(true);
+}
+
+void EqWindow::Timer3_Timer() {
+    if (m_timer3Toggle.isSet()) {
+        closePort();  // it may have been opened again meanwhile
+        showTerminal.emit();
+        hide.emit();
+        m_timer3->setEnabled(false);
+        buttonBackToNormal.emit();
+    }
+    m_timer3Toggle.invert();
+}
+
+}  // namespace korvex
