@@ -21,7 +21,7 @@ void ConnectClock::stop() {
 }
 
 void ConnectClock::Timer1_Timer() {
-    constexpr std::int64_t secondsOfDay = 24 * 60 * 60;
+    constexpr std::int64_t secondsOfDay = std::int64_t{24} * 60 * 60;
     // A span is shown as a time of day, so that it starts again after 24 hours.
     const auto seconds = static_cast<int>((m_clock.now() - m_connectStart) / 1000 % secondsOfDay);
     m_panel = zeroPadded(seconds / 3600, 2) + ":" + zeroPadded(seconds / 60 % 60, 2) + ":" +

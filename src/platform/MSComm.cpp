@@ -86,7 +86,8 @@ void MSComm::closeDevice() {
 }
 
 void MSComm::onLost(const RuntimeError& error) {
-    const RuntimeError told = error;
+    // Closing may destroy what holds the error.
+    const RuntimeError told = error;  // NOLINT(performance-unnecessary-copy-initialization)
     closeDevice();
     lost.emit(told);
 }

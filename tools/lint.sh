@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# clang-tidy over every source of ours that BUILD compiles. A source that passed is not looked at again until it, one of
+# our headers below it, its compile command or .clang-tidy changes: its stamp is a hash of all of these.
+#
+# usage: tools/lint.sh BUILD    a built build folder (the header lists come from ninja's own records)
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+build=$1
+stamps=$build/lint
+mkdir -p "$stamps"
+
+# "SOURCE HEADER HEADER ..." for every source of ours, paths from the repository on
+dependencies() {
+    ninja -C "$build" -t deps | awk -v root="$PWD/" '
+        function tell() { if (line != "" && line ~ /^(src|tests)\//) print line; line = "" }
+        /^[^ ]/ { tell(); next }
+        NF == 0 { next }
+        {
+            path = $1
+            sub("^" root, "", path)
+            while (sub("^[.][.]/", "", path)) { }
+            if (path ~ /^(src|tests)\//) line = line (line == "" ? "" : " ") path
+            else if (line == "") line = "-"
+        }
+        END { tell() }' | sort -u
+}
+
+stamp_of() { # SOURCE HEADER...: the hash of all that the verdict depends on
+    {
+        cat .clang-tidy "$@"
+        grep -F "/$1\"" "$build/compile_commands.json"
+    } | sha256sum | cut -d' ' -f1
+}
+
+lint() { # STAMP SOURCE
+    local said
+    # gcc's own warning names mean nothing to clang, and are no fault of the source
+    if said=$(clang-tidy --quiet -p "$build" --extra-arg=-Wno-unknown-warning-option "$2" 2>/dev/null); then
+        touch "$stamps/$1"
+    else
+        printf '%s\n%s\n' "$2" "$said"
+        return 1
+    fi
+}
+export -f lint
+export build stamps
+
+total=0
+todo=()
+while read -r source headers; do
+    total=$((total + 1))
+    # shellcheck disable=SC2086 # a list of words
+    stamp=$(stamp_of "$source" $headers)
+    [ -f "$stamps/$stamp" ] || todo+=("$stamp $source")
+done < <(dependencies)
+
+echo "lint: ${#todo[@]} of $total sources to look at"
+[ ${#todo[@]} = 0 ] || printf '%s\n' "${todo[@]}" | xargs -P "$(nproc)" -L 1 bash -c 'lint "$@"' lint
