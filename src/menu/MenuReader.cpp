@@ -1,0 +1,141 @@
+#include "menu/MenuReader.h"
+
+#include "base/Lines.h"
+#include "menu/MenuFile.h"
+#include "platform/TextFile.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int allSent = menuItemCount + 1;
+
+}  // namespace
+
+MenuReader::MenuReader(Terminal& terminal, Clock& clock, MenuCommandTable& table)
+    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_timer4(clock.makeTimer()) {
+    m_timer4->setInterval(50);
+    m_connections += m_timer4->tick.connect([this] { Timer4_Timer(); });
+    m_connections += m_link.closed.connect([this] { onPortClosed(); });
+    for (const auto code : {ActiveOperation::MenuReadToFile, ActiveOperation::MenuReadToManager}) {
+        m_link.answers().onAnswer(code, [this, code] { return takeAnswer(code); });
+    }
+}
+
+void MenuReader::mnu_Store_Click() {
+    m_link.setActiveOperation(ActiveOperation::MenuReadToFile);
+    m_link.panels().Error = "";
+    if (!m_link.PortOpen()) return;
+    m_link.progress().caption = "Save Menu of FT-2000";
+    m_link.progress().value = 0;
+    resetMenuReadCounters();
+    begin();
+}
+
+void MenuReader::startForManager() {
+    m_link.progress().caption = "Read Menu Settings of FT-2000";
+    m_link.progress().value = 1;
+    begin();
+}
+
+void MenuReader::resetMenuReadCounters() {
+    m_sendIndex = 1;
+    m_answerIndex = 1;
+    m_table.clearAnswers();
+}
+
+void MenuReader::begin() {
+    m_timer4->setEnabled(true);
+    m_link.panels().Error = "Reading Menu";
+    m_link.progress().maximum = 155;
+    m_link.progress().show();
+    m_link.clearTraffic();
+    Timer4_Timer();
+}
+
+void MenuReader::Timer4_Timer() {
+    if (m_phase.isSet() && m_link.PortOpen()) {
+        if (m_sendIndex == allSent) {
+            fail();
+        } else {
+            sendNext();
+        }
+    }
+    m_phase.invert();
+}
+
+void MenuReader::sendNext() {
+    const std::string command = menuReadCommand(m_sendIndex);
+    m_link.send(command);
+    m_link.sent().append(command);
+    m_link.sent().append(crLf);
+    m_link.progress().value = m_sendIndex;
+    m_link.panels().Error = "Reading Menu " + std::to_string(m_sendIndex);
+    ++m_sendIndex;
+}
+
+void MenuReader::fail() {
+    stop();
+    m_link.panels().Error = "Communication faild ";
+    ended.emit(TransferEnd::NoAnswer);
+}
+
+void MenuReader::stop() {
+    m_timer4->setEnabled(false);
+    m_link.progress().hide();
+}
+
+Rest MenuReader::takeAnswer(ActiveOperation code) {
+    if (!m_timer4->Enabled()) return Rest::GoOn;
+    const std::string answer = m_link.answers().takeAnswer();
+    m_table.setAnswer(m_answerIndex, answer);
+    if (code == ActiveOperation::MenuReadToManager && placeAnswer && answer.size() > 5) {
+        placeAnswer(answer.substr(2, 3), answer.substr(5, answer.size() - 6));
+    }
+    ++m_answerIndex;
+    if (m_sendIndex != allSent) return Rest::GoOn;
+    stop();
+    if (code == ActiveOperation::MenuReadToFile) {
+        saveMenuFile();
+    } else {
+        finishForManager();
+    }
+    return Rest::Discard;
+}
+
+void MenuReader::saveMenuFile() {
+    m_link.setActiveOperation(ActiveOperation::Idle);
+    const auto file = m_terminal.askForFile(
+        {FileDialogRequest::Mode::Save, "Save FT-2000 Menu", "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", "txt"});
+    if (!file) {
+        ended.emit(TransferEnd::Cancelled);
+        return;
+    }
+    if (const auto failure = textfile::write(*file, menuFileText(m_table))) {
+        m_terminal.tellFileError(*failure, {.pathNotFound = "Path wrong "});
+        ended.emit(TransferEnd::FileFailed);
+        return;
+    }
+    m_link.received().clear();
+    if (const int inPlace = answersInPlace(m_table); inPlace != menuItemCount) {
+        // The file is what the radio said, but the owner must know that it is not the whole menu.
+        m_link.received().set(" Attention: only " + std::to_string(inPlace) + " of " + std::to_string(menuItemCount) +
+                              " menu items were answered \r\n in time and in order. Please read the menu again. \r\n");
+    }
+    m_link.panels().Error = "Terminated";
+    ended.emit(TransferEnd::Done);
+}
+
+void MenuReader::finishForManager() {
+    m_link.closePort();
+    if (readComplete) readComplete();
+    ended.emit(TransferEnd::Done);
+}
+
+void MenuReader::onPortClosed() {
+    if (!m_timer4->Enabled()) return;
+    m_timer4->setEnabled(false);
+    ended.emit(TransferEnd::PortClosed);
+}
+
+}  // namespace korvex

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "cat/PhaseFlag.h"
+#include "menu/MenuCommandTable.h"
+#include "platform/Clock.h"
+#include "terminal/Terminal.h"
+#include "terminal/TransferEnd.h"
+
+namespace korvex {
+
+/// Reads all menu items of the radio: one read command every 100 ms, whether or not the answer to the one before has
+/// come; answers are counted as they arrive. The read is complete with the first answer after the last command has gone
+/// out, and has failed if none comes within the next 100 ms.
+///
+///     sends    EX001;  EX002;  ...  EX149;  (100 ms)  -> "Communication faild "
+///     answers     EX0011; EX00205; ...   EX1490;      -> complete
+///
+/// Into a file: the save dialog comes at the end. Into the Menu Manager: each answer is handed over as it arrives.
+class MenuReader {
+public:
+    MenuReader(Terminal& terminal, Clock& clock, MenuCommandTable& table);
+
+    /// "Save Menu of  FT-2000".
+    void mnu_Store_Click();
+    /// Asks for a file name and writes the answers of the last read.
+    void saveMenuFile();
+
+    /// The Menu Manager's read: counters first, then the start.
+    void resetMenuReadCounters();
+    void startForManager();
+
+    /// The Menu Manager's share of its read. `placeAnswer` gets the item number ("001") and the value (wire text);
+    /// `readComplete` is called with the timer stopped and the port closed.
+    std::function<void(const std::string& item, const std::string& value)> placeAnswer;
+    std::function<void()> readComplete;
+
+    bool running() const { return m_timer4->Enabled(); }
+    Signal<TransferEnd> ended;
+
+private:
+    void begin();
+    void Timer4_Timer();
+    void sendNext();
+    void fail();
+    void stop();
+    Rest takeAnswer(ActiveOperation code);
+    void finishForManager();
+    void onPortClosed();
+
+    Terminal& m_terminal;
+    CatLink& m_link;
+    MenuCommandTable& m_table;
+    std::unique_ptr<Timer> m_timer4;
+    PhaseFlag m_phase;
+    int m_sendIndex = 1;    // next item to read; 150 when all commands are out
+    int m_answerIndex = 1;  // row of the next answer
+    Connections m_connections;
+};
+
+}  // namespace korvex

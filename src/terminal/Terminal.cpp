@@ -1,0 +1,155 @@
+#include "terminal/Terminal.h"
+
+#include <utility>
+
+#include "base/CodePage.h"
+#include "base/Lines.h"
+#include "cat/PortConfiguration.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr std::string_view savePathKey = "SavePath";
+
+constexpr std::string_view setUpNote =
+    "\r\n- Select the Serial Port you are using for the"
+    "\r\n  communication with the FT-2000"
+    "\r\n- Select the speed equal to the settings in menu 28"
+    "\r\n  of the FT-2000."
+    "\r\n- Set menu 29 to (10) "
+    "\r\n- Set RTS in menu 30 of FT-2000 to (OFF)."
+    "\r\n  If RST is (ON), the Communication will be blocked.";
+
+}  // namespace
+
+Terminal::Terminal(TerminalNeeds needs) : m_needs(std::move(needs)), m_timer10(m_needs.clock.makeTimer()) {
+    m_timer10->setInterval(200);
+    m_connections += m_timer10->tick.connect([this] { Timer10_Timer(); });
+}
+
+void Terminal::Form_Load() {
+    if (std::exchange(m_loaded, true)) return;
+    m_needs.link.clearTraffic();
+    txtPath = m_needs.settings.get(applicationName, settingsSection, savePathKey, m_needs.programFolder + "/files");
+    if (const auto failure = applyStoredPort(m_needs.settings, m_needs.link.port())) {
+        m_needs.msgBox.exclamation(failure->text);
+        return;
+    }
+    echo = storedEcho(m_needs.settings);
+    m_needs.link.received().set(setUpNote);
+    m_needs.link.setActiveOperation(ActiveOperation::Idle);
+}
+
+bool Terminal::Form_Unload() {
+    if (!m_needs.link.drainAndClose()) return false;
+    m_needs.windows.bandStack.hide();
+    if (m_loaded) m_needs.settings.save(applicationName, settingsSection, savePathKey, txtPath.get());
+    return true;
+}
+
+void Terminal::refuse(std::string_view character) {
+    m_needs.link.panels().Error = "\"" + std::string(character) + "\" is not in the radio's character set";
+}
+
+void Terminal::term3_KeyPress(std::string_view character) {
+    const bool enter = character == "\r";
+    const auto wire = wireFromUtf8(character);
+    if (!wire) {
+        refuse(character);
+        return;
+    }
+    m_needs.link.sent().append(enter ? crLf : *wire);
+    if (enter && m_needs.link.PortOpen()) {
+        m_needs.link.send(Label1.get());
+        Label1 = "";
+        return;
+    }
+    Label1 = Label1.get() + *wire;
+}
+
+void Terminal::term3_Backspace() {
+    if (Label1.get().empty() || Label1.get().back() == '\r') return;
+    Label1 = Label1.get().substr(0, Label1.get().size() - 1);
+    m_needs.link.sent().dropLast();
+}
+
+void Terminal::term3_Paste(std::string_view utf8) {
+    std::string text;
+    for (const char c : utf8) {
+        if (c != '\r' && c != '\n') text += c;
+    }
+    if (const auto character = firstInexpressible(text)) {
+        refuse(*character);
+        return;
+    }
+    const std::string wire = *wireFromUtf8(text);
+    m_needs.link.sent().append(wire);
+    Label1 = Label1.get() + wire;
+}
+
+void Terminal::cmd3_Click() {
+    m_needs.link.panels().Error = "";
+    m_needs.link.clearTraffic();
+}
+
+std::optional<std::string> Terminal::askForFile(FileDialogRequest request) {
+    request.start = txtPath;
+    auto file = m_needs.fileDialog.show(request);
+    if (file) txtPath = *file;
+    return file;
+}
+
+void Terminal::tellFileError(const RuntimeError& error, const FileErrorTitles& titles) {
+    std::string_view title;
+    switch (error.number) {
+        case errors::FileNotFound: title = titles.fileNotFound; break;
+        case errors::PathFileAccess: title = titles.pathFileAccess; break;
+        case errors::PathNotFound: title = titles.pathNotFound; break;
+        default: break;  // a full disk or a broken device: the text says it all under the program's own title
+    }
+    m_needs.msgBox.stop(error.text, std::string(title));
+}
+
+void Terminal::mnu_print_Click() {
+    const auto file = askForFile(
+        {FileDialogRequest::Mode::Open, "Open File of FT-2000", "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", ""});
+    if (!file) return;
+    if (const auto failure = m_needs.shell.openTextEditor(*file)) tellFileError(*failure);
+}
+
+void Terminal::mnu_bandStack_Click() {
+    m_needs.windows.bandStack.show();
+    m_needs.link.indicators().bandStack = m_needs.link.PortOpen() ? "RS232 open" : "RS232 closed";
+}
+
+void Terminal::mnu_description_Click() {
+    m_needs.windows.menuManager.show();
+    m_needs.link.indicators().menuManager = m_needs.link.PortOpen() ? "RS232 open " : "RS232 closed ";
+}
+
+void Terminal::mnu_memory_Click() {
+    m_needs.windows.memoryEditor.show();
+    m_needs.windows.memoryList.show();
+    m_needs.link.indicators().memoryEditor = m_needs.link.PortOpen() ? "ComPort open" : "ComPort closed";
+}
+
+void Terminal::mnu_keyer_Click() {
+    m_needs.windows.keyer.show();
+}
+
+void Terminal::mnu_equalizer_Click() {
+    m_needs.link.closePort();
+    m_timer10->setEnabled(true);
+}
+
+void Terminal::Timer10_Timer() {
+    if (m_timer10Phase.isSet()) {
+        m_needs.windows.terminal.hide();
+        m_needs.windows.equalizer.show();
+        m_timer10->setEnabled(false);
+    }
+    m_timer10Phase.invert();
+}
+
+}  // namespace korvex
