@@ -43,3 +43,8 @@ endif()
 if(EXISTS ${PROJECT_SOURCE_DIR}/data/helpfile)
   install(DIRECTORY data/helpfile DESTINATION ${CMAKE_INSTALL_DATADIR}/korvex)
 endif()
+
+if(TARGET korvex)
+  install(FILES packaging/korvex.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES data/images/korvex.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+endif()
