@@ -1,0 +1,23 @@
+#include "base/NumberText.h"
+#include "radio/Commands.h"
+#include "radio/MenuItems.h"
+#include "radio/SimulatedRadio.h"
+
+namespace korvex::commands {
+
+std::string menuItem(SimulatedRadio& radio, std::string_view command) {
+    constexpr std::size_t numberEnd = 5;
+    const auto digits = command.substr(2, 3);
+    if (!rules::digits(3, 1, std::min(radio.quirks.menuItems, RadioState::menuItems)).accepts(digits)) {
+        return std::string(refused);
+    }
+    const int number = *parseWhole(digits);
+    auto& item = radio.state.menu.at(static_cast<std::size_t>(number));
+    const auto value = command.substr(numberEnd);
+    if (value.empty()) return std::string(command) + item + ";";
+    if (!menuRule(number).accepts(value)) return std::string(refused);
+    item = value;
+    return {};
+}
+
+}  // namespace korvex::commands

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "radio/CommandCutter.h"
+#include "radio/Faults.h"
+#include "radio/SimulatedRadio.h"
+
+namespace korvex {
+
+/// What a simulated radio says when, with all that can go wrong on the way. It has no clock: the time is handed in, in
+/// ms, and may stand still but not go back.
+class RadioLine {
+public:
+    explicit RadioLine(SimulatedRadio& radio) : m_radio(radio) {}
+
+    Faults faults;
+    int turnaroundMs = 30;         ///< from the end of a command to the beginning of its answer
+    double characterTimeMs = 0;    ///< of the line to the program; 0: every answer comes in one piece
+    bool enforcesTimeOut = false;  ///< menu 029: a command whose characters come too slowly is refused and dropped
+    bool speedsDiffer = false;     ///< the two ends cannot understand each other
+
+    /// These characters have come to the radio by now.
+    void hear(double nowMs, std::string_view characters);
+
+    /// When something will happen next; nothing when the line is quiet.
+    std::optional<double> nextDue() const;
+
+    /// What has come out of the line by now.
+    std::string takeDue(double nowMs);
+
+    /// The plug was pulled and the last answer before it has come out.
+    bool isUnplugged(double nowMs) const { return m_goneAt && nowMs >= *m_goneAt; }
+
+    /// A program has left the line: nothing of what was under way will reach the next one.
+    void clear();
+
+private:
+    struct Character {
+        double at;
+        char character;
+    };
+
+    void hearCommand(double nowMs, const std::string& command);
+    bool isDeafNow();
+    bool refuses(const std::string& command) const;
+    std::string obey(const std::string& command);
+    bool forgets(bool isSet);
+    void send(double readyMs, std::string answer);
+    void putOnLine(double readyMs, std::string_view text);
+    void sendTogether(double readyMs, const std::string& answer);
+    void releaseHeld(double nowMs);
+    std::string noise();
+    void dropIfTooSlow(double nowMs);
+
+    SimulatedRadio& m_radio;
+    CommandCutter m_cutter;
+    double m_lastHeard = 0;
+    std::deque<Character> m_line;  // what is on its way to the program
+    double m_lineFreeAt = 0;
+    std::string m_held;  // answers that wait to be sent together
+    int m_heldAnswers = 0;
+    double m_heldUntil = 0;
+    std::optional<double> m_goneAt;
+    unsigned m_noiseSeed = 1;
+};
+
+}  // namespace korvex
