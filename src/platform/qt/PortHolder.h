@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <sys/types.h>
+
+namespace korvex {
+
+/// A running program that has a serial device.
+struct PortHolder {
+    pid_t pid = 0;
+    std::string program;  ///< "minicom"
+};
+
+/// The lock file that programs of the old school lay for a device: "/var/lock/LCK..ttyUSB0".
+std::string lockFileOf(const std::string& device);
+
+/// Who has locked the device: with a lock file, left-behind ones not counted, or with flock.
+std::optional<PortHolder> lockHolder(const std::string& device);
+
+/// Who has locked the device, else who has it open. Other users' programs are in sight only while they lock.
+std::optional<PortHolder> holderOf(const std::string& device);
+
+}  // namespace korvex
