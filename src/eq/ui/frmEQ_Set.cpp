@@ -1,0 +1,272 @@
+#include "eq/ui/frmEQ_Set.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStackedLayout>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
+
+#include "eq/EqWindow.h"
+#include "eq/ui/EqSlider.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int gap = 6;
+constexpr std::array bandCaptions{"EQ Settings (Low)", "EQ Settings (Middle)", "EQ Settings (High)"};
+constexpr const char* connectedImage = ":/images/connected.svg";
+constexpr const char* toolBarImage = ":/images/port-open.svg";
+constexpr const char* notConnectedImage = ":/images/not-connected.svg";
+
+QString fromUtf8(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QString numbered(const char* name, std::size_t index) {
+    return QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index);
+}
+
+/// The second of two widgets in one place comes to sight; whoever works with the keyboard stays where he is.
+void exchangeInPlace(QWidget* going, QWidget* coming) {
+    const bool focused = going->hasFocus();
+    coming->show();
+    if (focused) coming->setFocus();
+    going->hide();
+}
+
+}  // namespace
+
+frmEQ_Set::frmEQ_Set(EqWindow& logic, SettingsStore& settings)
+    : ToolWindow(geometry::equalizer, settings), m_logic(logic) {
+    setObjectName(QStringLiteral("frmEQ_Set"));
+    setWindowTitle(QStringLiteral("FT-2000 Equalizer Settings"));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    buildMenu();
+    buildToolBar();
+    buildBody();
+    buildStatusBar();
+    wire();
+    loadPlace();
+    m_logic.Form_Load(settings);
+}
+
+void frmEQ_Set::buildMenu() {
+    auto* menu = menuBar()->addMenu(QStringLiteral("RS-232 Port"));
+    menu->setObjectName(QStringLiteral("PortSet"));
+    comop = menu->addAction(QStringLiteral("Open RS-232 Port"));
+    comop->setObjectName(QStringLiteral("comop"));
+    comop->setCheckable(true);
+    menu->addSeparator();
+    auto* exit = menu->addAction(QStringLiteral("Exit"));
+    exit->setObjectName(QStringLiteral("mnu_EXit"));
+    connect(exit, &QAction::triggered, this, [this] { m_logic.mnu_EXit_Click(); });
+}
+
+void frmEQ_Set::buildToolBar() {
+    auto* bar = addToolBar(QStringLiteral("Port"));
+    bar->setObjectName(QStringLiteral("tbrToolBar"));
+    bar->setMovable(false);
+    openPort = bar->addAction(QIcon(QLatin1String(toolBarImage)), QStringLiteral("Open RS-232 Port"));
+    openPort->setObjectName(QStringLiteral("openPort"));
+    openPort->setToolTip(QStringLiteral("Open RS-232 Port"));
+}
+
+void frmEQ_Set::buildStatusBar() {
+    statusBar()->setObjectName(QStringLiteral("sbrStatus"));
+    m_settingsPanel = new QLabel;
+    m_settingsPanel->setObjectName(QStringLiteral("Settings"));
+    m_settingsPanel->setAccessibleName(QStringLiteral("Port settings"));
+    m_errorPanel = new QLabel;
+    m_errorPanel->setObjectName(QStringLiteral("Error"));
+    m_errorPanel->setAccessibleName(QStringLiteral("Error"));
+    statusBar()->addWidget(m_settingsPanel, 3);
+    statusBar()->addWidget(m_errorPanel, 1);
+}
+
+void frmEQ_Set::buildBody() {
+    auto* body = new QWidget;
+    auto* layout = new QGridLayout(body);
+    layout->setContentsMargins(gap, gap, gap, 0);
+    layout->setSpacing(4);
+    for (std::size_t band = 0; band < 3; ++band) {
+        layout->addWidget(makeBand(band), 0, static_cast<int>(band));
+        layout->setColumnStretch(static_cast<int>(band), 1);
+    }
+    buildStrip();
+    layout->addWidget(m_strip, 1, 0, 1, 3);
+    layout->setRowStretch(0, 1);
+    setCentralWidget(body);
+}
+
+QGroupBox* frmEQ_Set::makeBand(std::size_t band) {
+    auto* frame = new QGroupBox(QLatin1String(bandCaptions[band]));
+    frame->setObjectName(QStringLiteral("Frame%1").arg(band + 1));
+    auto* grid = new QGridLayout(frame);
+    grid->setContentsMargins(4, gap, 4, gap);
+    grid->setHorizontalSpacing(0);
+    auto* Label4 = new QLabel(QStringLiteral("Center  Gain      Q"));
+    Label4->setObjectName(numbered("Label4", band));
+    Label4->setAlignment(Qt::AlignHCenter);
+    grid->addWidget(Label4, 0, 0, 1, 3);
+    for (std::size_t column = 0; column < 3; ++column) {
+        const std::size_t item = 3 * band + column;
+        VScroll1[item] = new EqSlider(eqItems[item]);
+        VScroll1[item]->setObjectName(numbered("VScroll1", item));
+        Label1[item] = new QLabel;
+        Label1[item]->setObjectName(numbered("Label1", item));
+        Label1[item]->setAlignment(Qt::AlignCenter);
+        Label1[item]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("3200")));
+        grid->addWidget(VScroll1[item], 1, static_cast<int>(column));
+        grid->addWidget(Label1[item], 2, static_cast<int>(column));
+        grid->setColumnStretch(static_cast<int>(column), 1);
+    }
+    grid->setRowStretch(1, 1);
+    // The style asks for far more than a caption needs; three frames of one width fit the window as it opens first.
+    frame->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1String(bandCaptions[1])) + 2 * gap);
+    return frame;
+}
+
+void frmEQ_Set::buildStrip() {
+    m_strip = new QWidget;
+    m_strip->installEventFilter(this);
+    Command1 = {makeProcessorButton(0, "Processor OFF"), makeProcessorButton(1, "Processor ON")};
+
+    Frame7 = new QFrame(m_strip);
+    Frame7->setObjectName(QStringLiteral("Frame7"));
+    Frame7->setFrameShape(QFrame::StyledPanel);
+    m_images = new QStackedLayout(Frame7);
+    m_images->setContentsMargins(2, 2, 2, 2);
+    imgConnected = makeImage("imgConnected", connectedImage, "Port is open, close it");
+    imgNotConnected = makeImage("imgNotConnected", notConnectedImage, "Port is closed, open it");
+
+    Frame8 = new QFrame(m_strip);
+    Frame8->setObjectName(QStringLiteral("Frame8"));
+    Frame8->setFrameShape(QFrame::StyledPanel);
+    auto* around = new QGridLayout(Frame8);
+    around->setContentsMargins(4, 1, 4, 1);
+    Label5 = new QLabel(QStringLiteral("click to close"));
+    Label5->setObjectName(QStringLiteral("Label5"));
+    Label5->setAlignment(Qt::AlignCenter);
+    Label5->setMinimumWidth(Label5->sizeHint().width());
+    around->addWidget(Label5, 0, 0);
+
+    Label6 = new QLabel(m_strip);
+    Label6->setObjectName(QStringLiteral("Label6"));
+    Label6->setAccessibleName(QStringLiteral("Reading"));
+    placeStrip();
+}
+
+QToolButton* frmEQ_Set::makeImage(const char* name, const char* file, const char* accessibleName) {
+    auto* image = new QToolButton;
+    image->setObjectName(QLatin1String(name));
+    image->setAccessibleName(QLatin1String(accessibleName));
+    image->setToolTip(QStringLiteral("open/close Comm-Port"));
+    image->setIcon(QIcon(QLatin1String(file)));
+    image->setIconSize({32, 32});
+    image->setAutoRaise(true);
+    m_images->addWidget(image);
+    connect(image, &QToolButton::clicked, this, [this] { m_logic.toggleEqPort(); });
+    return image;
+}
+
+QPushButton* frmEQ_Set::makeProcessorButton(int index, const char* caption) {
+    auto* button = new QPushButton(QLatin1String(caption), m_strip);
+    button->setObjectName(numbered("Command1", static_cast<std::size_t>(index)));
+    button->setToolTip(QStringLiteral("Processor On/OFF Switch"));
+    connect(button, &QPushButton::clicked, this, [this, index] { m_logic.Command1_Click(index); });
+    return button;
+}
+
+/// Measured from the client width of the window: the port's frames one and a half of their own widths from the right
+/// edge, the processor's button 1000 twips right of the middle with its right edge.
+void frmEQ_Set::placeStrip() {
+    const int client = m_strip->width() + 2 * gap;
+    const auto place = [](QWidget* widget, int windowLeft, int top, QSize size) {
+        widget->setGeometry(windowLeft - gap, top, size.width(), size.height());
+    };
+    const QSize image = Frame7->sizeHint();
+    const QSize label = Frame8->sizeHint();
+    const QSize button = Command1[0]->sizeHint().expandedTo(Command1[1]->sizeHint()).expandedTo({110, image.height()});
+    for (auto* processor : Command1) place(processor, client / 2 + pixels(1000) - button.width(), 0, button);
+    place(Frame7, client - image.width() * 3 / 2, 0, image);
+    place(Frame8, client - label.width() * 3 / 2, image.height() + gap, label);
+    const int statusRight = Frame8->x() - gap;
+    Label6->setGeometry(0, image.height() + gap, statusRight, label.height());
+
+    m_strip->setFixedHeight(image.height() + gap + label.height() + gap);
+    // Nothing covers anything: the button ends left of the frames, the status text left of its frame.
+    const int forButton = 2 * (label.width() * 3 / 2 + pixels(1000) + gap);
+    const int forStatus = Label6->fontMetrics().horizontalAdvance(QStringLiteral(" Reading EQ Settings of FT-2000 ")) +
+                          label.width() * 3 / 2;
+    m_strip->setMinimumWidth(std::max(forButton, forStatus) - 2 * gap);
+}
+
+bool frmEQ_Set::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_strip && event->type() == QEvent::Resize) placeStrip();
+    return ToolWindow::eventFilter(watched, event);
+}
+
+void frmEQ_Set::wire() {
+    // The check mark follows the port, not the click.
+    connect(comop, &QAction::triggered, this, [this] {
+        m_logic.toggleEqPort();
+        comop->setChecked(m_logic.connected);
+    });
+    connect(openPort, &QAction::triggered, this, [this] { m_logic.toggleEqPort(); });
+    for (std::size_t item = 0; item < eqItemCount; ++item) wireItem(item);
+    m_connections += m_logic.connected.bind([this](bool connected) { showConnected(connected); });
+    m_connections += m_logic.processorOn.bind([this](bool on) { showProcessor(on); });
+    m_connections += m_logic.Label5.bind([this](const std::string& text) { Label5->setText(fromUtf8(text)); });
+    m_connections +=
+        m_logic.exchange().statusText.bind([this](const std::string& text) { Label6->setText(fromUtf8(text)); });
+    m_connections +=
+        m_logic.settingsPanel.bind([this](const std::string& text) { m_settingsPanel->setText(fromUtf8(text)); });
+    m_connections +=
+        m_logic.errorPanel.bind([this](const std::string& text) { m_errorPanel->setText(fromUtf8(text)); });
+    m_connections += m_logic.storePlace.connect([this] { storePlace(); });
+    m_connections += m_logic.hide.connect([this] { hide(); });
+}
+
+void frmEQ_Set::wireItem(std::size_t item) {
+    auto& exchange = m_logic.exchange();
+    connect(VScroll1[item], &QSlider::valueChanged, this,
+            [this, item](int value) { m_logic.exchange().applyValue(item, value); });
+    // What the radio sets moves the slider without being a change of the user's.
+    m_connections += exchange.value[item].bind([slider = VScroll1[item]](int value) {
+        const QSignalBlocker quiet(slider);
+        slider->setValue(value);
+    });
+    m_connections += exchange.display[item].bind(
+        [label = Label1[item]](const std::string& text) { label->setText(fromUtf8(text)); });
+}
+
+void frmEQ_Set::showConnected(bool connected) {
+    m_images->setCurrentWidget(connected ? imgConnected : imgNotConnected);
+    comop->setChecked(connected);
+}
+
+void frmEQ_Set::showProcessor(bool on) {
+    QPalette colours = Command1[0]->palette();
+    if (on) {
+        colours.setColor(QPalette::Button, QColor(0x00, 0xFF, 0x00));
+        colours.setColor(QPalette::ButtonText, Qt::black);
+    }
+    Command1[1]->setPalette(colours);
+    exchangeInPlace(Command1[on ? 0 : 1], Command1[on ? 1 : 0]);
+}
+
+bool frmEQ_Set::closeBox() {
+    m_logic.closeBox();
+    return true;
+}
+
+}  // namespace korvex

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+
+#include "app/ui/ToolWindow.h"
+#include "base/Signal.h"
+#include "eq/EqItems.h"
+
+class QAction;
+class QFrame;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QStackedLayout;
+class QToolButton;
+
+namespace korvex {
+
+class EqSlider;
+class EqWindow;
+
+/// "FT-2000 Equalizer Settings": nine sliders, the speech processor's button and the switch of the window's own port.
+class frmEQ_Set : public ToolWindow {
+    Q_OBJECT
+
+public:
+    frmEQ_Set(EqWindow& logic, SettingsStore& settings);
+
+protected:
+    bool closeBox() override;
+
+private:
+    void buildMenu();
+    void buildToolBar();
+    void buildStatusBar();
+    void buildBody();
+    QGroupBox* makeBand(std::size_t band);
+    void buildStrip();
+    QToolButton* makeImage(const char* name, const char* file, const char* accessibleName);
+    QPushButton* makeProcessorButton(int index, const char* caption);
+    void placeStrip();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    void wire();
+    void wireItem(std::size_t item);
+    void showConnected(bool connected);
+    void showProcessor(bool on);
+
+    EqWindow& m_logic;
+    QAction* comop = nullptr;
+    QAction* openPort = nullptr;
+    std::array<EqSlider*, eqItemCount> VScroll1{};
+    std::array<QLabel*, eqItemCount> Label1{};
+    std::array<QPushButton*, 2> Command1{};
+    QWidget* m_strip = nullptr;  // below the sliders; its controls follow the window's width
+    QFrame* Frame7 = nullptr;
+    QFrame* Frame8 = nullptr;
+    QStackedLayout* m_images = nullptr;
+    QToolButton* imgConnected = nullptr;
+    QToolButton* imgNotConnected = nullptr;
+    QLabel* Label5 = nullptr;
+    QLabel* Label6 = nullptr;
+    QLabel* m_settingsPanel = nullptr;
+    QLabel* m_errorPanel = nullptr;
+    Connections m_connections;
+};
+
+}  // namespace korvex

@@ -1,0 +1,124 @@
+#include "eq/ui/frmEQ_Set.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+#include <QToolButton>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "eq/EqWindow.h"
+#include "fakes/FakeDialogs.h"
+#include "fakes/ScriptedDevice.h"
+#include "fakes/VirtualClock.h"
+
+namespace korvex {
+namespace {
+
+struct EqFormTest : ::testing::Test {
+    template <class T>
+    T* find(const char* name) {
+        auto* found = window.findChild<T*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+    QSlider* slider(int item) { return window.findChild<QSlider*>(QStringLiteral("VScroll1_%1").arg(item)); }
+    std::string label(const char* name) { return find<QLabel>(name)->text().toStdString(); }
+
+    /// A picture for whoever works on the window: KORVEX_PICTURES names the folder.
+    void picture(const char* name) {
+        QApplication::processEvents();
+        const auto folder = qEnvironmentVariable("KORVEX_PICTURES");
+        if (!folder.isEmpty()) window.grab().save(folder + QLatin1Char('/') + QLatin1String(name));
+    }
+
+    fakes::VirtualClock clock;
+    fakes::ScriptedPorts ports{clock};
+    fakes::ScriptedLine& line = ports[1];
+    fakes::FakeMsgBox msgBox;
+    fakes::FakeSettings settings;
+    EqWindow logic{ports, clock, msgBox};
+    frmEQ_Set window{logic, settings};
+};
+
+TEST_F(EqFormTest, SlidersSendEveryValueTheyGiveAndFollowTheRadio) {
+    window.show();
+    find<QToolButton>("imgNotConnected")->click();
+    ASSERT_TRUE(logic.isPortOpen());
+    slider(1)->setSliderDown(true);
+    for (const int value : {-1, -2, -3}) slider(1)->setSliderPosition(value);
+    slider(1)->setSliderDown(false);
+    EXPECT_EQ(line.story(), "0 EX126-01;EX126;|0 EX126-02;EX126;|0 EX126-03;EX126;");
+    EXPECT_EQ(label("Label1_1"), "-03");
+    slider(0)->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(label("Label1_0"), "100");
+
+    line.forgetWrites();
+    line.feed("EX13117;");
+    EXPECT_EQ(slider(6)->value(), 3100);
+    EXPECT_EQ(line.story(), "0 EX13117;EX131;");  // once, not again by the slider's own change
+}
+
+TEST_F(EqFormTest, LooksLikeTheEqualizerThatItIs) {
+    window.show();
+    picture("eq.png");
+    for (std::size_t item = 0; item < eqItemCount; ++item) {
+        const auto* control = slider(static_cast<int>(item));
+        EXPECT_EQ(control->minimum(), eqItems[item].lowest);
+        EXPECT_EQ(control->maximum(), eqItems[item].highest);
+        EXPECT_EQ(control->orientation(), Qt::Vertical);
+        EXPECT_FALSE(control->invertedAppearance());
+        EXPECT_FALSE(control->accessibleName().isEmpty());
+        EXPECT_EQ(label(("Label1_" + std::to_string(item)).c_str()), eqItems[item].initialDisplay);
+    }
+    EXPECT_EQ(slider(6)->accessibleName().toStdString(), "High center frequency");
+    EXPECT_EQ(window.size(), QSize(433, 567));
+    EXPECT_LE(window.minimumSizeHint().width(), 433);
+    EXPECT_LE(window.minimumSizeHint().height(), 5500 / 15);
+
+    // Right edge of the processor's button: half the client width and 1000 twips.
+    const auto* button = find<QPushButton>("Command1_0");
+    const int right = button->mapTo(&window, QPoint(button->width(), 0)).x();
+    EXPECT_NEAR(right, 433 / 2 + 67, 1);
+    window.resize(600, 600);
+    QApplication::processEvents();
+    const auto* frame = find<QFrame>("Frame8");
+    EXPECT_NEAR(frame->mapTo(&window, QPoint()).x(), 600 - frame->width() * 3 / 2, 1);
+}
+
+TEST_F(EqFormTest, IndicatorsFollowThePortAndTheButtonTheProcessor) {
+    window.show();
+    line.openFailure = RuntimeError{errors::PortAlreadyOpen, "held"};
+    msgBox.foresee("held");
+    find<QAction>("comop")->trigger();
+    EXPECT_FALSE(find<QAction>("comop")->isChecked());
+    EXPECT_EQ(label("Label5"), "click to open");
+
+    line.openFailure.reset();
+    find<QAction>("openPort")->trigger();
+    EXPECT_TRUE(find<QAction>("comop")->isChecked());
+    EXPECT_TRUE(find<QToolButton>("imgConnected")->isVisible());
+    EXPECT_FALSE(find<QToolButton>("imgNotConnected")->isVisible());
+    EXPECT_EQ(label("Label6"), " Reading EQ Settings of FT-2000");
+    EXPECT_EQ(label("Settings"), "Settings: Port 1, 4800,n,8,2");
+
+    auto* off = find<QPushButton>("Command1_0");
+    auto* on = find<QPushButton>("Command1_1");
+    EXPECT_TRUE(off->isVisible() && !on->isVisible());
+    off->click();
+    EXPECT_TRUE(on->isVisible() && !off->isVisible());
+    EXPECT_EQ(on->palette().color(QPalette::Button), QColor(0, 255, 0));
+    picture("eq-on.png");
+    on->click();
+    EXPECT_TRUE(off->isVisible() && !on->isVisible());
+
+    window.close();
+    EXPECT_FALSE(logic.isPortOpen());
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(settings.values["Settings/frmEQ_SetHeight"], "8500");
+}
+
+}  // namespace
+}  // namespace korvex
