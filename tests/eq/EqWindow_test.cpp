@@ -1,11 +1,15 @@
 #include "eq/EqWindow.h"
 
+#include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include "fakes/FakeDialogs.h"
 #include "fakes/ScriptedDevice.h"
 #include "fakes/VirtualClock.h"
+#include "radio/SimulatedPorts.h"
 
 namespace korvex {
 namespace {
@@ -124,6 +128,41 @@ TEST_F(EqWindowTest, TheBoxClosesAtOnceAndTheMenuHalfASecondLater) {
     EXPECT_EQ(told, "store terminal hide button ");
     clock.advance(2000);
     EXPECT_EQ(told, "store terminal hide button ");
+}
+
+TEST(EqWithARadio, SlidersShowTheRadioAndTheRadioFollowsThem) {
+    fakes::VirtualClock clock;
+    SimulatedPorts ports(clock);
+    auto& menu = ports.radio().state.menu;
+    const std::array<std::string, 9> off{"03", "+05", "10", "09", "-20", "01", "18", "-00", "07"};
+    const std::array<std::string, 9> on{"07", "-11", "02", "00", "+10", "03", "01", "+01", "10"};
+    std::copy(off.begin(), off.end(), menu.begin() + 125);
+    std::copy(on.begin(), on.end(), menu.begin() + 134);
+    fakes::FakeMsgBox msgBox;
+    EqWindow window{ports, clock, msgBox};
+    auto& eq = window.exchange();
+    const auto values = [&eq] {
+        std::string all;
+        for (const auto& value : eq.value) all += std::to_string(value) + " ";
+        return all;
+    };
+    const auto untilRead = [&] { return eq.phase() == EqExchange::Phase::Live; };
+
+    window.toggleEqPort();
+    ASSERT_TRUE(clock.advanceUntil(untilRead, 6000));
+    EXPECT_EQ(values(), "300 5 10 1500 -20 1 3200 0 7 ");
+    EXPECT_EQ(std::vector(menu.begin() + 125, menu.begin() + 134), std::vector(off.begin(), off.end()));
+    eq.applyValue(4, -19);
+    eq.applyValue(4, -18);
+    clock.advance(200);
+    EXPECT_EQ(menu[129], "-18");
+    EXPECT_EQ(eq.value[4].get(), -18);
+
+    window.Command1_Click(0);
+    ASSERT_TRUE(clock.advanceUntil(untilRead, 6000));
+    EXPECT_EQ(values(), "700 -11 2 600 10 3 1500 1 10 ");
+    EXPECT_EQ(ports.radio().state.get("PR"), "1");
+    EXPECT_EQ(ports.radio().timesKeyed, 0);
 }
 
 }  // namespace

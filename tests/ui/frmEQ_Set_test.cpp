@@ -84,6 +84,11 @@ TEST_F(EqFormTest, LooksLikeTheEqualizerThatItIs) {
     EXPECT_NEAR(right, 433 / 2 + 67, 1);
     window.resize(600, 600);
     QApplication::processEvents();
+    window.resize(437, 367);
+    slider(1)->setValue(7);
+    slider(4)->setValue(-12);
+    picture("eq-small.png");
+    window.resize(600, 600);
     const auto* frame = find<QFrame>("Frame8");
     EXPECT_NEAR(frame->mapTo(&window, QPoint()).x(), 600 - frame->width() * 3 / 2, 1);
 }
