@@ -1,0 +1,201 @@
+#include "memory/MemoryList.h"
+
+#include <array>
+#include <utility>
+
+#include "base/CodePage.h"
+#include "base/NumberText.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int yellow = 65535;
+constexpr int bufferRow = 1;
+constexpr int firstColumn = MemoryList::column(MemoryField::Channel);
+constexpr int lastColumn = MemoryList::column(MemoryField::Remark);
+
+struct Column {
+    const char* header;
+    int width;  // twips
+};
+constexpr std::array<Column, lastColumn + 1> columns = {{{"Mem", 500},
+                                                         {"Cha", 500},
+                                                         {"Freq", 1100},
+                                                         {"Clar", 500},
+                                                         {"Clar", 600},
+                                                         {"RX", 500},
+                                                         {"TX", 500},
+                                                         {"Mode", 500},
+                                                         {"0", 500},
+                                                         {"CTCS", 500},
+                                                         {"Tone", 500},
+                                                         {" Shift", 500},
+                                                         {"Remarks", 3000}}};
+
+constexpr std::array<const char*, lastColumn + 1> sampleRow = {"",  "",  "0", "+", "0000", "0",   "0",
+                                                               "1", "0", "0", "01", "0",   "Test"};
+
+/// Many cells change, the view is told once.
+class OneRedraw {
+public:
+    explicit OneRedraw(MSFlexGrid& grid) : m_grid(grid), m_before(grid.Redraw()) { m_grid.setRedraw(false); }
+    OneRedraw(const OneRedraw&) = delete;
+    OneRedraw& operator=(const OneRedraw&) = delete;
+    ~OneRedraw() { m_grid.setRedraw(m_before); }
+
+private:
+    MSFlexGrid& m_grid;
+    bool m_before;
+};
+
+}  // namespace
+
+MemoryList::MemoryList()
+    : FlexGrid1(rows + 1, static_cast<int>(columns.size())), FlexGrid2(10, static_cast<int>(columns.size())) {
+    for (int col = 0; col <= lastColumn; ++col) {
+        const auto index = static_cast<std::size_t>(col);
+        FlexGrid1.setColWidth(col, columns[index].width);
+        FlexGrid2.setColWidth(col, columns[index].width);
+        FlexGrid1.setTextMatrix(1, col, sampleRow[index]);
+    }
+    setListHeaders();
+    FlexGrid1.setCurrent(1, firstColumn);
+}
+
+void MemoryList::setListHeaders() {
+    for (int col = 0; col <= lastColumn; ++col) {
+        FlexGrid1.setTextMatrix(0, col, columns[static_cast<std::size_t>(col)].header);
+    }
+    for (int row = 1; row <= rows; ++row) FlexGrid1.setTextMatrix(row, 0, std::to_string(row));
+}
+
+void MemoryList::setCell(int row, MemoryField field, std::string text) {
+    if (isChannelRow(row)) FlexGrid1.setTextMatrix(row, column(field), std::move(text));
+}
+
+MemoryRecord MemoryList::channelFields(int row) const {
+    MemoryRecord record;
+    for (const auto& place : memoryLayout) record[place.field] = wireFromUtf8(cell(row, place.field)).value_or("");
+    return record;
+}
+
+void MemoryList::place(int row, const MemoryRecord& record) {
+    setCell(row, MemoryField::Channel, utf8FromWire(record[MemoryField::Channel]));
+    setCell(row, MemoryField::Remark, utf8FromWire(record[MemoryField::Remark]));
+    placeAnswer(row, record);
+}
+
+void MemoryList::placeAnswer(int row, const MemoryRecord& record) {
+    for (const auto& place : memoryLayout) {
+        if (place.field != MemoryField::Channel) setCell(row, place.field, utf8FromWire(record[place.field]));
+    }
+}
+
+void MemoryList::fillListFromMemoryTable(const MemoryTable& table) {
+    const OneRedraw quiet(FlexGrid1);
+    for (int slot = 1; slot <= lastMemoryChannel; ++slot) {
+        if (const auto record = parseMemoryString(table[slot])) {
+            place(memoryListRow((*record)[MemoryField::Channel]), *record);
+        }
+    }
+}
+
+void MemoryList::replaceAll(const std::map<int, MemoryRecord>& records) {
+    const OneRedraw quiet(FlexGrid1);
+    FlexGrid1.Clear();
+    setListHeaders();
+    for (const auto& [row, record] : records) place(row, record);
+}
+
+void MemoryList::markRow(int row) {
+    for (int col = firstColumn; col <= lastColumn; ++col) FlexGrid1.setCellBackColor(row, col, yellow);
+}
+
+void MemoryList::emptyRow(int row) {
+    for (int col = firstColumn; col <= lastColumn; ++col) FlexGrid1.setTextMatrix(row, col, {});
+}
+
+void MemoryList::moveRow(int from, int to) {
+    for (int col = firstColumn; col <= lastColumn; ++col) {
+        FlexGrid1.setTextMatrix(to, col, FlexGrid1.TextMatrix(from, col));
+    }
+}
+
+void MemoryList::renumberFilledRows() {
+    for (int row = 1; row <= rows; ++row) {
+        if (filled(row)) setCell(row, MemoryField::Channel, channelText(row));
+    }
+}
+
+void MemoryList::clearRow(int row) {
+    if (!isChannelRow(row)) return;
+    const OneRedraw quiet(FlexGrid1);
+    markRow(row);
+    emptyRow(row);
+}
+
+void MemoryList::insertRow(int row) {
+    if (!isChannelRow(row)) return;
+    const OneRedraw quiet(FlexGrid1);
+    for (int to = rows; to > row; --to) moveRow(to - 1, to);
+    emptyRow(row);
+    renumberFilledRows();
+}
+
+void MemoryList::deleteRow(int row) {
+    if (!isChannelRow(row)) return;
+    const OneRedraw quiet(FlexGrid1);
+    for (int to = row; to < rows; ++to) moveRow(to + 1, to);
+    emptyRow(rows);
+    renumberFilledRows();
+}
+
+void MemoryList::copyRow(int row) {
+    if (!isChannelRow(row)) return;
+    for (int col = firstColumn; col <= lastColumn; ++col) {
+        FlexGrid2.setTextMatrix(bufferRow, col, FlexGrid1.TextMatrix(row, col));
+    }
+    m_copied = true;
+}
+
+void MemoryList::copyRowMarked(int row) {
+    if (!isChannelRow(row)) return;
+    const OneRedraw quiet(FlexGrid1);
+    markRow(row);
+    copyRow(row);
+}
+
+void MemoryList::pasteRow(int row) {
+    if (!isChannelRow(row) || !m_copied) return;
+    const OneRedraw quiet(FlexGrid1);
+    FlexGrid2.setTextMatrix(bufferRow, firstColumn, channelText(row));
+    for (int col = firstColumn; col <= lastColumn; ++col) {
+        FlexGrid1.setTextMatrix(row, col, FlexGrid2.TextMatrix(bufferRow, col));
+    }
+}
+
+void MemoryList::List1_Click(int entry) {
+    const int row = FlexGrid1.Row();
+    switch (entry) {
+        case 0: return clearRow(row);
+        case 1: return insertRow(row);
+        case 2: return deleteRow(row);
+        case 3: return copyRowMarked(row);
+        case 4: return pasteRow(row);
+        default: return;
+    }
+}
+
+void MemoryList::FlexGrid1_KeyDown(char key) {
+    const char letter = asciiUpper(key);
+    if (letter == 'C') copyRow(FlexGrid1.Row());
+    if (letter == 'V') pasteRow(FlexGrid1.Row());
+}
+
+int memoryListRow(std::string_view channel) {
+    const auto number = parseWhole(channel);
+    return number && *number >= 1 && *number <= MemoryList::rows ? *number : 0;
+}
+
+}  // namespace korvex
