@@ -36,7 +36,9 @@ std::string shown(std::string_view pattern, std::string_view digits) {
 DigitBox::DigitBox(std::string_view pattern)
     : text(std::string(pattern)), m_pattern(pattern), m_count(digitsIn(pattern).size()) {}
 
-std::string DigitBox::digits() const { return digitsIn(text.get()); }
+std::string DigitBox::digits() const {
+    return digitsIn(text.get());
+}
 
 void DigitBox::setDigits(std::string_view digits) {
     const bool isNumber = std::all_of(digits.begin(), digits.end(), isDigit);

@@ -7,8 +7,8 @@
 
 namespace korvex {
 
-/// The values that a code of the memory string stands for, as the editor lists them: a label for the user and a code for
-/// the radio at every list position (from 0).
+/// The values that a code of the memory string stands for, as the editor lists them: a label for the user and a code
+/// for the radio at every list position (from 0).
 struct CodeList {
     std::span<const std::string_view> labels;
     std::string_view codes;  ///< one character for each label; empty: the code is the position with two digits

@@ -16,7 +16,8 @@ Result<std::vector<std::string>> parseMemoryFile(std::string_view content) {
     while (const auto value = values.next()) {
         if (value->empty()) continue;
         if (lines.size() == MemoryTable::lastSlot) {
-            return RuntimeError{errors::TypeMismatch, "The file has more than " + std::to_string(MemoryTable::lastSlot) +
+            return RuntimeError{errors::TypeMismatch, "The file has more than " +
+                                                          std::to_string(MemoryTable::lastSlot) +
                                                           " lines and is no memory file. Nothing was sent."};
         }
         lines.emplace_back(*value);

@@ -14,8 +14,8 @@ namespace korvex {
 /// The content of the file for the slots 1 to `lastSlot`.
 std::string memoryFileText(const MemoryTable& table, int lastSlot);
 
-/// The lines of a memory file as they stand; blank lines are passed over, there is nothing in them to write. A file with
-/// more lines than the table has slots is refused: it is no memory file.
+/// The lines of a memory file as they stand; blank lines are passed over, there is nothing in them to write. A file
+/// with more lines than the table has slots is refused: it is no memory file.
 Result<std::vector<std::string>> parseMemoryFile(std::string_view content);
 
 }  // namespace korvex

@@ -33,8 +33,8 @@ constexpr std::array<Column, lastColumn + 1> columns = {{{"Mem", 500},
                                                          {" Shift", 500},
                                                          {"Remarks", 3000}}};
 
-constexpr std::array<const char*, lastColumn + 1> sampleRow = {"",  "",  "0", "+", "0000", "0",   "0",
-                                                               "1", "0", "0", "01", "0",   "Test"};
+constexpr std::array<const char*, lastColumn + 1> sampleRow = {"",  "",  "0", "+",  "0000", "0",   "0",
+                                                               "1", "0", "0", "01", "0",    "Test"};
 
 /// Many cells change, the view is told once.
 class OneRedraw {

@@ -10,6 +10,7 @@ constexpr std::string_view readName = "MR";
 constexpr std::string_view writeName = "MW";
 constexpr std::string_view terminator = ";";
 constexpr char errorSign = '?';
+constexpr std::string_view errorAnswer = "?;";
 
 constexpr bool layoutIsGapless() {
     int position = static_cast<int>(readName.size()) + 1;
@@ -32,7 +33,8 @@ constexpr std::size_t headLength = static_cast<std::size_t>(memoryPlace(MemoryFi
 
 std::string_view memoryFieldIn(std::string_view memoryString, MemoryField field) {
     const auto& place = memoryPlace(field);
-    return from(memoryString, static_cast<std::size_t>(place.position - 1)).substr(0, static_cast<std::size_t>(place.width));
+    return from(memoryString, static_cast<std::size_t>(place.position - 1))
+        .substr(0, static_cast<std::size_t>(place.width));
 }
 
 std::optional<MemoryRecord> parseMemoryString(std::string_view memoryString) {
@@ -43,15 +45,28 @@ std::optional<MemoryRecord> parseMemoryString(std::string_view memoryString) {
     return record;
 }
 
-std::string channelText(int channel) { return zeroPadded(channel, memoryPlace(MemoryField::Channel).width); }
+std::string channelText(int channel) {
+    return zeroPadded(channel, memoryPlace(MemoryField::Channel).width);
+}
 
 std::string memoryReadCommand(int channel) {
     std::string command(readName);
     return command.append(channelText(channel)).append(terminator);
 }
 
+std::optional<std::string> memoryAnswerIn(std::string_view received) {
+    const auto start = received.rfind(readName);
+    if (start != std::string_view::npos) return std::string(received.substr(start));
+    if (received.starts_with(errorSign) || received.ends_with(errorAnswer)) return std::string(errorAnswer);
+    return std::nullopt;
+}
+
+bool isErrorAnswer(std::string_view answer) {
+    return answer.starts_with(errorSign);
+}
+
 std::optional<std::string> storedMemoryString(std::string_view readCommand, std::string_view answer) {
-    if (answer.starts_with(errorSign) || answer.size() <= headLength) return std::nullopt;
+    if (isErrorAnswer(answer) || answer.size() <= headLength) return std::nullopt;
     answer.remove_suffix(terminator.size());
     std::string stored(readCommand.substr(0, headLength));
     return stored.append(from(answer, headLength)).append(terminator);

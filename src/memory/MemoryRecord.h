@@ -8,8 +8,8 @@
 
 /// A memory channel travels in one fixed text form, the memory string:
 ///
-///     MR00714250000+000000200080;              what the radio answers to "MR007;", the memory table and a .mem file keep
-///     MW00714250000+000000200080;              what writes the channel into the radio
+///     MR00714250000+000000200080;              what the radio answers to "MR007;", the memory table and a .mem file
+///     keep MW00714250000+000000200080;              what writes the channel into the radio
 ///     MW00714250000+000000200080;DX window     what a list file (.mef) keeps: a remark behind the write command
 ///
 /// It is cut by position, never by separators. All of it is wire text: one byte is one character. What the codes for
@@ -96,9 +96,16 @@ std::string channelText(int channel);
 /// "MR007;"
 std::string memoryReadCommand(int channel);
 
-/// The memory string to keep for a read command ("MR007;") and the radio's answer to it. It carries the channel that was
-/// asked for, whatever the answer says. Nothing for the error answer ("?;", a channel without data) and for one that is
-/// too short to hold anything behind a channel number.
+/// The answer to a read of a memory within what has been received up to a ";": line noise in front of it is dropped.
+/// Nothing for what is none, such as news of the dial that the radio sends unasked: neither "MR" nor an error answer.
+std::optional<std::string> memoryAnswerIn(std::string_view received);
+
+/// The radio's answer to the read of a channel without data.
+bool isErrorAnswer(std::string_view answer);
+
+/// The memory string to keep for a read command ("MR007;") and the radio's answer to it. It carries the channel that
+/// was asked for, whatever the answer says. Nothing for the error answer and for one that is too short to hold anything
+/// behind a channel number.
 std::optional<std::string> storedMemoryString(std::string_view readCommand, std::string_view answer);
 
 /// The command that restores a stored string: the same text with "MW" for "MR", no field encoded anew.

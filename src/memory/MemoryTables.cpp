@@ -7,7 +7,9 @@
 namespace korvex {
 
 namespace {
-bool exists(int slot) { return slot >= 0 && slot <= MemorySlots::lastSlot; }
+bool exists(int slot) {
+    return slot >= 0 && slot <= MemorySlots::lastSlot;
+}
 }  // namespace
 
 const std::string& MemorySlots::operator[](int slot) const {

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "base/Property.h"
+#include "cat/CatLink.h"
+#include "memory/DigitBox.h"
+#include "memory/MemoryCodes.h"
+#include "memory/MemoryList.h"
+#include "memory/MemoryRecord.h"
+#include "platform/Clock.h"
+
+namespace korvex {
+
+/// Edits one channel in a form: every change of a field rebuilds the write command at once. Takes channels out of the
+/// list and puts them back, reads a single channel from the radio and writes it.
+class MemoryEditor {
+public:
+    MemoryEditor(CatLink& link, MemoryList& list, Clock& clock);
+
+    /// The form as it opens; one second later it follows the list.
+    void Form_Load();
+
+    // --- the form
+    Property<int> Combo1{0};  ///< position in the channel list: channel minus 1
+    /// The position of a field in its list of labels; -1 for a code that the list does not have (`codes(field)`).
+    const Property<int>& choice(MemoryField field) const { return m_choices.at(field).position; }
+    Property<int>& choice(MemoryField field) { return m_choices.at(field).position; }
+    const CodeList& codes(MemoryField field) const { return m_choices.at(field).list; }
+    DigitBox txt1{frequencyPattern};
+    DigitBox txt2{clarifierPattern};
+    Property<std::string> Text1{"Enter Remarks"};  ///< UTF-8, not part of the command
+    Property<std::string> Text2;                   ///< the write command, also shown in the panel "MemString"
+    /// The boxes were shown anew as a click does it: their whole text is to be selected.
+    Signal<> boxesShownAnew;
+
+    // --- what the user does
+    void Combo1_Click(int position);
+    /// A combo box of the form: Combo2 tone, Combo3 CTCSS mode, Combo4 clarifier direction, Combo5 shift, Combo6 TX and
+    /// Combo7 RX clarifier, Combo8 mode.
+    void choose(MemoryField field, int position);
+    void Command1_Click();  ///< copies the channel into the list
+    void cmd2_Click();      ///< writes the channel into the radio and reads it back
+    void cmd3_Click();      ///< reads the channel from the radio into the list and the form
+    /// A click on a row of the list.
+    void chooseRow(int row);
+
+    void composeEditorWriteCommand();
+    void loadEditorFromList();
+
+    const MemoryRecord& fields() const { return m_fields; }
+
+private:
+    struct Choice {
+        const CodeList& list;
+        Property<int> position{0};
+    };
+
+    int channel() const { return Combo1 + 1; }
+    void take(MemoryField field, std::string_view code);
+    void Timer2_Timer();
+    Rest takeAnswer();
+
+    CatLink& m_link;
+    MemoryList& m_list;
+    MemoryRecord m_fields;
+    std::map<MemoryField, Choice> m_choices;
+    std::unique_ptr<Timer> m_timer2;
+    bool m_followsList = false;
+    bool m_loading = false;  // many fields change, one command is composed
+    int m_currentRow = 0;    // of the list: where the answer goes
+    Connections m_connections;
+};
+
+}  // namespace korvex
