@@ -1,0 +1,58 @@
+#include "memory/MemoryListFiles.h"
+
+#include "memory/MemoryListFile.h"
+#include "platform/TextFile.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr std::string_view savePathKey = "SavePath3";
+constexpr std::string_view filter = "Flat File (*.mef)|*.mef|All Files (*.*)|*.*";
+constexpr std::string_view extension = "mef";
+
+}  // namespace
+
+MemoryListFiles::MemoryListFiles(MemoryList& list, Terminal& terminal, SettingsStore& settings, FileDialog& fileDialog,
+                                 const std::string& programFolder)
+    : txtPath(settings.get(applicationName, settingsSection, savePathKey, programFolder + "/files")),
+      m_list(list),
+      m_terminal(terminal),
+      m_settings(settings),
+      m_fileDialog(fileDialog) {}
+
+void MemoryListFiles::storePath() {
+    m_settings.save(applicationName, settingsSection, savePathKey, txtPath.get());
+}
+
+bool MemoryListFiles::askForFile(FileDialogRequest::Mode mode) {
+    const bool opens = mode == FileDialogRequest::Mode::Open;
+    const auto file = m_fileDialog.show({mode, opens ? "Load Memory File in to List" : "Save Memory List in to File",
+                                         std::string(filter), txtPath, std::string(extension)});
+    if (file) txtPath = *file;
+    return file.has_value();
+}
+
+TransferEnd MemoryListFiles::tell(const RuntimeError& error) {
+    m_terminal.tellFileError(error, {.pathNotFound = "Path wrong "});
+    return TransferEnd::FileFailed;
+}
+
+TransferEnd MemoryListFiles::loadListFile() {
+    if (!askForFile(FileDialogRequest::Mode::Open)) return TransferEnd::Cancelled;
+    const auto content = textfile::read(txtPath);
+    if (!content) return tell(content.error());
+    m_list.replaceAll(parseMemoryListFile(*content));
+    loaded.emit();
+    return TransferEnd::Done;
+}
+
+TransferEnd MemoryListFiles::saveListFile() {
+    const auto content = memoryListFileText(m_list);
+    if (!content) return tell(content.error());
+    if (!askForFile(FileDialogRequest::Mode::Save)) return TransferEnd::Cancelled;
+    if (const auto failure = textfile::write(txtPath, *content)) return tell(*failure);
+    return TransferEnd::Done;
+}
+
+}  // namespace korvex

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <memory>
+
+#include "cat/PhaseFlag.h"
+#include "memory/MemoryList.h"
+#include "memory/MemoryTables.h"
+#include "platform/Clock.h"
+#include "terminal/Terminal.h"
+#include "terminal/TransferEnd.h"
+
+namespace korvex {
+
+/// Reads all memory channels of the radio: one read command every 100 ms, whether or not the answer to the one before
+/// has come; answers are matched to commands by counting. A channel without data answers "?;", is counted and not kept.
+///
+///     sends    MR001;       MR002;  MR003;       ...  MR099;            -> complete with the 99th answer
+///     answers     MR001..;     ?;      MR003..;  ...                    -> 2 s of silence: "Communication faild "
+///
+/// Into a file (Timer7): the save dialog comes at the end. Into the list (Timer9): the port is closed at the end, then
+/// the list is filled. A radio slower than 10 answers a second is waited for.
+class MemoryReader {
+public:
+    MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table, MemoryList& list);
+
+    /// "Save Memories of  FT-2000". Nothing happens while a reading is going on: answers on their way would be counted
+    /// for the wrong channels.
+    void mnu_saveMem_Click() { start(m_toFile, "Save Memories of  FT-2000"); }
+    /// "Read Memories of FT-2000"; the same holds.
+    void mnu_MemSaveFromFT2000_Click() { start(m_toList, {}); }
+    /// Asks for a file name and writes what the last reading found.
+    void saveMemoryFile();
+
+    bool running() const { return m_toFile.timer->Enabled() || m_toList.timer->Enabled(); }
+    Signal<TransferEnd> ended;
+
+private:
+    /// Into the file or into the list: each has its own timer and tick flag, the counters are shared.
+    struct Reading {
+        ActiveOperation code;
+        std::unique_ptr<Timer> timer;
+        PhaseFlag phase;
+    };
+
+    void prepare(Reading& reading);
+    void start(Reading& reading, std::string_view caption);
+    void tick(Reading& reading);
+    void sendNext();
+    void waitForRest(Reading& reading);
+    void fail(Reading& reading);
+    void giveWay(Reading& reading);
+    Rest takeAnswer(Reading& reading);
+    void finish(Reading& reading);
+    void onPortClosed();
+
+    Terminal& m_terminal;
+    CatLink& m_link;
+    MemoryTable& m_table;
+    MemoryList& m_list;
+    const MemorySlots m_commands = makeMemoryReadCommands();
+    Reading m_toFile{ActiveOperation::ReadAllToFile, {}, {}};
+    Reading m_toList{ActiveOperation::ReadAllToList, {}, {}};
+    int m_sendIndex = 1;    // next command to send
+    int m_answerIndex = 1;  // command whose answer is expected next
+    int m_storeIndex = 1;   // next slot of the table to fill
+    int m_silentSteps = 0;  // since all commands are out, or since the last answer after that
+    Connections m_connections;
+};
+
+}  // namespace korvex
