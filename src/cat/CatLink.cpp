@@ -63,6 +63,8 @@ void CatLink::showOpened() {
     m_panels.Settings = "Settings: Port " + std::to_string(m_port.CommPort()) + ", " + m_port.Settings() + " ";
     if (m_indicators.memoryEditorVisible) m_indicators.memoryEditor = " RS232 open ";
     m_connectClock.start();
+    // What the last operation left behind would swallow the answer to the test.
+    setActiveOperation(ActiveOperation::Idle);
     m_commTest.start();
     opened.emit();
 }

@@ -36,17 +36,20 @@ const CodeList shiftTable{shifts, "012"};
 const CodeList clarifierTable{switches, "01"};
 const CodeList directionTable{directions, "+-"};
 
+std::string_view CodeList::label(int position) const {
+    return position >= 0 && position < size() ? labels[static_cast<std::size_t>(position)] : std::string_view{};
+}
+
 std::string CodeList::code(int position) const {
-    if (position < 0 || position >= static_cast<int>(labels.size())) return {};
-    if (codes.empty()) return zeroPadded(position, toneDigits);
-    return std::string(1, codes[static_cast<std::size_t>(position)]);
+    if (position < 0 || position >= size()) return {};
+    return codes.empty() ? zeroPadded(position, toneDigits) : std::string(1, codes[static_cast<std::size_t>(position)]);
 }
 
 std::optional<int> CodeList::position(std::string_view code) const {
     if (code.empty()) return 0;
     if (codes.empty()) {
         const auto number = parseWhole(code);
-        return number && *number >= 0 && *number < static_cast<int>(labels.size()) ? number : std::nullopt;
+        return number && *number >= 0 && *number < size() ? number : std::nullopt;
     }
     const auto found = code.size() == 1 ? codes.find(code) : std::string_view::npos;
     return found == std::string_view::npos ? std::nullopt : std::optional(static_cast<int>(found));

@@ -13,6 +13,9 @@ struct CodeList {
     std::span<const std::string_view> labels;
     std::string_view codes;  ///< one character for each label; empty: the code is the position with two digits
 
+    int size() const { return static_cast<int>(labels.size()); }
+    /// Empty for a position that the list does not have; `code` likewise.
+    std::string_view label(int position) const;
     std::string code(int position) const;
     /// An empty code is the first entry. Nothing for a code that the list does not have.
     std::optional<int> position(std::string_view code) const;

@@ -1,0 +1,170 @@
+#include "memory/MemoryList.h"
+
+#include <gtest/gtest.h>
+
+#include "memory/MemoryListFile.h"
+#include "memory/MemoryListWriter.h"
+
+namespace korvex {
+namespace {
+
+std::string line(int channel, const std::string& remark = {}) {
+    return "MW" + channelText(channel) + "14" + channelText(channel) + "000+000000200080;" + remark;
+}
+
+/// A list with these channels, remark "R" and the channel.
+MemoryList listOf(std::initializer_list<int> channels) {
+    std::map<int, MemoryRecord> records;
+    for (const int channel : channels) {
+        records[channel] = *parseMemoryString(line(channel, "R" + std::to_string(channel)));
+    }
+    MemoryList list;
+    list.replaceAll(records);
+    return list;
+}
+
+std::string channelAndRemark(const MemoryList& list, int row) {
+    return list.cell(row, MemoryField::Channel) + " " + list.cell(row, MemoryField::Remark);
+}
+
+bool rowIsEmpty(const MemoryList& list, int row) {
+    for (int col = 1; col < list.FlexGrid1.Cols(); ++col) {
+        if (!list.FlexGrid1.TextMatrix(row, col).empty()) return false;
+    }
+    return true;
+}
+
+TEST(MemoryList, OpensWithASampleThatIsNoChannel) {
+    const MemoryList list;
+    EXPECT_EQ(list.FlexGrid1.Rows(), 100);
+    EXPECT_EQ(list.FlexGrid1.Cols(), 13);
+    EXPECT_EQ(list.FlexGrid1.TextMatrix(0, 11), " Shift");
+    EXPECT_EQ(list.FlexGrid1.TextMatrix(99, 0), "99");
+    EXPECT_EQ(list.cell(1, MemoryField::ToneNumber), "01");
+    EXPECT_FALSE(memoryListCommand(list, 1));
+    const auto text = memoryListFileText(list);
+    EXPECT_EQ(*text, "MW0+000000100010;Test\r\n\r\n");
+    EXPECT_TRUE(parseMemoryListFile(*text).empty());
+}
+
+TEST(MemoryList, InsertsAndDeletesRowsAndRenumbersWhatIsFilled) {
+    auto list = listOf({1, 2, 4, 99});
+    list.insertRow(2);
+    EXPECT_EQ(channelAndRemark(list, 1), "001 R1");
+    EXPECT_TRUE(rowIsEmpty(list, 2));
+    EXPECT_EQ(channelAndRemark(list, 3), "003 R2");
+    EXPECT_TRUE(rowIsEmpty(list, 4));
+    EXPECT_EQ(channelAndRemark(list, 5), "005 R4");
+    EXPECT_TRUE(rowIsEmpty(list, 99));
+    EXPECT_EQ(list.FlexGrid1.TextMatrix(5, 0), "5");
+
+    list.deleteRow(2);
+    EXPECT_EQ(channelAndRemark(list, 2), "002 R2");
+    EXPECT_EQ(channelAndRemark(list, 4), "004 R4");
+
+    auto last = listOf({98, 99});
+    last.insertRow(99);
+    EXPECT_EQ(channelAndRemark(last, 98), "098 R98");
+    EXPECT_TRUE(rowIsEmpty(last, 99));
+    last.deleteRow(1);
+    EXPECT_EQ(channelAndRemark(last, 97), "097 R98");
+    last.insertRow(0);  // the header's row is no channel
+    last.deleteRow(0);
+    EXPECT_EQ(channelAndRemark(last, 97), "097 R98");
+}
+
+TEST(MemoryList, CopiesByPopUpAndKeysAndMarksWhatThePopUpTouches) {
+    auto list = listOf({5, 7});
+    list.FlexGrid1.setCurrent(12, 1);
+    list.FlexGrid1_KeyDown('v');  // nothing copied yet
+    EXPECT_TRUE(rowIsEmpty(list, 12));
+
+    list.FlexGrid1.setCurrent(5, 1);
+    list.List1_Click(3);
+    EXPECT_EQ(list.FlexGrid1.CellBackColor(5, 12), 65535);
+    EXPECT_FALSE(list.FlexGrid1.CellBackColor(5, 0));
+    list.FlexGrid1.setCurrent(12, 3);
+    list.List1_Click(4);
+    EXPECT_EQ(channelAndRemark(list, 12), "012 R5");
+
+    list.FlexGrid1.setCurrent(7, 1);
+    list.FlexGrid1_KeyDown('C');
+    EXPECT_FALSE(list.FlexGrid1.CellBackColor(7, 1));
+    list.FlexGrid1.setCurrent(13, 1);
+    list.FlexGrid1_KeyDown('x');
+    list.FlexGrid1_KeyDown('v');
+    EXPECT_EQ(channelAndRemark(list, 13), "013 R7");
+
+    list.List1_Click(0);
+    EXPECT_TRUE(rowIsEmpty(list, 13));
+    EXPECT_EQ(list.FlexGrid1.CellBackColor(13, 1), 65535);
+    list.FlexGrid1_KeyDown('V');  // what was emptied did not take the copied row's place
+    EXPECT_EQ(channelAndRemark(list, 13), "013 R7");
+}
+
+TEST(MemoryList, FillsFromTheTableInOneRedrawAndKeepsOtherRows) {
+    auto list = listOf({5, 6});
+    MemoryTable table;
+    table.set(1, "MR00514250000+000000200080;");
+    table.set(2, "MR00814250000+000000200080;");
+    table.set(3, "MR008too short");
+    table.set(4, "MR00818000000+000000200080;");  // left over from an earlier, longer reading
+    table.set(5, "MR00018000000+000000200080;");
+    int redraws = 0;
+    int cells = 0;
+    const auto all = list.FlexGrid1.allChanged.connect([&] { ++redraws; });
+    const auto one = list.FlexGrid1.cellChanged.connect([&](int, int) { ++cells; });
+    list.fillListFromMemoryTable(table);
+    EXPECT_EQ(redraws, 1);
+    EXPECT_EQ(cells, 0);
+    EXPECT_EQ(channelAndRemark(list, 5), "005 ");
+    EXPECT_EQ(channelAndRemark(list, 6), "006 R6");
+    EXPECT_EQ(list.cell(8, MemoryField::Frequency), "18000000");
+    EXPECT_EQ(list.FlexGrid1.TextMatrix(0, 1), "Cha");
+}
+
+TEST(MemoryListFile, KeepsEveryWindows1252RemarkAndTellsWhatItCannotKeep) {
+    auto list = listOf({3, 17});
+    list.setCell(3, MemoryField::Remark, "Düsseldorf 21° €");
+    const auto text = memoryListFileText(list);
+    EXPECT_EQ(*text, line(3, "D\xFCsseldorf 21\xB0 \x80") + "\r\n" + line(17, "R17") + "\r\n\r\n");
+    MemoryList again;
+    again.replaceAll(parseMemoryListFile(*text));
+    EXPECT_EQ(channelAndRemark(again, 3), "003 Düsseldorf 21° €");
+    EXPECT_TRUE(rowIsEmpty(again, 1));
+    EXPECT_EQ(*memoryListFileText(again), *text);
+
+    list.setCell(17, MemoryField::Remark, "Ω");
+    ASSERT_FALSE(memoryListFileText(list));
+    EXPECT_NE(memoryListFileText(list).error().text.find("channel 017: the character \"Ω\""), std::string::npos);
+    list.setCell(17, MemoryField::Remark, "two\nlines");
+    EXPECT_FALSE(memoryListFileText(list));
+}
+
+TEST(MemoryListFile, ReadsHostileFilesWithoutHarm) {
+    std::string content = line(5, "first") + "\r\n" + line(0) + "\n" + line(100) + "\r" + line(5, "last, cut here") +
+                          "\r\n\r\nshort\r\n" + line(6, std::string("nul\0byte", 8)) + "\r\n" +
+                          line(7, std::string(1'000'000, 'x')) + "\r\n";
+    for (int i = 0; i < 100'000; ++i) content += line(8) + "\r\n";
+    content += line(9, "no line end");
+    const auto records = parseMemoryListFile(content);
+    EXPECT_EQ(records.size(), 5U);
+    EXPECT_EQ(records.at(5)[MemoryField::Remark], "last");
+    EXPECT_EQ(records.at(6)[MemoryField::Remark].size(), 8U);
+    EXPECT_EQ(records.at(7)[MemoryField::Remark].size(), 1'000'000U);
+    EXPECT_EQ(records.at(9)[MemoryField::Remark], "no line end");
+}
+
+TEST(MemoryListWriter, SendsOnlyRowsThatAreTheirOwnChannel) {
+    auto list = listOf({5, 6, 7, 8});
+    EXPECT_EQ(memoryListCommand(list, 5), line(5));
+    EXPECT_FALSE(memoryListCommand(list, 9));
+    list.setCell(5, MemoryField::Frequency, "00000000");
+    list.setCell(6, MemoryField::Channel, "007");
+    list.setCell(7, MemoryField::Frequency, "14x50000");
+    list.setCell(8, MemoryField::ClarifierOffset, ";TX1");
+    for (const int row : {5, 6, 7, 8}) EXPECT_FALSE(memoryListCommand(list, row)) << row;
+}
+
+}  // namespace
+}  // namespace korvex

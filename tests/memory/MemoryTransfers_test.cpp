@@ -1,0 +1,227 @@
+#include "MemoryBench.h"
+
+namespace korvex {
+namespace {
+
+using Ends = std::vector<TransferEnd>;
+
+/// What the radio was sent so far, as the transmit display shows it, in one line.
+std::string sentIn(CatLink& link) {
+    std::string text = link.sent().text();
+    std::erase(text, '\r');
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
+TEST_F(MemoryBench, ReadsIntoAFileAtTenCommandsASecond) {
+    openPort();
+    memory.reader.mnu_saveMem_Click();
+    EXPECT_EQ(progress.caption.get(), "Save Memories of  FT-2000");
+    EXPECT_EQ(progress.maximum.get(), 101);
+    EXPECT_TRUE(progress.visible);
+    clock.advance(49);
+    EXPECT_EQ(sentIn(link), "");
+    clock.advance(1);
+    EXPECT_EQ(sentIn(link), "MR001; ");
+    clock.advance(99);
+    EXPECT_EQ(sentIn(link), "MR001; ");
+    clock.advance(1);
+    EXPECT_EQ(sentIn(link), "MR001; MR002; ");
+    EXPECT_EQ(link.panels().Error.get(), "Reading Memory 2");
+    memory.reader.mnu_saveMem_Click();  // a second start changes nothing
+    memory.reader.mnu_MemSaveFromFT2000_Click();
+    EXPECT_EQ(progress.value.get(), 2);
+
+    fileDialog.choose(path("all.mem"));
+    ASSERT_TRUE(endsWithin(10'000));
+    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    std::string expected;
+    for (int channel = 1; channel <= 99; ++channel) {
+        if (!record(channel).empty()) expected += "MR" + channelText(channel) + record(channel) + ";\r\n";
+    }
+    EXPECT_EQ(contentOf("all.mem"), expected);
+    EXPECT_EQ(link.panels().Error.get(), "Terminated");
+    EXPECT_EQ(link.activeOperation(), ActiveOperation::Idle);
+    EXPECT_FALSE(progress.visible);
+    EXPECT_EQ(terminal.txtPath.get(), path("all.mem"));
+    EXPECT_EQ(fileDialog.shown[0].title, "Save FT-2000 Memory");
+    EXPECT_EQ(fileDialog.shown[0].filter, "Flat File (*.mem)|*.mem|All Files (*.*)|*.*");
+    // The table is packed: an empty channel takes no slot.
+    EXPECT_EQ(memory.table[6].substr(0, 5), "MR007");
+}
+
+TEST_F(MemoryBench, ARadioWithoutMemoriesGivesAnEmptyFile) {
+    for (auto& channel : ports.radio().state.memories) channel.reset();
+    openPort();
+    memory.reader.mnu_saveMem_Click();
+    fileDialog.choose(path("none.mem"));
+    ASSERT_TRUE(endsWithin(11'000));
+    EXPECT_EQ(contentOf("none.mem"), "");
+}
+
+TEST_F(MemoryBench, WaitsForASlowRadioAndIsNotMisledByNews) {
+    openPort();
+    ports.faults().slowMs = 900;
+    ports.faults().unasked = true;
+    ports.faults().garbage = true;
+    ports.faults().split = true;
+    memory.reader.mnu_saveMem_Click();
+    fileDialog.choose(path("slow.mem"));
+    ASSERT_TRUE(endsWithin(30'000));
+    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    EXPECT_TRUE(contentOf("slow.mem").ends_with("MR09918068000+000000300490;\r\n"));
+}
+
+TEST_F(MemoryBench, AnAnswerThatIsMissingWritesNoFile) {
+    openPort();
+    ports.faults().deafOnce = 50;
+    memory.reader.mnu_saveMem_Click();
+    ASSERT_TRUE(endsWithin(13'000));
+    EXPECT_EQ(ends, Ends{TransferEnd::NoAnswer});
+    EXPECT_EQ(link.panels().Error.get(), "Communication faild ");
+    EXPECT_FALSE(progress.visible);
+    EXPECT_TRUE(sentIn(link).ends_with("MR099; "));
+}
+
+TEST_F(MemoryBench, ReadsIntoTheListAndClosesThePort) {
+    openPort();
+    memory.reader.mnu_MemSaveFromFT2000_Click();
+    ASSERT_TRUE(endsWithin(11'000));
+    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    EXPECT_FALSE(link.PortOpen());
+    EXPECT_EQ(memory.list.cell(99, MemoryField::Frequency), "18068000");
+    EXPECT_FALSE(memory.list.filled(6));
+    // The next communication test must see its answer.
+    link.togglePort();
+    clock.advance(1200);
+    EXPECT_NE(link.received().text().find("  Communication OK  "), std::string::npos);
+}
+
+TEST_F(MemoryBench, ClosingThePortInTheMiddleEndsEveryTransferForGood) {
+    write("some.mem", "MR00114250000+000000200080;\r\nMR00314250000+000000200080;\r\nMR00414250000+000000200080;\r\n");
+    const std::vector<std::function<void()>> starts = {
+        [this] { memory.reader.mnu_saveMem_Click(); },
+        [this] { memory.reader.mnu_MemSaveFromFT2000_Click(); },
+        [this] { fileDialog.choose(path("some.mem")), memory.restorer.mnu_restMem_Click(); },
+        [this] { memory.listWriter.mnu_MemRestoreTOFT2000_Click(); },
+    };
+    for (const bool unplugged : {false, true}) {
+        for (std::size_t i = 0; i < starts.size(); ++i) {
+            openPort();
+            ends.clear();
+            starts[i]();
+            clock.advance(160);
+            if (unplugged) {
+                msgBox.foresee("");
+                ports.unplug();
+                clock.advance(1);
+                ports.plugIn();
+            } else {
+                link.togglePort();
+            }
+            EXPECT_FALSE(progress.visible);
+            const int obeyed = ports.radio().timesSet;
+            link.togglePort();  // at once, while a timer could still be running
+            clock.advance(20'000);
+            EXPECT_EQ(ends, Ends{TransferEnd::PortClosed}) << i;
+            EXPECT_EQ(sentIn(link), i == 3 ? "Failure Port  " : "") << i;
+            EXPECT_EQ(ports.radio().timesSet, obeyed) << i;
+            link.togglePort();
+        }
+    }
+}
+
+TEST_F(MemoryBench, RestoresAFileLineByLine) {
+    openPort();
+    ports.radio().state.memories[1].reset();
+    write("two.mem", "MR00114250000+000000200080;\r\nMR00307040000-123411300080;");
+    fileDialog.choose(path("two.mem"));
+    memory.restorer.mnu_restMem_Click();
+    EXPECT_EQ(progress.caption.get(), "Restore Memories to FT2000");
+    clock.advance(100);
+    EXPECT_EQ(sentIn(link), "MW00114250000+000000200080; ");
+    EXPECT_EQ(terminal.Text2.get(), "MR00114250000+000000200080;");
+    clock.advance(99);
+    EXPECT_EQ(ends, Ends{});
+    clock.advance(1);
+    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    EXPECT_EQ(sentIn(link), "MW00114250000+000000200080; MW00307040000-123411300080; Terminated ");
+    EXPECT_EQ(link.received().text(), "MR00114250000+000000200080;\r\nMR00307040000-123411300080;\r\n");
+    EXPECT_EQ(progress.value.get(), 3);
+    EXPECT_EQ(link.activeOperation(), ActiveOperation::Idle);
+    clock.advance(100);
+    EXPECT_EQ(record(1), "14250000+000000200080");
+    EXPECT_EQ(record(3), "07040000-123411300080");
+}
+
+TEST_F(MemoryBench, RestoreTellsFilesThatItCannotUse) {
+    openPort();
+    link.panels().Error = "old";
+    fileDialog.cancel();
+    memory.restorer.mnu_restMem_Click();
+    EXPECT_EQ(link.panels().Error.get(), "");
+
+    fileDialog.choose(path("missing.mem"));
+    msgBox.foresee("missing.mem");
+    memory.restorer.mnu_restMem_Click();
+    EXPECT_EQ(msgBox.shown.back().title, "File not found");
+    fileDialog.choose(path("no folder/x.mem"));
+    msgBox.foresee("");
+    memory.restorer.mnu_restMem_Click();
+    EXPECT_EQ(msgBox.shown.back().title, "Path wrong");
+
+    write("empty.mem", "");
+    memory.table.set(1, "MR00114250000+000000200080;");  // from an earlier reading: not to be sent
+    fileDialog.choose(path("empty.mem"));
+    memory.restorer.mnu_restMem_Click();
+    clock.advance(200);
+    EXPECT_EQ(ends.back(), TransferEnd::Done);
+    EXPECT_EQ(sentIn(link), "Terminated ");
+
+    link.togglePort();
+    write("one.mem", "MR00914250000+000000200080;\r\n");
+    fileDialog.choose(path("one.mem"));
+    memory.restorer.mnu_restMem_Click();
+    EXPECT_EQ(memory.table[1], "MR00914250000+000000200080;");
+    EXPECT_FALSE(progress.visible);
+    EXPECT_FALSE(memory.restorer.running());
+}
+
+TEST_F(MemoryBench, WritesTheListARowEveryHalfSecond) {
+    memory.list.replaceAll({{1, *parseMemoryString("MW00114250000+000000200080;one")},
+                            {3, *parseMemoryString("MW00307040000+000000300080;three")}});
+    memory.listWriter.mnu_MemRestoreTOFT2000_Click();  // closed: nothing
+    EXPECT_FALSE(memory.listWriter.running());
+    openPort();
+    memory.listWriter.mnu_MemRestoreTOFT2000_Click();
+    clock.advance(499);
+    EXPECT_EQ(sentIn(link), "");
+    clock.advance(1);
+    EXPECT_EQ(sentIn(link), "MW00114250000+000000200080; ");
+    clock.advance(500);
+    EXPECT_EQ(link.panels().Error.get(), "Writing Memory 2");
+    clock.advance(500);
+    EXPECT_EQ(sentIn(link), "MW00114250000+000000200080; MW00307040000+000000300080; ");
+    EXPECT_EQ(progress.value.get(), 3);
+    clock.advance(96 * 500 - 1);
+    EXPECT_EQ(ends, Ends{});
+    clock.advance(1);
+    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    EXPECT_EQ(link.panels().Error.get(), "Terminated");
+    EXPECT_EQ(record(1), "14250000+000000200080");
+    EXPECT_EQ(record(3), "07040000+000000300080");
+}
+
+TEST_F(MemoryBench, AnotherOperationTakesTheAnswersOver) {
+    openPort();
+    memory.reader.mnu_saveMem_Click();
+    clock.advance(500);
+    memory.editor.cmd3_Click();
+    clock.advance(500);
+    EXPECT_EQ(ends, Ends{TransferEnd::NoAnswer});
+    EXPECT_FALSE(progress.visible);
+    EXPECT_EQ(memory.list.cell(1, MemoryField::Frequency), "14074000");
+}
+
+}  // namespace
+}  // namespace korvex
