@@ -5,6 +5,10 @@ function(korvex_qt_target target)
   target_link_libraries(${target} PRIVATE korvex_warnings)
   target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
   set_target_properties(${target} PROPERTIES AUTOMOC ON)
+  # moc looks again when the list of sources changes; left alone it misses files that a glob has newly found.
+  get_target_property(sources ${target} SOURCES)
+  file(CONFIGURE OUTPUT ${target}_sources.txt CONTENT "${sources}")
+  set_property(TARGET ${target} APPEND PROPERTY AUTOGEN_TARGET_DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/${target}_sources.txt)
 endfunction()
 
 # The interfaces of platform/ on Qt without any window; korvexctl needs no more.
