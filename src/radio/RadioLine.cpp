@@ -155,13 +155,17 @@ std::string RadioLine::takeDue(double nowMs) {
     return out;
 }
 
+void RadioLine::plugIn() {
+    m_goneAt.reset();
+    faults.unplugged.reset();
+}
+
 void RadioLine::clear() {
     m_cutter.drop();
     m_line.clear();
     m_held.clear();
     m_heldAnswers = 0;
     m_lineFreeAt = 0;
-    m_goneAt.reset();
 }
 
 std::string RadioLine::noise() {

@@ -35,6 +35,8 @@ public:
     /// The plug was pulled and the last answer before it has come out.
     bool isUnplugged(double nowMs) const { return m_goneAt && nowMs >= *m_goneAt; }
 
+    void plugIn();
+
     /// A program has left the line: nothing of what was under way will reach the next one.
     void clear();
 

@@ -33,6 +33,7 @@ Failure SimulatedDevice::open(const LineSettings& settings, Handshaking) {
     m_open = m_cable.isOpen = true;
     m_rts = m_dtr = false;
     m_cable.line.characterTimeMs = m_cable.idealLine ? 0 : settings.characterTime();
+    arm();
     return {};
 }
 

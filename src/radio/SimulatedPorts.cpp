@@ -37,7 +37,7 @@ void SimulatedPorts::unplug() {
 
 void SimulatedPorts::plugIn() {
     cable.pluggedIn = true;
-    faults().unplugged.reset();
+    cable.line.plugIn();
 }
 
 std::unique_ptr<SerialDevice> SimulatedPorts::makeDevice(int number) {

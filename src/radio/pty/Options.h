@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/RuntimeError.h"
+#include "radio/Faults.h"
+
+namespace korvex::pty {
+
+struct Options {
+    std::string link;       ///< a second name for the device; empty: none
+    std::string stateFile;  ///< empty: nothing is kept
+    std::string logFile;    ///< empty: no log
+    int turnaroundMs = 30;
+    Faults faults;
+    bool help = false;
+};
+
+/// Reads the command line's arguments; the failure's text says which one is wrong.
+Result<Options> parseOptions(const std::vector<std::string>& arguments);
+
+std::string helpText();
+
+}  // namespace korvex::pty

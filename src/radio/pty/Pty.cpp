@@ -1,0 +1,124 @@
+#include "radio/pty/Pty.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <stdlib.h>
+#include <sys/inotify.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <termios.h>
+#include <unistd.h>
+
+namespace korvex::pty {
+
+namespace {
+
+RuntimeError systemFailure(const std::string& what) {
+    return {errors::DeviceIo, what + ": " + std::generic_category().message(errno)};
+}
+
+void makeRaw(int terminal) {
+    termios settings{};
+    if (tcgetattr(terminal, &settings) != 0) return;
+    cfmakeraw(&settings);
+    tcsetattr(terminal, TCSANOW, &settings);
+}
+
+std::string linkTarget(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::read_symlink(path, ignored).string();
+}
+
+}  // namespace
+
+Pty::~Pty() {
+    removeLink();
+    for (const int descriptor : {m_watch, m_slave, m_master}) {
+        if (descriptor >= 0) ::close(descriptor);
+    }
+}
+
+Failure Pty::open() {
+    m_master = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (m_master < 0) return systemFailure("No pseudo terminal");
+    std::array<char, 128> name{};
+    if (grantpt(m_master) != 0 || unlockpt(m_master) != 0 || ptsname_r(m_master, name.data(), name.size()) != 0) {
+        return systemFailure("No pseudo terminal");
+    }
+    m_deviceName = name.data();
+    m_slave = ::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (m_slave < 0) return systemFailure(m_deviceName);
+    makeRaw(m_slave);
+    // Without a watch the device works as well; only what a program leaves behind is not cleared away.
+    m_watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    if (m_watch >= 0) inotify_add_watch(m_watch, name.data(), IN_OPEN | IN_CLOSE);
+    return {};
+}
+
+Failure Pty::makeLink(const std::string& path) {
+    struct stat status {};
+    const bool exists = ::lstat(path.c_str(), &status) == 0;
+    if (exists && !S_ISLNK(status.st_mode)) {
+        return RuntimeError{errors::PathFileAccess, path + " is there already and is no symbolic link."};
+    }
+    const std::string beside = path + "." + std::to_string(::getpid());
+    if (::symlink(m_deviceName.c_str(), beside.c_str()) != 0) return systemFailure(path);
+    if (::rename(beside.c_str(), path.c_str()) != 0) {
+        const auto failure = systemFailure(path);
+        ::unlink(beside.c_str());
+        return failure;
+    }
+    m_link = path;
+    return {};
+}
+
+void Pty::removeLink() {
+    if (!m_link.empty() && linkTarget(m_link) == m_deviceName) ::unlink(m_link.c_str());
+}
+
+std::string Pty::read() {
+    std::array<char, 4096> buffer{};
+    const auto got = ::read(m_master, buffer.data(), buffer.size());
+    return got > 0 ? std::string(buffer.data(), static_cast<std::size_t>(got)) : std::string();
+}
+
+/// What nobody reads is lost once the line's buffer is full, as on a real line.
+void Pty::write(std::string_view text) {
+    while (!text.empty()) {
+        const auto written = ::write(m_master, text.data(), text.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return;
+        text.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+Pty::Users Pty::users() {
+    Users users;
+    alignas(inotify_event) std::array<char, 4096> buffer{};
+    for (;;) {
+        const auto got = ::read(m_watch, buffer.data(), buffer.size());
+        if (got <= 0) break;
+        for (std::size_t at = 0; at < static_cast<std::size_t>(got);) {
+            inotify_event event{};
+            std::memcpy(&event, buffer.data() + at, sizeof event);
+            at += sizeof event + event.len;
+            m_users = std::max(0, m_users + ((event.mask & IN_OPEN) != 0 ? 1 : -1));
+            users.lastOneLeft = users.lastOneLeft || m_users == 0;
+        }
+    }
+    users.anyNow = m_users > 0;
+    return users;
+}
+
+void Pty::freshen() {
+    tcflush(m_slave, TCIFLUSH);
+    ioctl(m_slave, TIOCNXCL);
+    makeRaw(m_slave);
+}
+
+}  // namespace korvex::pty

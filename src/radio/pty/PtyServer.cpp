@@ -1,0 +1,91 @@
+#include "radio/pty/PtyServer.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <poll.h>
+
+namespace korvex::pty {
+
+namespace {
+
+double steadyMs() {
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+timespec asTimespec(double ms) {
+    const double wait = std::max(ms, 0.0);
+    timespec spec{};
+    spec.tv_sec = static_cast<time_t>(wait / 1000);
+    spec.tv_nsec = static_cast<long>(std::fmod(wait, 1000) * 1e6);
+    return spec;
+}
+
+void tell(const Failure& failure) {
+    if (failure) std::fprintf(stderr, "ft2000sim: %s\n", failure->text.c_str());
+}
+
+}  // namespace
+
+PtyServer::PtyServer(const Options& options)
+    : m_options(options), m_stateFile(m_radio, options.stateFile), m_startMs(steadyMs()) {
+    m_line.faults = options.faults;
+    m_line.turnaroundMs = options.turnaroundMs;
+}
+
+double PtyServer::now() const {
+    return steadyMs() - m_startMs;
+}
+
+Failure PtyServer::start() {
+    if (auto failure = m_stateFile.load()) return failure;
+    if (!m_options.logFile.empty()) {
+        if (auto failure = m_log.open(m_options.logFile)) return failure;
+    }
+    if (auto failure = m_pty.open()) return failure;
+    if (!m_options.link.empty()) {
+        if (auto failure = m_pty.makeLink(m_options.link)) return failure;
+    }
+    std::printf("%s\n", m_pty.deviceName().c_str());
+    std::fflush(stdout);
+    return {};
+}
+
+void PtyServer::serve(const volatile std::sig_atomic_t& ended, const sigset_t& whileWaiting) {
+    while (ended == 0 && !m_line.isUnplugged(now())) {
+        waitForSomething(whileWaiting);
+        exchange();
+        tell(m_stateFile.writeIfDue(now()));
+    }
+}
+
+void PtyServer::waitForSomething(const sigset_t& whileWaiting) {
+    auto due = m_line.nextDue();
+    if (const auto save = m_stateFile.nextDue()) due = due ? std::min(*due, *save) : save;
+    const timespec wait = asTimespec(due ? *due - now() : 0);
+    std::array<pollfd, 2> watched = {{{m_pty.readable(), POLLIN, 0}, {m_pty.usersWatch(), POLLIN, 0}}};
+    ::ppoll(watched.data(), watched.size(), due ? &wait : nullptr, &whileWaiting);
+}
+
+void PtyServer::exchange() {
+    // What a program has set before it left counts; answers to it must not reach the next program.
+    const auto users = m_pty.users();
+    if (users.lastOneLeft && users.anyNow) forgetProgram();
+    const std::string heard = m_pty.read();
+    m_log.write(now(), '<', heard);
+    m_line.hear(now(), heard);
+    if (users.lastOneLeft && !users.anyNow) forgetProgram();
+    m_stateFile.lookForChanges(now());
+    const std::string answers = m_line.takeDue(now());
+    m_log.write(now(), '>', answers);
+    m_pty.write(answers);
+}
+
+void PtyServer::forgetProgram() {
+    m_line.clear();
+    m_pty.freshen();
+}
+
+}  // namespace korvex::pty

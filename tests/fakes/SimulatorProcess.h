@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+namespace korvex::fakes {
+
+/// The program ft2000sim, running on its own; it is ended with this object.
+class SimulatorProcess {
+public:
+    /// Starts the program at `binary` and waits for the name of its device. When that fails, device() is empty.
+    explicit SimulatorProcess(const std::string& binary, const std::vector<std::string>& arguments = {});
+    ~SimulatorProcess();
+    SimulatorProcess(const SimulatorProcess&) = delete;
+    SimulatorProcess& operator=(const SimulatorProcess&) = delete;
+
+    /// The pseudo terminal that programs open, for example "/dev/pts/3".
+    const std::string& device() const { return m_device; }
+
+    /// Ends it as a user would and gives its exit status; -1 when it did not end by itself or was not running.
+    int end();
+
+    /// Waits until it ends without being told to, as after a fault that unplugs it; its exit status, -1 after
+    /// `limitMs`.
+    int waitForEnd(int limitMs);
+
+private:
+    std::string readFirstLine(int from);
+
+    pid_t m_pid = -1;
+    int m_output = -1;
+    std::string m_device;
+};
+
+}  // namespace korvex::fakes
