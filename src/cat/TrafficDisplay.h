@@ -32,6 +32,8 @@ public:
     };
     /// What the view lacks; from now on it counts as shown.
     Update takeUpdate();
+    /// The view has lost what it showed: the next update replaces all.
+    void forgetShown() { m_replaceAll = true; }
 
     /// The view is out of date; told once until it has taken the update.
     Signal<> outdated;

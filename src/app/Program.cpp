@@ -1,0 +1,84 @@
+#include "app/Program.h"
+
+#include <utility>
+
+#include "app/HelpPage.h"
+
+namespace korvex {
+
+Program::Program(Machine machine)
+    : MSComm1(machine.ports),
+      link(MSComm1, machine.clock, machine.msgBox, progress),
+      terminal({link, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.shell, windows,
+                machine.programFolder}),
+      menuReader(terminal, machine.clock, menuCommandTable),
+      menuWriter(terminal, machine.clock, menuCommandTable),
+      startWindow(machine.clock, startWindowCalls()),
+      m_machine(std::move(machine)) {
+    announceTools();
+}
+
+PortSettings Program::makePortSettings() {
+    return {link, m_machine.ports, m_machine.settings, m_machine.msgBox, terminal.echo};
+}
+
+StartWindowCalls Program::startWindowCalls() {
+    return {
+        .closeEqualizerPort = [] {},
+        .hideTools = [this] { windows.hideAll(); },
+        .openTool = [this](int tool) { openTool(tool); },
+        .openHelp =
+            [this] {
+                // The page or the browser missing is the browser's to tell.
+                static_cast<void>(m_machine.shell.openBrowser(helpPage(m_machine.programFolder).string()));
+            },
+        .unloadOtherWindows = [this] { return end(); },
+    };
+}
+
+WindowState* Program::toolWindow(int tool) {
+    switch (tool) {
+        case StartWindow::MemoryManager: return &windows.memoryEditor;
+        case StartWindow::MenuManager: return &windows.menuManager;
+        case StartWindow::Equalizer: return &windows.equalizer;
+        case StartWindow::BandStack: return &windows.bandStack;
+        case StartWindow::Keyer: return &windows.keyer;
+        default: return &windows.terminal;
+    }
+}
+
+void Program::announceTools() {
+    windows.terminal.available = true;
+    for (int tool = 0; tool < StartWindow::toolCount; ++tool) {
+        m_connections += toolWindow(tool)->available.bind(
+            [this, tool](bool available) { startWindow.enabled.at(static_cast<std::size_t>(tool)) = available; });
+    }
+}
+
+void Program::openTool(int tool) {
+    terminal.Form_Load();
+    if (tool == StartWindow::Equalizer) {
+        terminal.mnu_equalizer_Click();
+        return;
+    }
+    switch (tool) {
+        case StartWindow::MemoryManager: terminal.mnu_memory_Click(); break;
+        case StartWindow::MenuManager: terminal.mnu_description_Click(); break;
+        case StartWindow::BandStack: terminal.mnu_bandStack_Click(); break;
+        case StartWindow::Keyer: terminal.mnu_keyer_Click(); break;
+        default: break;
+    }
+    windows.terminal.show();
+    // The picked tool lies above the terminal that came with it.
+    WindowState* picked = toolWindow(tool);
+    if (picked != &windows.terminal) picked->restored.emit();
+}
+
+bool Program::end() {
+    if (!terminal.Form_Unload()) return false;
+    unloadingWindows.emit();
+    ended.emit();
+    return true;
+}
+
+}  // namespace korvex

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/StartWindow.h"
+#include "cat/CatLink.h"
+#include "cat/PortSettings.h"
+#include "menu/MenuCommandTable.h"
+#include "menu/MenuReader.h"
+#include "menu/MenuWriter.h"
+#include "platform/Clock.h"
+#include "platform/FileDialog.h"
+#include "platform/MSComm.h"
+#include "platform/MsgBox.h"
+#include "platform/ProgressWindow.h"
+#include "platform/SerialDevice.h"
+#include "platform/SettingsStore.h"
+#include "platform/Shell.h"
+#include "terminal/Terminal.h"
+#include "terminal/ToolWindows.h"
+
+namespace korvex {
+
+/// The machine that the program runs on: real, or played by a test.
+struct Machine {
+    Clock& clock;
+    SerialPorts& ports;
+    SettingsStore& settings;
+    FileDialog& fileDialog;
+    MsgBox& msgBox;
+    Shell& shell;
+    std::string programFolder;  ///< UTF-8; holds `files`, `helpfile` and the description database
+};
+
+/// Makes the parts of the program and introduces them to each other. It owns all logic; windows are made by whoever
+/// shows them, and korvexctl uses the same object without any.
+class Program {
+public:
+    explicit Program(Machine machine);
+
+    Machine& machine() { return m_machine; }
+
+    ToolWindows windows;
+    ProgressWindow progress;
+    MSComm MSComm1;
+    CatLink link;
+    Terminal terminal;
+    MenuCommandTable menuCommandTable;
+    MenuReader menuReader;
+    MenuWriter menuWriter;
+    StartWindow startWindow;
+
+    /// The logic of one opening of the port settings dialog.
+    PortSettings makePortSettings();
+
+    /// Ends the program: output drains, the port closes, every window is unloaded. False when the user stays.
+    bool end();
+    Signal<> unloadingWindows;  ///< windows store their places, the last loaded first
+    Signal<> ended;
+
+private:
+    StartWindowCalls startWindowCalls();
+    void announceTools();
+    WindowState* toolWindow(int tool);
+    void openTool(int tool);
+
+    Machine m_machine;
+    Connections m_connections;
+};
+
+}  // namespace korvex

@@ -1,0 +1,19 @@
+#include "app/ui/PanelLabel.h"
+
+namespace korvex {
+
+PanelLabel::PanelLabel(Property<std::string>& text, const QString& objectName, const QString& meaning, QWidget* parent)
+    : QLabel(parent), m_meaning(meaning) {
+    setObjectName(objectName);
+    setTextFormat(Qt::PlainText);
+    setAccessibleDescription(meaning);
+    m_binding = text.bind([this](const std::string& value) { showText(value); });
+}
+
+void PanelLabel::showText(const std::string& text) {
+    const QString shown = QString::fromStdString(text);
+    setText(shown);
+    setAccessibleName(shown.trimmed().isEmpty() ? m_meaning : QString());
+}
+
+}  // namespace korvex
