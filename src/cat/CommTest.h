@@ -27,7 +27,7 @@ private:
     MSComm& m_port;
     TrafficDisplay& m_received;
     std::unique_ptr<Timer> m_timer5;
-    PhaseFlag m_testTick;  // kept across tests: the verdict comes 500 ms after one, 1000 ms after the next
+    PhaseFlag m_testTick;  // kept across tests: the first verdict comes after 500 ms, later ones after 1000
     Connections m_connections;
 };
 

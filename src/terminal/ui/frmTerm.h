@@ -4,8 +4,6 @@
 #include <functional>
 
 #include "app/ui/ToolWindow.h"
-#include "menu/MenuReader.h"
-#include "menu/MenuWriter.h"
 #include "terminal/Terminal.h"
 
 class QMenu;

@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include "fakes/ProgramBench.h"
+#include "fakes/ScriptedDevice.h"
+
+namespace korvex {
+namespace {
+
+class LinkTest : public testing::Test {
+protected:
+    using Bench = fakes::ProgramBench<fakes::ScriptedPorts>;
+    Bench bench;
+    CatLink& link = bench.program.link;
+    fakes::ScriptedLine& line = bench.ports.plug(1);
+};
+
+TEST_F(LinkTest, OpeningTestsTheCommunicationAndShowsThePortEverywhere) {
+    line.answer = [](std::string_view) { return "FA14250000;"; };
+    link.indicators().memoryEditorVisible = true;
+    bench.program.terminal.Form_Load();
+    link.togglePort();
+    EXPECT_EQ(line.story(), "0 FA;\r\n");
+    EXPECT_FALSE(line.rts);
+    EXPECT_FALSE(line.dtr);
+    EXPECT_TRUE(link.indicators().open);
+    EXPECT_EQ(link.panels().Settings.get(), "Settings: Port 1, 4800,n,8,2 ");
+    EXPECT_EQ(link.indicators().bandStack.get(), "RS232 open");
+    EXPECT_EQ(link.indicators().menuManager.get(), "RS232 open ");
+    EXPECT_EQ(link.indicators().memoryEditor.get(), " RS232 open ");
+    EXPECT_EQ(link.indicators().clickLabel.get(), "click to close");
+
+    bench.clock.advance(499);
+    EXPECT_EQ(link.panels().Status.get(), "Status: Receive Data");
+    EXPECT_EQ(link.received().text().find("Communication OK"), std::string::npos);
+    bench.clock.advance(1);
+    EXPECT_EQ(link.received().text(), std::string(CommTest::banner) + "FA14250000;\r\n\r\n  Communication OK  ");
+    bench.clock.advance(3000);
+    EXPECT_EQ(link.panels().Status.get(), "Status: ");
+    EXPECT_EQ(link.panels().ConnectTime.get(), "00:00:03 ");
+
+    link.togglePort();
+    EXPECT_EQ(link.panels().Settings.get(), "Settings: ");
+    EXPECT_EQ(link.panels().ConnectTime.get(), "");
+    EXPECT_EQ(link.indicators().menuManager.get(), "RS232 closed");
+    EXPECT_EQ(link.indicators().memoryEditor.get(), "RS232 closed");
+    EXPECT_EQ(link.indicators().clickLabel.get(), "click to open");
+    EXPECT_EQ(bench.clock.armedTimers(), 0U);
+}
+
+TEST_F(LinkTest, ASilentRadioIsReportedAfterHalfASecondAndLaterAfterOne) {
+    bench.program.terminal.Form_Load();
+    for (const int verdictAfter : {500, 1000, 1000}) {
+        link.togglePort();
+        bench.clock.advance(verdictAfter - 1);
+        EXPECT_EQ(link.received().text(), CommTest::banner);
+        bench.clock.advance(1);
+        EXPECT_TRUE(
+            link.received().text().ends_with("\r\n\r\n Error: No Communication\r\n Please check settings and cable "));
+        EXPECT_TRUE(link.PortOpen());
+        link.togglePort();
+    }
+}
+
+TEST_F(LinkTest, APortThatRefusesIsToldAndShownAsClosed) {
+    line.openFailure = RuntimeError{errors::PortAlreadyOpen, "Port 1 is held by another program"};
+    bench.msgBox.foresee("held by another program");
+    link.togglePort();
+    EXPECT_EQ(bench.msgBox.shown.at(0).icon, MsgIcon::Exclamation);
+    EXPECT_FALSE(link.indicators().open);
+    EXPECT_EQ(link.indicators().clickLabel.get(), "click to open");
+    EXPECT_EQ(line.story(), "");
+}
+
+TEST_F(LinkTest, ADeviceThatGoesAwayClosesThePortAndIsToldOnce) {
+    bench.openPort();
+    bench.msgBox.foresee("");
+    bench.msgBox.whileShown = [this] { EXPECT_FALSE(link.indicators().open) << "the indicators come before the box"; };
+    line.goAway();
+    bench.clock.advance(10'000);
+    EXPECT_FALSE(link.PortOpen());
+    EXPECT_EQ(bench.msgBox.shown.size(), 1U);
+    EXPECT_EQ(link.panels().Settings.get(), "Settings: ");
+}
+
+TEST_F(LinkTest, AnswersAreCutAtTheSemicolonHoweverTheyArrive) {
+    bench.openPort();
+    std::vector<std::string> answers;
+    link.answers().onAnswer(ActiveOperation::MenuReadToManager, [&] {
+        answers.push_back(link.answers().takeAnswer());
+        return Rest::GoOn;
+    });
+    link.setActiveOperation(ActiveOperation::MenuReadToManager);
+    link.clearTraffic();
+    line.feed("EX00");
+    line.feed("11;EX0022;EX0");
+    EXPECT_EQ(answers, (std::vector<std::string>{"EX0011;", "EX0022;"}));
+    EXPECT_EQ(link.received().text(), "EX0011;\r\nEX0022;\r\nEX0");
+    EXPECT_EQ(link.answers().accumulator(), "EX0");
+}
+
+TEST_F(LinkTest, EveryCodeShowsItsTrafficInItsOwnWay) {
+    bench.openPort();
+    const auto shownFor = [this](int code) {
+        link.setActiveOperation(static_cast<ActiveOperation>(code));
+        link.clearTraffic();
+        line.feed("?;FA1;x");
+        return link.received().text();
+    };
+    for (const int code : {0, 1, 2, 4, 5, 8, 9, 11}) EXPECT_EQ(shownFor(code), "?;\r\nFA1;\r\nx") << code;
+    for (const int code : {6, 12}) EXPECT_EQ(shownFor(code), "?;FA1;x") << code;
+    for (const int code : {3, 7}) {
+        EXPECT_EQ(shownFor(code), "") << code;
+        EXPECT_EQ(link.answers().accumulator(), "?;FA1;x") << code;
+    }
+    for (const int code : {10, 13, 14, -1}) {
+        EXPECT_EQ(shownFor(code), "") << code;
+        EXPECT_EQ(link.answers().accumulator(), "") << code;
+    }
+}
+
+TEST_F(LinkTest, AnEndlessStreamFillsNoMemoryAndTheViewGetsItInOneGo) {
+    bench.openPort();
+    int told = 0;
+    auto connection = link.received().outdated.connect([&] { ++told; });
+    link.received().takeUpdate();
+    const std::string chunk(1000, 'x');
+    for (int i = 0; i < 10'000; ++i) line.feed(chunk);
+    EXPECT_EQ(told, 1);
+    EXPECT_LE(link.received().text().size(), 2 * TrafficDisplay::keptCharacters);
+    EXPECT_LE(link.answers().accumulator().size(), 2 * AnswerRouter::keptCharacters);
+    const auto update = link.received().takeUpdate();
+    EXPECT_TRUE(update.replacesAll);
+    line.feed("end\xE4");
+    EXPECT_EQ(link.received().takeUpdate().text, "end\xE4");
+}
+
+TEST_F(LinkTest, ClosingForGoodWaitsForOutputAndAsksEveryTenSeconds) {
+    bench.openPort();
+    line.unsent = 5;
+    bench.clock.after(300, [this] { line.unsent = 0; });
+    EXPECT_TRUE(link.drainAndClose());
+    EXPECT_FALSE(link.PortOpen());
+
+    bench.openPort();
+    line.unsent = 5;
+    const auto begin = bench.clock.now();
+    bench.msgBox.foresee("Daten können nicht gesendet werden", MsgAnswer::Retry);
+    bench.msgBox.foresee("Daten können nicht gesendet werden", MsgAnswer::Abort);
+    EXPECT_FALSE(link.drainAndClose());
+    EXPECT_TRUE(link.PortOpen());
+    EXPECT_EQ(bench.clock.now() - begin, 20'000);
+    bench.msgBox.foresee("Daten können nicht gesendet werden", MsgAnswer::Ignore);
+    EXPECT_TRUE(link.drainAndClose());
+    EXPECT_FALSE(link.PortOpen());
+}
+
+}  // namespace
+}  // namespace korvex

@@ -1,0 +1,223 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+
+#include "base/NumberText.h"
+#include "fakes/ProgramBench.h"
+#include "fakes/ScriptedDevice.h"
+#include "radio/SimulatedPorts.h"
+
+namespace korvex {
+namespace {
+
+/// The test is the radio: every read command is answered with the value 1.
+class MenuTransferTest : public testing::Test {
+protected:
+    using Bench = fakes::ProgramBench<fakes::ScriptedPorts>;
+
+    void SetUp() override {
+        line.answer = [](std::string_view wire) {
+            return wire.starts_with("EX") && wire.size() == 6 ? std::string(wire.substr(0, 5)) + "1;" : std::string();
+        };
+        line.answerDelay = 30;
+        bench.openPort();
+        line.forgetWrites();
+        ended = bench.program.menuReader.ended.connect([this](TransferEnd end) { ends.push_back(end); });
+        writeEnded = bench.program.menuWriter.ended.connect([this](TransferEnd end) { ends.push_back(end); });
+    }
+
+    static std::string wholeFile() {
+        std::string text;
+        for (int item = 1; item <= 149; ++item) text += "EX" + zeroPadded(item, 3) + "1;\r\n";
+        return text;
+    }
+
+    Bench bench;
+    Program& program = bench.program;
+    fakes::ScriptedLine& line = bench.ports.plug(1);
+    std::string file = bench.folder.file("shack.mnu");
+    std::vector<TransferEnd> ends;
+    Connection ended;
+    Connection writeEnded;
+};
+
+TEST_F(MenuTransferTest, ReadsAllItemsTenASecondIntoAFile) {
+    bench.fileDialog.choose(file);
+    program.menuReader.mnu_Store_Click();
+    EXPECT_EQ(bench.error(), "Reading Menu");
+    EXPECT_TRUE(program.progress.visible);
+    EXPECT_EQ(program.progress.caption.get(), "Save Menu of FT-2000");
+    EXPECT_EQ(program.progress.maximum, 155);
+    bench.clock.advance(49);
+    EXPECT_EQ(line.story(), "");
+    bench.clock.advance(101);
+    EXPECT_EQ(line.story(), "50 EX001;|150 EX002;");
+    EXPECT_EQ(bench.error(), "Reading Menu 2");
+    EXPECT_EQ(program.progress.value, 2);
+    bench.clock.advance(20'000);
+    ASSERT_EQ(line.writes.size(), 149U);
+    EXPECT_EQ(line.writes.back(), (fakes::ScriptedLine::Write{14'850, "EX149;"}));
+    EXPECT_EQ(fakes::fileContent(file), wholeFile());
+    EXPECT_EQ(bench.error(), "Terminated");
+    EXPECT_EQ(program.link.received().text(), "");
+    EXPECT_FALSE(program.progress.visible);
+    EXPECT_EQ(program.terminal.txtPath.get(), file);
+    EXPECT_EQ(program.link.activeOperation(), ActiveOperation::Idle);
+    EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::Done});
+    EXPECT_EQ(bench.fileDialog.shown.at(0).title, "Save FT-2000 Menu");
+}
+
+TEST_F(MenuTransferTest, ARadioThatDoesNotAnswerInTimeEndsTheReadWithoutAFile) {
+    line.answer = nullptr;
+    program.menuReader.mnu_Store_Click();
+    bench.clock.advance(14'949);
+    EXPECT_EQ(bench.error(), "Reading Menu 149");
+    bench.clock.advance(1);
+    EXPECT_EQ(bench.error(), "Communication faild ");
+    EXPECT_FALSE(program.progress.visible);
+    EXPECT_EQ(program.link.activeOperation(), ActiveOperation::MenuReadToFile);
+    line.feed("EX1491;");  // too late: shown, nothing more
+    EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::NoAnswer});
+}
+
+TEST_F(MenuTransferTest, MissingAnswersBecomeEmptyLinesAndTheOwnerIsTold) {
+    const auto answer = line.answer;
+    line.answer = [answer](std::string_view wire) { return wire == "EX149;" ? "" : answer(wire); };
+    line.answerDelay = 130;  // the answer to 148 comes after 149 was sent and completes the read
+    bench.fileDialog.choose(file);
+    program.menuReader.mnu_Store_Click();
+    bench.clock.advance(20'000);
+    std::string expected = wholeFile();
+    expected.replace(expected.find("EX1491;"), 7, "");
+    EXPECT_EQ(fakes::fileContent(file), expected);
+    EXPECT_EQ(bench.error(), "Terminated");
+    EXPECT_NE(program.link.received().text().find("only 148 of 149"), std::string::npos);
+}
+
+TEST_F(MenuTransferTest, ClosingThePortEndsEitherTransferAtOnceAndWritesNothing) {
+    program.menuReader.mnu_Store_Click();
+    bench.clock.advance(5'000);
+    program.link.togglePort();
+    line.forgetWrites();
+    bench.clock.advance(20'000);
+    EXPECT_EQ(line.story(), "");
+    EXPECT_FALSE(program.progress.visible);
+
+    bench.openPort();
+    fakes::writeFile(file, wholeFile());
+    bench.fileDialog.choose(file);
+    program.menuWriter.mnu_Restore_Click();
+    bench.clock.advance(5'000);
+    bench.msgBox.foresee("");
+    line.goAway();
+    bench.clock.advance(20'000);
+    EXPECT_FALSE(program.progress.visible);
+    EXPECT_EQ(bench.clock.armedTimers(), 0U);
+    EXPECT_EQ(ends, (std::vector<TransferEnd>{TransferEnd::PortClosed, TransferEnd::PortClosed}));
+}
+
+TEST_F(MenuTransferTest, ACancelledDialogOrABadFolderLeavesNoFile) {
+    bench.fileDialog.cancel();
+    program.menuReader.mnu_Store_Click();
+    bench.clock.advance(20'000);
+    EXPECT_EQ(bench.error(), "Reading Menu 149");
+
+    const auto saveTo = [this](const std::string& path, const std::string& title) {
+        bench.fileDialog.choose(path);
+        bench.msgBox.foresee(path);
+        program.menuReader.saveMenuFile();
+        EXPECT_EQ(bench.msgBox.shown.back().title, title);
+        EXPECT_EQ(bench.msgBox.shown.back().icon, MsgIcon::Stop);
+    };
+    saveTo(bench.folder.file("missing/shack.mnu"), "Path wrong ");
+    saveTo(bench.folder.path(), "Path wrong");
+}
+
+TEST_F(MenuTransferTest, RestoresALineEvery100MsAndSaysTerminated) {
+    std::string content = wholeFile();
+    content.resize(content.size() - 2);  // no line end at the end
+    fakes::writeFile(file, content);
+    bench.fileDialog.choose(file);
+    program.menuWriter.mnu_Restore_Click();
+    EXPECT_EQ(program.progress.caption.get(), "Restore Menu to FT2000");
+    bench.clock.advance(100);
+    EXPECT_EQ(line.story(), "100 EX0011;\r\n");
+    EXPECT_EQ(bench.error(), "Writing Menu 001");
+    EXPECT_EQ(program.terminal.Text2.get(), "EX0011;");
+    EXPECT_EQ(program.link.received().text(), "EX0011;  ");
+    bench.clock.advance(20'000);
+    ASSERT_EQ(line.writes.size(), 149U);
+    EXPECT_EQ(line.writes.back(), (fakes::ScriptedLine::Write{14'900, "EX1491;\r\n"}));
+    EXPECT_EQ(bench.error(), "Terminated");
+    EXPECT_EQ(program.terminal.Text2.get(), "Terminated");
+    EXPECT_TRUE(program.link.sent().text().ends_with("EX1491;\r\nTerminated\r\n"));
+    EXPECT_EQ(program.link.activeOperation(), ActiveOperation::Idle);
+    EXPECT_FALSE(program.progress.visible);
+}
+
+TEST_F(MenuTransferTest, AShortFileIsFollowedByWhatTheTableHoldsAndBareLineEnds) {
+    fakes::writeFile(file, "EX0015;\nEX0025;\r\n\"EX0035;\"\r\n");
+    bench.fileDialog.choose(file);
+    program.menuWriter.mnu_Restore_Click();
+    bench.clock.advance(20'000);
+    ASSERT_EQ(line.writes.size(), 149U);
+    EXPECT_EQ(line.writes.at(2).text, "EX0035;\r\n");
+    EXPECT_EQ(line.writes.at(3).text, "\r\n");
+}
+
+TEST_F(MenuTransferTest, FilesThatAreNoMenuFilesSendNothing) {
+    std::string tooLong;
+    for (int i = 0; i < 10'000; ++i) tooLong += "EX0011;\r\n";
+    for (const std::string& content : {tooLong, wholeFile() + "TX1;\r\n"}) {
+        fakes::writeFile(file, content);
+        bench.fileDialog.choose(file);
+        program.menuWriter.mnu_Restore_Click();
+        EXPECT_NE(bench.error().find("nothing was sent"), std::string::npos);
+    }
+    bench.fileDialog.choose(bench.folder.file("missing.mnu"));
+    bench.msgBox.foresee("missing.mnu");
+    program.menuWriter.mnu_Restore_Click();
+    EXPECT_EQ(bench.msgBox.shown.back().title, "File not found");
+    bench.clock.advance(20'000);
+    EXPECT_EQ(line.story(), "");
+}
+
+TEST_F(MenuTransferTest, AStallCausesNoBurst) {
+    program.menuReader.mnu_Store_Click();
+    bench.clock.advance(1'000);
+    line.forgetWrites();
+    bench.clock.stall(2'000);
+    bench.clock.advance(250);
+    EXPECT_LE(line.writes.size(), 3U);
+    program.link.togglePort();
+}
+
+TEST(MenuRoundTrip, WhatWasSavedComesBackIntoAnotherRadio) {
+    fakes::ProgramBench<SimulatedPorts> bench;
+    const std::string file = bench.folder.file("radio.mnu");
+    bench.openPort();
+    bench.fileDialog.choose(file);
+    bench.program.menuReader.mnu_Store_Click();
+    bench.clock.advance(20'000);
+    ASSERT_EQ(bench.error(), "Terminated");
+    const RadioState before = bench.ports.radio().state;
+    const std::string saved = fakes::fileContent(file);
+    ASSERT_EQ(std::count(saved.begin(), saved.end(), '\n'), 149);
+
+    for (int item = 1; item <= 149; ++item) {
+        auto answer = bench.ports.radio().answer("EX" + zeroPadded(item, 3) + ";");
+        auto& digit = answer.at(answer.size() - 2);
+        digit = digit == '0' ? '1' : '0';
+        bench.ports.radio().answer(answer);
+    }
+    bench.fileDialog.choose(file);
+    bench.program.menuWriter.mnu_Restore_Click();
+    bench.clock.advance(20'000);
+    bench.fileDialog.choose(bench.folder.file("again.mnu"));
+    bench.program.menuReader.mnu_Store_Click();
+    bench.clock.advance(20'000);
+    EXPECT_EQ(fakes::fileContent(bench.folder.file("again.mnu")), saved);
+    EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
+}
+
+}  // namespace
+}  // namespace korvex
