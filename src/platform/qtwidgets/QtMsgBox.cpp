@@ -14,25 +14,26 @@ namespace {
 struct Choice {
     MsgAnswer answer;
     const char* caption;
-    QMessageBox::ButtonRole role;
 };
 
-/// In the order in which they stand; the first is the one that Enter takes.
-std::vector<Choice> choicesFor(MsgButtons buttons) {
+struct Choices {
+    std::vector<Choice> all;  // in the order in which they stand; the first is the one that Enter takes
+    std::size_t dismissing;   // the place of the one that Escape takes
+};
+
+Choices choicesFor(MsgButtons buttons) {
     switch (buttons) {
         case MsgButtons::Ok: break;
-        case MsgButtons::YesNo:
-            return {{MsgAnswer::Yes, "&Yes", QMessageBox::YesRole}, {MsgAnswer::No, "&No", QMessageBox::NoRole}};
+        case MsgButtons::YesNo: return {{{MsgAnswer::Yes, "&Yes"}, {MsgAnswer::No, "&No"}}, 1};
         case MsgButtons::AbortRetryIgnore:
-            return {{MsgAnswer::Abort, "&Abort", QMessageBox::RejectRole},
-                    {MsgAnswer::Retry, "&Retry", QMessageBox::AcceptRole},
-                    {MsgAnswer::Ignore, "&Ignore", QMessageBox::AcceptRole}};
+            return {{{MsgAnswer::Abort, "&Abort"}, {MsgAnswer::Retry, "&Retry"}, {MsgAnswer::Ignore, "&Ignore"}}, 0};
         case MsgButtons::CancelTryAgainContinue:
-            return {{MsgAnswer::Cancel, "Cancel", QMessageBox::RejectRole},
-                    {MsgAnswer::TryAgain, "&Try Again", QMessageBox::AcceptRole},
-                    {MsgAnswer::Continue, "&Continue", QMessageBox::AcceptRole}};
+            return {{{MsgAnswer::Cancel, "Cancel"},
+                     {MsgAnswer::TryAgain, "&Try Again"},
+                     {MsgAnswer::Continue, "&Continue"}},
+                    0};
     }
-    return {{MsgAnswer::Ok, "OK", QMessageBox::AcceptRole}};
+    return {{{MsgAnswer::Ok, "OK"}}, 0};
 }
 
 QMessageBox::Icon iconFor(MsgIcon icon) {
@@ -60,16 +61,21 @@ MsgAnswer QtMsgBox::show(const MsgBoxRequest& request) {
     box.setIcon(iconFor(request.icon));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
-    const auto choices = choicesFor(request.buttons);
-    std::vector<QAbstractButton*> buttons;
-    for (const auto& choice : choices) buttons.push_back(box.addButton(QLatin1String(choice.caption), choice.role));
-    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.front()));
+    // All in one role: desktops order roles each in their own way, and these stand in a fixed order.
+    const Choices choices = choicesFor(request.buttons);
+    std::vector<QPushButton*> buttons;
+    for (const auto& choice : choices.all) {
+        buttons.push_back(box.addButton(QLatin1String(choice.caption), QMessageBox::ActionRole));
+    }
+    box.setDefaultButton(buttons.front());
+    box.setEscapeButton(buttons[choices.dismissing]);
+    buttons.front()->setFocus();
 
     box.exec();
-    for (std::size_t i = 0; i < choices.size(); ++i) {
-        if (box.clickedButton() == buttons[i]) return choices[i].answer;
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        if (box.clickedButton() == buttons[i]) return choices.all[i].answer;
     }
-    return choices.front().answer;
+    return choices.all[choices.dismissing].answer;
 }
 
 }  // namespace korvex

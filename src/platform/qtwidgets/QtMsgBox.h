@@ -5,8 +5,8 @@
 namespace korvex {
 
 /// Message boxes over the window in front. Texts are shown as they are (no markup) and can be selected and copied.
-/// Escape means Ok in a box with that button alone, Cancel or Abort where the box has one, and nothing in a Yes/No box,
-/// which wants an answer.
+/// Enter takes the first button. Escape, and a box closed from outside, take the one that changes least: No, Abort or
+/// Cancel, or Ok where it stands alone.
 class QtMsgBox : public MsgBox {
 public:
     MsgAnswer show(const MsgBoxRequest& request) override;
