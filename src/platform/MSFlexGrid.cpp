@@ -31,13 +31,18 @@ void MSFlexGrid::reshape(int rows, int cols) {
     m_rows = rows;
     m_cols = cols;
     m_columns.resize(static_cast<std::size_t>(cols));
-    setCurrent(m_row, m_col);
+    keepCurrentOffLabels();
     tellAll();
+}
+
+void MSFlexGrid::keepCurrentOffLabels() {
+    setCurrent(std::max(m_row, m_fixedRows), std::max(m_col, m_fixedCols));
 }
 
 void MSFlexGrid::setFixed(int rows, int cols) {
     m_fixedRows = rows;
     m_fixedCols = cols;
+    keepCurrentOffLabels();
     tellAll();
 }
 

@@ -43,7 +43,7 @@ public:
 
     int Row() const { return m_row; }
     int Col() const { return m_col; }
-    /// Kept inside the grid.
+    /// Kept inside the grid. At first it is the first cell beside the labels; a label can be made current too.
     void setCurrent(int row, int col);
 
     bool Redraw() const { return m_redraw; }
@@ -71,6 +71,7 @@ private:
     void tellCell(int row, int col);
     void tellAll();
     void reshape(int rows, int cols);
+    void keepCurrentOffLabels();
 
     int m_rows = 0;
     int m_cols = 0;

@@ -1,0 +1,53 @@
+#include "platform/qtwidgets/FlexGridDelegate.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace korvex {
+
+namespace {
+
+void drawFrame(QPainter& painter, const QStyleOptionViewItem& option) {
+    const bool focused = option.widget && option.widget->hasFocus();
+    const int width = focused ? 2 : 1;
+    painter.setPen(QPen(option.palette.color(focused ? QPalette::Highlight : QPalette::Dark), width, Qt::SolidLine,
+                        Qt::SquareCap, Qt::MiterJoin));
+    painter.setBrush(Qt::NoBrush);
+    const QRectF inside = QRectF(option.rect).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0);
+    painter.drawRect(inside);
+}
+
+}  // namespace
+
+void FlexGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    painter->save();
+    const QVariant background = index.data(Qt::BackgroundRole);
+    if (background.isValid()) painter->fillRect(option.rect, background.value<QBrush>());
+
+    const QVariant ink = index.data(Qt::ForegroundRole);
+    painter->setPen(ink.isValid() ? ink.value<QBrush>().color() : option.palette.color(QPalette::Text));
+    painter->setFont(option.font);
+    const QRect textRect = option.rect.adjusted(margin, 0, -margin, 0);
+    const QString text =
+        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, textRect.width(), Qt::TextSingleLine);
+    painter->drawText(textRect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine, text);
+
+    const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+    if (view && view->currentIndex() == index) drawFrame(*painter, option);
+    painter->restore();
+}
+
+bool FlexGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) {
+    const QString text = index.data().toString();
+    if (event->type() == QEvent::ToolTip &&
+        view->fontMetrics().horizontalAdvance(text) > option.rect.width() - 2 * margin) {
+        QToolTip::showText(event->globalPos(), text.toHtmlEscaped(), view);
+        return true;
+    }
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+}
+
+}  // namespace korvex

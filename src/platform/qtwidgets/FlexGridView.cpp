@@ -1,0 +1,273 @@
+#include "platform/qtwidgets/FlexGridView.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qtwidgets/FlexGridDelegate.h"
+#include "platform/qtwidgets/FlexGridHeader.h"
+#include "platform/qtwidgets/FlexGridModel.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int twipsPerPixel = 15;
+/// The grids' column widths are made for small letters; a larger font of the desktop would show titles without ends.
+constexpr double largestPointSize = 8.5;
+
+int pixelsOf(int twips) {
+    return twips <= 0 ? 0 : std::max((twips + twipsPerPixel / 2) / twipsPerPixel, 1);
+}
+
+/// What the key types; empty for keys that type nothing, for shortcuts of menus and for Delete, which only looks like a
+/// character.
+QString typedBy(const QKeyEvent& event) {
+    if (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier) || event.key() == Qt::Key_Delete) return {};
+    return event.text();
+}
+
+}  // namespace
+
+FlexGridView::FlexGridView(MSFlexGrid& cells, QWidget* parent)
+    : QTableView(parent),
+      m_cells(cells),
+      m_model(new FlexGridModel(cells, this)),
+      m_titles(new FlexGridHeader(Qt::Horizontal, this)),
+      m_rowLabels(new FlexGridHeader(Qt::Vertical, this)),
+      m_corner(new FlexGridCorner(this)) {
+    setUpHeaders();
+    setModel(m_model);
+    setItemDelegate(new FlexGridDelegate(this));
+    setSelectionMode(NoSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    takeFont();
+    connect(m_model, &FlexGridModel::refreshed, this, &FlexGridView::applyAll);
+    connect(m_model, &FlexGridModel::headerDataChanged, this, &FlexGridView::fitTitleHeight);
+    connect(m_titles, &QHeaderView::sectionResized, this, &FlexGridView::fitTitleHeight);
+    m_connections += m_cells.currentChanged.connect([this] { followCurrent(); });
+    applyAll();
+}
+
+void FlexGridView::setUpHeaders() {
+    setCornerButtonEnabled(false);
+    setHorizontalHeader(m_titles);
+    setVerticalHeader(m_rowLabels);
+    m_titles->viewport()->installEventFilter(this);
+    m_rowLabels->viewport()->installEventFilter(this);
+}
+
+void FlexGridView::takeFont() {
+    QFont small = font();
+    if (small.pointSizeF() > largestPointSize) {
+        small.setPointSizeF(largestPointSize);
+        setFont(small);
+    }
+    m_titles->setFont(small);
+    m_rowLabels->setFont(small);
+    m_corner->setFont(small);
+    m_rowLabels->setDefaultSectionSize(fontMetrics().height() + 4);
+}
+
+void FlexGridView::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() != QEvent::FontChange || !m_corner) return;
+    takeFont();
+    fitTitleHeight();
+}
+
+void FlexGridView::applyAll() {
+    m_titles->setVisible(m_model->labelRows() == 1);
+    m_rowLabels->setVisible(m_model->labelCols() == 1);
+    m_corner->setVisible(m_model->labelRows() == 1 && m_model->labelCols() == 1);
+    m_corner->setText(QString::fromStdString(m_cells.TextMatrix(0, 0)));
+    applyWidths();
+    fitTitleHeight();
+    followCurrent();
+}
+
+void FlexGridView::applyWidths() {
+    const int labels = m_model->labelCols();
+    const auto count = static_cast<std::size_t>(m_model->columnCount());
+    if (m_appliedTwips.size() != count) m_appliedTwips.assign(count, -1);
+    for (std::size_t column = 0; column < count; ++column) {
+        const int twips = m_cells.ColWidth(static_cast<int>(column) + labels);
+        if (std::exchange(m_appliedTwips[column], twips) != twips) setColumnWidth(int(column), pixelsOf(twips));
+    }
+    if (labels == 1) m_rowLabels->setFixedWidth(pixelsOf(m_cells.ColWidth(0)));
+}
+
+void FlexGridView::fitTitleHeight() {
+    const int height = m_titles->heightForTitles();
+    if (m_titles->height() != height || m_titles->minimumHeight() != height) m_titles->setFixedHeight(height);
+}
+
+void FlexGridView::followCurrent() {
+    const QModelIndex current = m_model->indexOfCell(m_cells.Row(), m_cells.Col());
+    if (!current.isValid() || current == currentIndex()) return;
+    m_following = true;
+    setCurrentIndex(current);
+    m_following = false;
+}
+
+void FlexGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    allowInputMethods();
+    if (!m_following && current.isValid()) m_cells.setCurrent(m_model->rowOf(current), m_model->colOf(current));
+}
+
+void FlexGridView::setTakesTyping(bool takes) {
+    m_takesTyping = takes;
+    allowInputMethods();
+}
+
+void FlexGridView::allowInputMethods() {
+    // The base class ties this to cells with an editor of its own kind, and does so anew at every change.
+    setAttribute(Qt::WA_InputMethodEnabled, m_takesTyping);
+}
+
+QVariant FlexGridView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    if (query == Qt::ImEnabled) return m_takesTyping;
+    if (query == Qt::ImCursorRectangle) return cellGeometry(m_cells.Row(), m_cells.Col());
+    return QTableView::inputMethodQuery(query);
+}
+
+void FlexGridView::inputMethodEvent(QInputMethodEvent* event) {
+    const bool composing = !event->preeditString().isEmpty();
+    event->accept();
+    if (composing || m_composing) {
+        m_composing = composing;
+        Q_EMIT composed(event);
+    } else if (m_takesTyping && !event->commitString().isEmpty()) {
+        Q_EMIT keyTyped(event->commitString());
+    }
+}
+
+void FlexGridView::keyPressEvent(QKeyEvent* event) {
+    m_keySwallowed = false;
+    Q_EMIT keyDown(event->key(), event->modifiers());
+    if (m_keySwallowed) return;
+    const QString text = typedBy(*event);
+    const bool copies = !m_takesTyping && event->matches(QKeySequence::Copy);
+    if (text.isEmpty() || copies) {
+        QTableView::keyPressEvent(event);
+    } else if (m_takesTyping) {
+        Q_EMIT keyTyped(text);
+    } else {
+        event->ignore();
+    }
+}
+
+void FlexGridView::mousePressEvent(QMouseEvent* event) {
+    const QModelIndex cell = indexAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton) QTableView::mousePressEvent(event);
+    if (cell.isValid()) Q_EMIT cellPressed(m_model->rowOf(cell), m_model->colOf(cell), event->button());
+}
+
+void FlexGridView::mouseMoveEvent(QMouseEvent* event) {
+    // Dragging must not carry the current cell along: hosts remember the cell that was pressed.
+    if (event->buttons() == Qt::NoButton) QTableView::mouseMoveEvent(event);
+}
+
+void FlexGridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const QModelIndex cell = indexAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && cell.isValid()) {
+        Q_EMIT cellDoubleClicked(m_model->rowOf(cell), m_model->colOf(cell));
+    } else {
+        mousePressEvent(event);
+    }
+}
+
+void FlexGridView::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    allowInputMethods();
+    Q_EMIT focusTaken();
+}
+
+bool FlexGridView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) {
+        const auto& press = static_cast<const QMouseEvent&>(*event);
+        if (watched == m_titles->viewport()) pressLabel(*m_titles, press);
+        if (watched == m_rowLabels->viewport()) pressLabel(*m_rowLabels, press);
+    }
+    return QTableView::eventFilter(watched, event);
+}
+
+void FlexGridView::pressLabel(const QHeaderView& header, const QMouseEvent& event) {
+    const int section = header.logicalIndexAt(event.position().toPoint());
+    const bool onBorder = header.cursor().shape() == Qt::SplitHCursor;  // a press there changes a width
+    if (section < 0 || onBorder) return;
+    if (&header == m_titles) {
+        Q_EMIT cellPressed(0, section + m_model->labelCols(), event.button());
+    } else {
+        Q_EMIT cellPressed(section + m_model->labelRows(), 0, event.button());
+    }
+}
+
+void FlexGridView::updateGeometries() {
+    QTableView::updateGeometries();
+    if (!m_corner) return;
+    m_corner->setGeometry(m_rowLabels->x(), m_titles->y(), m_rowLabels->width(), m_titles->height());
+    m_corner->raise();
+    Q_EMIT cellsMoved();
+}
+
+void FlexGridView::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    Q_EMIT cellsMoved();
+}
+
+QRect FlexGridView::cellGeometry(int row, int col) const {
+    const QModelIndex cell = m_model->indexOfCell(row, col);
+    if (!cell.isValid()) return labelGeometry(row, col);
+    return (visualRect(cell) & viewport()->rect()).translated(viewport()->pos());
+}
+
+QRect FlexGridView::labelGeometry(int row, int col) const {
+    if (row < m_model->labelRows() && col < m_model->labelCols()) return m_corner->geometry();
+    if (row < m_model->labelRows()) {
+        const int section = col - m_model->labelCols();
+        const QRect label(m_titles->sectionViewportPosition(section), 0, m_titles->sectionSize(section),
+                          m_titles->height());
+        return label.translated(m_titles->pos()) & m_titles->geometry();
+    }
+    const int section = row - m_model->labelRows();
+    const QRect label(0, m_rowLabels->sectionViewportPosition(section), m_rowLabels->width(),
+                      m_rowLabels->sectionSize(section));
+    return label.translated(m_rowLabels->pos()) & m_rowLabels->geometry();
+}
+
+QRect FlexGridView::cellGeometryIn(const QWidget& host, int row, int col) const {
+    const QRect cell = cellGeometry(row, col);
+    return {mapTo(&host, cell.topLeft()), cell.size()};
+}
+
+bool FlexGridView::isRowVisible(int row) const {
+    if (row < m_model->labelRows()) return true;
+    const int top = rowViewportPosition(row - m_model->labelRows());
+    return top > -rowHeight(row - m_model->labelRows()) && top < viewport()->height();
+}
+
+bool FlexGridView::isColVisible(int col) const {
+    if (col < m_model->labelCols()) return true;
+    const int left = columnViewportPosition(col - m_model->labelCols());
+    return left > -columnWidth(col - m_model->labelCols()) && left < viewport()->width();
+}
+
+void FlexGridView::scrollToCurrent() {
+    const QModelIndex current = m_model->indexOfCell(m_cells.Row(), m_cells.Col());
+    if (current.isValid()) scrollTo(current);
+}
+
+QSize FlexGridView::sizeOfWholeGrid() const {
+    const int labels = m_model->labelCols() == 1 ? m_rowLabels->width() : 0;
+    const int titles = m_model->labelRows() == 1 ? m_titles->height() : 0;
+    return {labels + m_titles->length() + 2 * frameWidth(), titles + m_rowLabels->length() + 2 * frameWidth()};
+}
+
+}  // namespace korvex
