@@ -1,0 +1,130 @@
+#include "bandstack/BandStackReader.h"
+
+#include "base/Lines.h"
+#include "base/NumberText.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int automaticGain0Row = 12;
+constexpr int automaticGain1Row = 13;
+constexpr int roofingFilterRow = 19;
+
+}  // namespace
+
+BandStackReader::BandStackReader(Terminal& terminal, Clock& clock, BandStack& stack)
+    : m_terminal(terminal), m_link(terminal.link()), m_stack(stack), m_timer1(clock.makeTimer()) {
+    m_timer1->setInterval(50);
+    m_connections += m_timer1->tick.connect([this] { Timer1_Timer(); });
+    m_connections += m_link.closed.connect([this] {
+        if (running()) ended.emit(TransferEnd::PortClosed);
+    });
+    m_link.answers().onAnswer(ActiveOperation::BandStackRead, [this] { return takeAnswer(); });
+}
+
+void BandStackReader::mnu_readBandStack_Click() {
+    m_stack.FlexGrid1.Clear();
+    m_stack.initBandStackGrid();
+    if (!m_link.PortOpen()) {
+        ended.emit(TransferEnd::PortClosed);
+        return;
+    }
+    m_link.port().clearInBuffer();
+    begin();
+}
+
+void BandStackReader::begin() {
+    auto& progress = m_link.progress();
+    progress.caption = "Read Band Stack Registers of  FT-2000";
+    progress.maximum = 800;
+    progress.value = 1;
+    progress.show();
+    m_stack.BandStackColumn = 1;
+    readColumn();
+}
+
+void BandStackReader::readColumn() {
+    m_link.setActiveOperation(ActiveOperation::BandStackRead);
+    m_timer1->setEnabled(true);
+    m_stack.BandStackRow = 1;
+    m_link.clearTraffic();
+    m_terminal.Text2 = "";
+    m_link.send(m_stack.wireText(0, m_stack.BandStackColumn));
+    Timer1_Timer();
+}
+
+void BandStackReader::stop() {
+    m_timer1->setEnabled(false);
+}
+
+void BandStackReader::Timer1_Timer() {
+    if (!m_timer1->Enabled()) return;
+    if (m_phase.isSet()) {
+        if (!m_link.PortOpen()) {
+            stop();
+            return;
+        }
+        sendQuery();
+    }
+    m_phase.invert();
+}
+
+void BandStackReader::sendQuery() {
+    const std::string query = m_stack.wireText(m_stack.BandStackRow, 0);
+    m_link.send(query);
+    m_link.sent().append(query);
+    m_link.sent().append(crLf);
+    m_link.panels().Error = "Reading Band Stack ";
+}
+
+Rest BandStackReader::takeAnswer() {
+    if (!m_timer1->Enabled()) return Rest::GoOn;
+    m_stack.setWireText(m_stack.BandStackRow, m_stack.BandStackColumn, m_link.answers().takeAnswer());
+    m_link.progress().value = m_link.progress().value + 1;
+    ++m_stack.BandStackRow;
+    if (m_stack.BandStackRow <= BandStack::lastQueried) return Rest::GoOn;
+    stop();
+    normaliseColumn();
+    m_link.setActiveOperation(ActiveOperation::Idle);
+    nextReadColumn();
+    return Rest::Discard;
+}
+
+/// In automatic the radio tells what it has chosen by itself, in digits that it does not take back.
+void BandStackReader::normaliseColumn() {
+    normalise(automaticGain0Row, '4', "GT04;");
+    normalise(automaticGain1Row, '4', "GT14;");
+    normalise(roofingFilterRow, '3', "RF00;");
+}
+
+void BandStackReader::normalise(int row, char highest, const char* replacement) {
+    const std::string answer = m_stack.wireText(row, m_stack.BandStackColumn);
+    if (answer.size() < 4 || !isDigit(answer[3]) || answer[3] <= highest) return;
+    m_stack.setWireText(row, m_stack.BandStackColumn, replacement);
+}
+
+void BandStackReader::nextReadColumn() {
+    if (!m_link.PortOpen()) return;
+    ++m_stack.BandStackColumn;
+    if (m_stack.BandStackColumn == BandStack::pastLastColumn) {
+        finish();
+    } else {
+        readColumn();
+    }
+}
+
+void BandStackReader::finish() {
+    m_link.setActiveOperation(ActiveOperation::Idle);
+    m_link.clearTraffic();
+    m_terminal.Text2 = "";
+    m_stack.BandStackRow = 1;
+    m_stack.BandStackColumn = 1;
+    auto& progress = m_link.progress();
+    progress.caption = "";
+    progress.hide();
+    progress.value = 1;
+    ended.emit(saveBandStackFile ? saveBandStackFile() : TransferEnd::Done);
+}
+
+}  // namespace korvex

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "bandstack/BandStack.h"
+#include "cat/PhaseFlag.h"
+#include "platform/Clock.h"
+#include "terminal/Terminal.h"
+#include "terminal/TransferEnd.h"
+
+namespace korvex {
+
+/// Reads all band stack registers into the grid. No command addresses a register: the band-select command, sent once
+/// for each of a band's three registers, steps through them, and the radio's state is asked for after each step.
+///
+///     state            does                                            leaves when
+///     idle                                                             started from the menu
+///     reading column   band-select command, then the query of the      answer 22 has come: next column;
+///                      present row every 100 ms until its answer       after column 33: idle, file dialog;
+///                      has come, row by row                            the port is closed: stopped
+///
+/// An answer belongs to the row that the cursor is at, whatever it says. A silent radio is asked for ever; closing the
+/// port ends it.
+class BandStackReader {
+public:
+    BandStackReader(Terminal& terminal, Clock& clock, BandStack& stack);
+
+    void mnu_readBandStack_Click();
+    void stop();
+
+    /// Called when everything is read, to ask for a file.
+    std::function<TransferEnd()> saveBandStackFile;
+
+    bool running() const { return m_timer1->Enabled(); }
+    Signal<TransferEnd> ended;
+
+private:
+    void begin();
+    void readColumn();
+    void Timer1_Timer();
+    void sendQuery();
+    Rest takeAnswer();
+    void normaliseColumn();
+    void normalise(int row, char highest, const char* replacement);
+    void nextReadColumn();
+    void finish();
+
+    Terminal& m_terminal;
+    CatLink& m_link;
+    BandStack& m_stack;
+    std::unique_ptr<Timer> m_timer1;
+    PhaseFlag m_phase;
+    Connections m_connections;
+};
+
+}  // namespace korvex

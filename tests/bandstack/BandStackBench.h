@@ -1,0 +1,32 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "bandstack/BandStackWindow.h"
+#include "fakes/ProgramBench.h"
+
+namespace korvex {
+
+/// The band stack window without a window, in the whole program.
+template <class Ports>
+struct BandStackBench : fakes::ProgramBench<Ports> {
+    BandStackWindow window{
+        {this->program.terminal, this->clock, this->settings, this->fileDialog, this->msgBox, this->folder.path()}};
+    std::vector<TransferEnd> ends;
+    Connections events;
+
+    BandStackBench() {
+        events += window.reader().ended.connect([this](TransferEnd end) { ends.push_back(end); });
+        events += window.writer().ended.connect([this](TransferEnd end) { ends.push_back(end); });
+        window.Form_Load();
+    }
+    std::string cell(int row, int column) { return window.stack().FlexGrid1.TextMatrix(row, column); }
+    void setCell(int row, int column, const std::string& text) {
+        window.stack().FlexGrid1.setTextMatrix(row, column, text);
+    }
+    ActiveOperation operation() { return this->program.link.activeOperation(); }
+};
+
+}  // namespace korvex

@@ -1,0 +1,245 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "bandstack/BandStackBench.h"
+#include "base/NumberText.h"
+#include "fakes/ScriptedDevice.h"
+#include "radio/SimulatedPorts.h"
+
+namespace korvex {
+namespace {
+
+using Write = fakes::ScriptedLine::Write;
+
+/// The test is the radio: each query is answered after 30 ms with itself and a digit.
+struct BandStackTransferTest : testing::Test {
+    BandStackTransferTest() {
+        line.answerDelay = 30;
+        line.answer = [](std::string_view wire) {
+            return isQuery(wire) ? std::string(wire.substr(0, wire.size() - 1)) + "2;" : "";
+        };
+        bench.openPort();
+        line.forgetWrites();
+    }
+    static bool isQuery(std::string_view wire) { return wire.ends_with(';') && !wire.starts_with("BS"); }
+    int count(std::string_view text) const {
+        return static_cast<int>(
+            std::count_if(line.writes.begin(), line.writes.end(), [&](const Write& w) { return w.text == text; }));
+    }
+
+    BandStackBench<fakes::ScriptedPorts> bench;
+    fakes::ScriptedLine& line = bench.ports.plug(1);
+    fakes::VirtualClock& clock = bench.clock;
+    BandStackWindow& window = bench.window;
+};
+
+TEST_F(BandStackTransferTest, ReadsTwentyTwoAnswersOfEachRegister) {
+    bench.fileDialog.cancel();
+    window.mnu_readBandStack_Click();
+    EXPECT_EQ(bench.program.progress.caption.get(), "Read Band Stack Registers of  FT-2000");
+    EXPECT_EQ(bench.program.progress.maximum.get(), 800);
+    clock.advance(49);
+    EXPECT_EQ(line.story(), "0 BS00;");
+    clock.advance(101);
+    EXPECT_EQ(line.story(), "0 BS00;|50 AC;|150 BC0;");
+    EXPECT_EQ(bench.error(), "Reading Band Stack ");
+    EXPECT_EQ(bench.cell(1, 1), "AC2;");
+    // A register takes its 22 queries and the time to the last answer; the next begins with that answer.
+    constexpr int perRegister = 50 + 21 * 100 + 30;
+    clock.advance(perRegister);
+    EXPECT_EQ(line.writes.at(22), (Write{2150, "AN0;"}));
+    EXPECT_EQ(line.writes.at(23), (Write{perRegister, "BS00;"}));
+    EXPECT_EQ(line.writes.at(24), (Write{perRegister + 50, "AC;"}));
+    clock.advance(80'000);
+    ASSERT_EQ(line.writes.size(), 33U * 23);
+    EXPECT_EQ(line.writes.at(32 * 23), (Write{32 * perRegister, "BS10;"}));
+    EXPECT_EQ(line.writes.back(), (Write{32 * perRegister + 2150, "AN0;"}));
+    EXPECT_EQ(bench.ends, std::vector{TransferEnd::Cancelled});
+    EXPECT_EQ(bench.operation(), ActiveOperation::Idle);
+    EXPECT_FALSE(bench.program.progress.visible);
+    EXPECT_FALSE(window.reader().running());
+    EXPECT_EQ(bench.cell(10, 33), "FA2;");
+    EXPECT_EQ(bench.cell(23, 33) + bench.cell(24, 33), "");
+}
+
+TEST_F(BandStackTransferTest, ASilentRadioIsAskedAgainUntilThePortCloses) {
+    line.answer = nullptr;
+    window.mnu_readBandStack_Click();
+    clock.advance(100'000);
+    EXPECT_EQ(count("AC;"), 1000);
+    bench.program.link.togglePort();
+    line.forgetWrites();
+    clock.advance(5000);
+    EXPECT_EQ(line.story(), "");
+    EXPECT_EQ(bench.ends, std::vector{TransferEnd::PortClosed});
+    EXPECT_EQ(bench.operation(), ActiveOperation::BandStackRead);
+    EXPECT_EQ(clock.armedTimers(), 0U);
+    window.mnu_readBandStack_Click();  // with the port closed the grid is new and nothing is sent
+    window.mnu_writeBandStack_Click();
+    clock.advance(5000);
+    EXPECT_EQ(line.story(), "");
+}
+
+TEST_F(BandStackTransferTest, AnswersAreStoredAsTheyComeAndAutomaticsMadeSettable) {
+    line.answer = [](std::string_view wire) -> std::string {
+        if (wire == "GT0;") return "GT06;";
+        if (wire == "GT1;") return "GT13;";
+        if (wire == "RF0;") return "RF05;";
+        if (wire == "KR;") return "?;";
+        if (wire == "BI;")
+            return "BI\x84"
+                   "1;";
+        return isQuery(wire) ? "X;" : "";
+    };
+    window.mnu_readBandStack_Click();
+    clock.advance(2300);
+    EXPECT_EQ(bench.cell(12, 1), "GT04;");
+    EXPECT_EQ(bench.cell(13, 1), "GT13;");
+    EXPECT_EQ(bench.cell(19, 1), "RF00;");
+    EXPECT_EQ(bench.cell(14, 1), "?;");
+    EXPECT_EQ(bench.cell(15, 1), "BI„1;");
+    EXPECT_EQ(bench.cell(1, 2), "X;");  // the next register is under way
+}
+
+struct BandStackWriteTest : BandStackTransferTest {
+    BandStackWriteTest() {
+        line.answer = [this](std::string_view wire) { return wire == "AN0;" ? antenna : std::string(); };
+        for (int column = 1; column <= 33; ++column) {
+            for (int row = 1; row <= 22; ++row) bench.setCell(row, column, bench.cell(row, 0));
+            bench.setCell(22, column, "AN0123;");
+        }
+    }
+    std::string antenna = "AN0110;";
+};
+
+TEST_F(BandStackWriteTest, SendsEachCellEvery100msThenSetsTheAntennaRight) {
+    bench.setCell(22, 2, "AN0210;");
+    window.mnu_writeBandStack_Click();
+    EXPECT_EQ(bench.program.progress.caption.get(), "Write Band Stack Regiters to FT2000");
+    clock.advance(2250);
+    ASSERT_EQ(line.writes.size(), 23U);
+    EXPECT_EQ(line.writes.at(0), (Write{50, "BS00;\r\n"}));
+    EXPECT_EQ(line.writes.at(1), (Write{150, "AC;\r\n"}));
+    EXPECT_EQ(line.writes.at(22), (Write{2250, "AN01;\r\n"}));  // cut to the form that sets
+    EXPECT_EQ(window.stack().Text3.get(), "AN01;\r\n");
+    EXPECT_EQ(bench.error(), "Writing Band Stack Regiters");
+    EXPECT_EQ(bench.program.link.sent().text(), "AN0123;");
+    clock.advance(3250);
+    EXPECT_EQ(line.writes.at(23), (Write{2850, "AN0;"}));
+    EXPECT_EQ(line.writes.at(24), (Write{3250, "AN05;"}));  // the fifth characters differ
+    EXPECT_EQ(bench.cell(23, 1), "AN0110;");
+    EXPECT_EQ(line.writes.at(25), (Write{3500, "BS00;\r\n"}));
+    // The fifth characters of the second register are the same: it needs no command at its end.
+    clock.advance(150'000);
+    EXPECT_EQ(count("AN05;"), 32);
+    EXPECT_EQ(count("AN0;"), 33);
+    ASSERT_EQ(line.writes.size(), 33U * 24 + 32);
+    EXPECT_EQ(line.writes.at(line.writes.size() - 25), (Write{32 * 3450 + 50, "BS10;\r\n"}));
+    EXPECT_EQ(line.writes.back(), (Write{32 * 3450 + 3250, "AN05;"}));
+    EXPECT_EQ(bench.error(), "Terminated");
+    EXPECT_EQ(bench.program.terminal.Text2.get(), "Terminated");
+    EXPECT_EQ(bench.ends, std::vector{TransferEnd::Done});
+    EXPECT_EQ(bench.operation(), ActiveOperation::Idle);
+    EXPECT_FALSE(window.writer().running());
+
+    // A second write finds the answers of the first and goes on at once with the commands of the first.
+    line.forgetWrites();
+    line.answer = nullptr;
+    window.mnu_writeBandStack_Click();
+    clock.advance(150'000);
+    EXPECT_EQ(count("AN05;"), 32);
+    EXPECT_EQ(line.writes.size(), 33U * 24 + 32);
+}
+
+TEST_F(BandStackWriteTest, ARefusedRegisterSkipsThreeColumns) {
+    bench.setCell(1, 1, "?;");
+    bench.setCell(1, 5, "?;");   // the second of its band: the rest of it and the first of the next
+    bench.setCell(1, 31, "?;");  // the last band: the end
+    window.mnu_writeBandStack_Click();
+    clock.advance(150'000);
+    EXPECT_EQ(line.writes.at(0), (Write{50, "BS01;\r\n"}));
+    EXPECT_EQ(count("BS00;\r\n"), 0);
+    EXPECT_EQ(count("BS01;\r\n"), 1);
+    EXPECT_EQ(count("BS02;\r\n"), 2);
+    EXPECT_EQ(count("BS10;\r\n"), 0);
+    EXPECT_EQ(bench.error(), "Terminated");
+    EXPECT_EQ(bench.ends, std::vector{TransferEnd::Done});
+}
+
+TEST_F(BandStackWriteTest, AClosedPortStopsTheCellsAndOnlyHoldsTheAntennaStep) {
+    window.mnu_writeBandStack_Click();
+    clock.advance(1000);
+    bench.program.link.togglePort();
+    clock.advance(100);
+    EXPECT_FALSE(window.writer().running());
+    EXPECT_EQ(bench.ends, std::vector{TransferEnd::PortClosed});
+
+    bench.openPort();
+    line.forgetWrites();
+    antenna = "";
+    window.mnu_writeBandStack_Click();
+    clock.advance(60'000);
+    EXPECT_EQ(line.writes.back(), (Write{2850, "AN0;"}));  // waits for an answer without asking again
+    line.feed("AN0123;AN0110;");                           // what follows the answer is not looked at
+    EXPECT_EQ(bench.cell(23, 1), "AN0123;");
+    clock.advance(1000);
+    EXPECT_EQ(count("AN05;"), 0);
+    EXPECT_EQ(count("BS00;\r\n"), 2);
+}
+
+TEST_F(BandStackWriteTest, TheTransferThatStartsLastOwnsTheCursor) {
+    window.mnu_readBandStack_Click();
+    clock.advance(500);
+    window.mnu_writeBandStack_Click();
+    EXPECT_FALSE(window.reader().running());
+    clock.advance(2400);
+    window.mnu_readBandStack_Click();
+    line.forgetWrites();
+    clock.advance(5000);
+    EXPECT_FALSE(window.writer().running());
+    EXPECT_EQ(count("AC;"), static_cast<int>(line.writes.size()));
+}
+
+/// Read, turn the radio over, write back, read again: the second file is the first.
+TEST(BandStackWithARadio, ARestoreBringsTheRegistersBack) {
+    BandStackBench<SimulatedPorts> bench;
+    bench.openPort();
+    const auto untilEnd = [&] {
+        const bool came = bench.clock.advanceUntil([&] { return !bench.ends.empty(); }, 300'000);
+        bench.ends.clear();
+        return came;
+    };
+    const auto send = [&](const std::string& commands) {
+        bench.program.link.send(commands);
+        bench.clock.advance(1000);
+    };
+    const auto read = [&] {
+        const std::string file = bench.folder.file("radio.bsr");
+        bench.fileDialog.choose(file);
+        bench.window.mnu_readBandStack_Click();
+        EXPECT_TRUE(untilEnd());
+        return fakes::fileContent(file);
+    };
+    const auto first = read();
+    std::set<std::string> frequencies;
+    for (int column = 1; column <= 33; ++column) frequencies.insert(bench.cell(10, column));
+    EXPECT_EQ(frequencies.size(), 33U);
+
+    send("BS03;FA07123450;MD02;PA01;NB01;BI1;BS09;FA28500000;RF01;AN05;");
+    bench.window.mnu_writeBandStack_Click();
+    EXPECT_TRUE(untilEnd());
+    // The first press of a band recalls the register that was used last, so that three presses end two registers
+    // further on. The owner steps each band round to where it began.
+    for (int band = 0; band <= 10; ++band) {
+        const std::string press = "BS" + zeroPadded(band, 2) + ";";
+        send(press + press);
+    }
+    EXPECT_TRUE(read() == first);  // no cell differs: this radio answers what it can be set to
+    EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
+}
+
+}  // namespace
+}  // namespace korvex
