@@ -1,0 +1,59 @@
+#include "platform/ProgramFolder.h"
+
+#include <filesystem>
+#include <unistd.h>
+
+namespace korvex {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isFolder(const fs::path& path) {
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
+
+fs::path installedData(const fs::path& program) {
+    return program / "../share/korvex";
+}
+
+fs::path choose(const ProgramPlaces& places) {
+    if (!places.named.empty()) return places.named;
+    const bool unpacked = !isFolder(installedData(places.program)) && ::access(places.program.c_str(), W_OK) == 0;
+    return unpacked ? places.program : places.user;
+}
+
+/// Beside the executable, installed, or in the sources above a build folder.
+fs::path shippedHelp(const fs::path& program) {
+    for (const fs::path& data : {program, installedData(program), program / "../data", program / "../../data"}) {
+        if (isFolder(data / "helpfile")) return data / "helpfile";
+    }
+    return {};
+}
+
+/// A missing help page is no reason not to start: whoever opens it is told.
+void bringHelp(const fs::path& program, const fs::path& folder) {
+    const fs::path help = shippedHelp(program);
+    std::error_code ignored;
+    if (help.empty() || fs::equivalent(help, folder / "helpfile", ignored)) return;
+    fs::copy(help, folder / "helpfile", fs::copy_options::recursive | fs::copy_options::update_existing, ignored);
+}
+
+}  // namespace
+
+Result<std::string> makeProgramFolder(const ProgramPlaces& places) {
+    std::error_code error;
+    fs::path folder = fs::absolute(choose(places), error).lexically_normal();
+    if (!folder.has_filename()) folder = folder.parent_path();
+    fs::create_directories(folder / "files", error);
+    if (error || ::access(folder.c_str(), W_OK) != 0) {
+        const std::string reason = error ? error.message() : "no permission to write there";
+        return RuntimeError{errors::PathFileAccess, "The program folder " + folder.string() + " cannot be used: " +
+                                                        reason + ". Name another one with --program-folder."};
+    }
+    bringHelp(places.program, folder);
+    return folder.string();
+}
+
+}  // namespace korvex

@@ -1,0 +1,67 @@
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <unistd.h>
+
+#include "platform/ProgramFolder.h"
+
+namespace korvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProgramFolder : public ::testing::Test {
+protected:
+    ~ProgramFolder() override { fs::remove_all(root); }
+
+    void write(const fs::path& file, const std::string& content) const {
+        fs::create_directories(file.parent_path());
+        std::ofstream(file) << content;
+    }
+    std::string helpIn(const fs::path& folder) const {
+        std::ostringstream text;
+        text << std::ifstream(folder / "helpfile/help.html").rdbuf();
+        return text.str();
+    }
+    std::string make(const std::string& named = {}) const {
+        const auto folder = makeProgramFolder({named, (root / "bin").string(), (root / "home/Korvex").string()});
+        return folder ? *folder : "failed: " + std::to_string(folder.error().number);
+    }
+
+    fs::path root = fs::temp_directory_path() / ("korvex-folder-" + std::to_string(::getpid()));
+};
+
+TEST_F(ProgramFolder, OfAnUnpackedProgramIsItsOwn) {
+    write(root / "bin/helpfile/help.html", "help");
+    EXPECT_EQ(make(), (root / "bin").string());
+    EXPECT_TRUE(fs::is_directory(root / "bin/files"));
+    EXPECT_EQ(helpIn(root / "bin"), "help");
+}
+
+TEST_F(ProgramFolder, OfAnInstalledProgramIsTheUsersAndFollowsUpdates) {
+    fs::create_directories(root / "bin");
+    const fs::path shipped = root / "share/korvex/helpfile/help.html";
+    write(shipped, "old");
+    const fs::path home = root / "home/Korvex";
+    EXPECT_EQ(make(), home.string());
+    EXPECT_TRUE(fs::is_directory(home / "files"));
+    EXPECT_EQ(helpIn(home), "old");
+    write(home / "files/mine.mnu", "EX0011;");
+    write(shipped, "new");
+    fs::last_write_time(shipped, fs::file_time_type::clock::now() + std::chrono::seconds(5));
+    EXPECT_EQ(make(), home.string());
+    EXPECT_EQ(helpIn(home), "new");
+    EXPECT_TRUE(fs::exists(home / "files/mine.mnu"));
+}
+
+TEST_F(ProgramFolder, MayBeNamedAndIsRefusedWhereNothingCanBeWritten) {
+    fs::create_directories(root / "bin");
+    EXPECT_EQ(make((root / "a/b/").string()), (root / "a/b").string());
+    write(root / "a/file", "");
+    EXPECT_EQ(make((root / "a/file").string()), "failed: 75");
+    EXPECT_EQ(make("/proc/korvex"), "failed: 75");
+}
+
+}  // namespace
+}  // namespace korvex
