@@ -1,14 +1,25 @@
 # The machine's side and the windows. Nothing above this file may need Qt.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core SerialPort Sql Gui Widgets Svg)
 
+# moc has to look again when the list of sources changes; left alone it misses files that a glob has newly found.
+function(korvex_refresh_moc target)
+  get_target_property(sources ${target} SOURCES)
+  set(list ${CMAKE_CURRENT_BINARY_DIR}/${target}_sources.txt)
+  set(before "")
+  if(EXISTS ${list})
+    file(READ ${list} before)
+  endif()
+  if(NOT before STREQUAL "${sources}")
+    file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/timestamp)
+    file(WRITE ${list} "${sources}")
+  endif()
+endfunction()
+
 function(korvex_qt_target target)
   target_link_libraries(${target} PRIVATE korvex_warnings)
   target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
   set_target_properties(${target} PROPERTIES AUTOMOC ON)
-  # moc looks again when the list of sources changes; left alone it misses files that a glob has newly found.
-  get_target_property(sources ${target} SOURCES)
-  file(CONFIGURE OUTPUT ${target}_sources.txt CONTENT "${sources}")
-  set_property(TARGET ${target} APPEND PROPERTY AUTOGEN_TARGET_DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/${target}_sources.txt)
+  korvex_refresh_moc(${target})
 endfunction()
 
 # The interfaces of platform/ on Qt without any window; korvexctl needs no more.

@@ -57,7 +57,9 @@ std::string describe(const fs::path& tty) {
         if (product.empty()) continue;
         const std::string maker = firstLine(place / "manufacturer");
         const std::string serial = firstLine(place / "serial");
-        return (maker.empty() ? "" : maker + " ") + product + (serial.empty() ? "" : ", serial number " + serial);
+        std::string text = maker.empty() ? product : maker + " " + product;
+        if (!serial.empty()) text.append(", serial number ").append(serial);
+        return text;
     }
     return {};
 }
