@@ -1,0 +1,165 @@
+#include "cli/CommandLine.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+
+#include "base/CodePage.h"
+#include "base/NumberText.h"
+#include "cat/TransmitGuard.h"
+#include "platform/LineSettings.h"
+
+namespace korvex::cli {
+
+namespace {
+
+RuntimeError wrong(const std::string& why) {
+    return {errors::InvalidPropertyValue, why};
+}
+
+/// Takes the arguments from the front.
+class Arguments {
+public:
+    explicit Arguments(const std::vector<std::string>& all) : m_all(all) {}
+    bool empty() const { return m_next == m_all.size(); }
+    const std::string& take() { return m_all[m_next++]; }
+    std::size_t left() const { return m_all.size() - m_next; }
+
+private:
+    const std::vector<std::string>& m_all;
+    std::size_t m_next = 0;
+};
+
+Failure setLine(Command& command, const std::string& value) {
+    if (auto parsed = parseLineSettings(value); !parsed) return parsed.error();
+    command.settings = value;
+    return {};
+}
+
+Failure setHandshaking(Command& command, const std::string& value) {
+    const auto code = parseWhole(value);
+    if (!code || *code < 0 || *code > 3) return wrong("--handshaking takes 0, 1, 2 or 3");
+    command.handshaking = code;
+    return {};
+}
+
+struct Option {
+    bool takesValue;
+    std::function<Failure(Command&, const std::string&)> apply;
+};
+
+const std::map<std::string_view, Option>& options() {
+    const auto flag = [](bool Command::*member) {
+        return Option{false, [member](Command& command, const std::string&) -> Failure {
+                          command.*member = true;
+                          return {};
+                      }};
+    };
+    const auto text = [](std::optional<std::string> Command::*member) {
+        return Option{true, [member](Command& command, const std::string& value) -> Failure {
+                          command.*member = value;
+                          return {};
+                      }};
+    };
+    const auto verb = [](Command::Verb wanted) {
+        return Option{false, [wanted](Command& command, const std::string&) -> Failure {
+                          command.verb = wanted;
+                          return {};
+                      }};
+    };
+    static const std::map<std::string_view, Option> all = {
+        {"-r", text(&Command::device)},
+        {"--device", text(&Command::device)},
+        {"-s", {true, setLine}},
+        {"--handshaking", {true, setHandshaking}},
+        {"--settings", text(&Command::settingsFile)},
+        {"--demo", flag(&Command::demo)},
+        {"--allow-transmit", flag(&Command::allowTransmit)},
+        {"-h", verb(Command::Verb::Help)},
+        {"--help", verb(Command::Verb::Help)},
+        {"--version", verb(Command::Verb::Version)},
+    };
+    return all;
+}
+
+Failure takeOption(Command& command, const std::string& name, Arguments& rest) {
+    const auto found = options().find(name);
+    if (found == options().end()) return wrong("unknown option " + name);
+    if (!found->second.takesValue) return found->second.apply(command, {});
+    if (rest.empty()) return wrong(name + " wants a value");
+    return found->second.apply(command, rest.take());
+}
+
+Failure takeVerb(Command& command, const std::vector<std::string>& words) {
+    const std::string& verb = words.front();
+    const auto wants = [&](std::size_t count, const char* form) -> Failure {
+        if (words.size() == count) return {};
+        return wrong("\"" + verb + "\" is used so: korvexctl [options] " + form);
+    };
+    if (verb == "ports") {
+        command.verb = Command::Verb::Ports;
+        return wants(1, "ports");
+    }
+    if (verb == "send") {
+        command.verb = Command::Verb::Send;
+        if (auto failure = wants(2, "send 'FA;'")) return failure;
+        const auto wire = wireFromUtf8(words[1]);
+        if (!wire) return wrong("the text to send holds characters that the radio does not have");
+        command.text = *wire;
+        if (keysTransmitter(command.text) && !command.allowTransmit) {
+            return wrong("this would key the transmitter; --allow-transmit says that you mean it");
+        }
+        return {};
+    }
+    if (verb != "save" && verb != "restore") return wrong("unknown command " + verb);
+    command.verb = verb == "save" ? Command::Verb::Save : Command::Verb::Restore;
+    if (auto failure = wants(3, (verb + " KIND FILE").c_str())) return failure;
+    command.kind = words[1];
+    command.file = words[2];
+    return {};
+}
+
+}  // namespace
+
+Result<Command> parseArguments(const std::vector<std::string>& arguments) {
+    Command command;
+    Arguments rest(arguments);
+    std::vector<std::string> words;
+    while (!rest.empty()) {
+        const std::string& argument = rest.take();
+        if (argument.size() < 2 || argument.front() != '-') {
+            words.push_back(argument);
+        } else if (auto failure = takeOption(command, argument, rest)) {
+            return *failure;
+        }
+    }
+    const bool asked = std::any_of(arguments.begin(), arguments.end(), [](const std::string& argument) {
+        return argument == "-h" || argument == "--help" || argument == "--version";
+    });
+    if (asked) return command;
+    if (words.empty()) return wrong("what is to be done?");
+    if (command.demo && command.device) return wrong("--demo and -r exclude each other");
+    if (auto failure = takeVerb(command, words)) return *failure;
+    return command;
+}
+
+std::string usage() {
+    return "Usage: korvexctl [options] save KIND FILE      radio -> file\n"
+           "       korvexctl [options] restore KIND FILE   file -> radio\n"
+           "       korvexctl [options] send 'FA;'          sends a command, prints the answer\n"
+           "       korvexctl [options] ports               lists the serial ports\n"
+           "\n"
+           "Options:\n"
+           "  -r, --device DEVICE   the radio's serial device, for example /dev/ttyUSB0\n"
+           "                        (else the port that is set in Korvex)\n"
+           "  --demo                the simulated radio instead of a real one\n"
+           "  -s SPEED,P,D,S        line settings, for example 38400,n,8,2 (else as set in Korvex)\n"
+           "  --handshaking N       0 none, 1 XON/XOFF, 2 RTS, 3 RTS and XON/XOFF\n"
+           "  --settings FILE       the settings file of Korvex\n"
+           "  --allow-transmit      lets \"send\" send a command that keys the transmitter\n"
+           "  -h, --help  --version\n"
+           "\n"
+           "Exit codes: 0 done, 2 usage, 3 port, 4 no or wrong answers, 5 file, 130 interrupted\n";
+}
+
+}  // namespace korvex::cli

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/RuntimeError.h"
+
+namespace korvex::cli {
+
+/// What korvexctl is asked to do.
+struct Command {
+    enum class Verb { Help, Version, Ports, Send, Save, Restore };
+    Verb verb = Verb::Help;
+    std::string kind;                         ///< of file, for Save and Restore
+    std::string file;                         ///< for Save and Restore
+    std::string text;                         ///< for Send, wire text
+    bool demo = false;                        ///< the simulated radio instead of a real one
+    std::optional<std::string> device;        ///< -r; else the port that the windows use
+    std::optional<std::string> settings;      ///< -s; else as the windows use it
+    std::optional<int> handshaking;           ///< 0..3
+    std::optional<std::string> settingsFile;  ///< where the program keeps its settings
+    bool allowTransmit = false;
+};
+
+/// Exit codes, for scripts.
+enum class ExitCode {
+    Done = 0,
+    Usage = 2,
+    Port = 3,          ///< no such port, no permission, held by another program, gone
+    Answers = 4,       ///< the radio answered nothing, not all, or refused
+    File = 5,          ///< cannot be read or written, or is no file of its kind
+    Interrupted = 130  ///< Ctrl-C
+};
+
+/// The arguments behind the program's name; the error's text is for the user.
+Result<Command> parseArguments(const std::vector<std::string>& arguments);
+
+std::string usage();
+
+}  // namespace korvex::cli

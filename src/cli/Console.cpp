@@ -1,0 +1,44 @@
+#include "cli/Console.h"
+
+#include <algorithm>
+
+namespace korvex::cli {
+
+MsgAnswer ConsoleMsgBox::show(const MsgBoxRequest& request) {
+    m_stream << "korvexctl: " << request.text << "\n";
+    switch (request.buttons) {
+        case MsgButtons::Ok: return MsgAnswer::Ok;
+        case MsgButtons::YesNo: return MsgAnswer::No;
+        case MsgButtons::AbortRetryIgnore: return MsgAnswer::Ignore;
+        case MsgButtons::CancelTryAgainContinue: break;
+    }
+    return MsgAnswer::Cancel;
+}
+
+std::optional<std::string> GivenFile::show(const FileDialogRequest& request) {
+    if (request.mode == FileDialogRequest::Mode::Save && objection) {
+        objected = objection();
+        if (!objected.empty()) return std::nullopt;
+    }
+    return file;
+}
+
+ProgressLine::ProgressLine(ProgressWindow& progress, std::ostream& stream) : m_progress(progress), m_stream(stream) {
+    m_connections += progress.value.changed.connect([this](int) { draw(); });
+    m_connections += progress.visible.changed.connect([this](bool visible) {
+        if (!visible) wipe();
+    });
+}
+
+void ProgressLine::draw() {
+    if (!m_progress.visible) return;
+    const int percent =
+        100 * std::min(m_progress.value.get(), m_progress.maximum.get()) / std::max(m_progress.maximum.get(), 1);
+    m_stream << "\r" << m_progress.caption.get() << "  " << percent << " % " << std::flush;
+}
+
+void ProgressLine::wipe() {
+    m_stream << "\r\033[K" << std::flush;
+}
+
+}  // namespace korvex::cli

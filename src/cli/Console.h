@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <ostream>
+#include <string>
+
+#include "base/Signal.h"
+#include "platform/FileDialog.h"
+#include "platform/MsgBox.h"
+#include "platform/ProgressWindow.h"
+#include "platform/Shell.h"
+
+namespace korvex::cli {
+
+/// Boxes become lines on stderr. Nobody is there to answer: what could lose something is answered with no.
+class ConsoleMsgBox : public MsgBox {
+public:
+    explicit ConsoleMsgBox(std::ostream& stream) : m_stream(stream) {}
+    MsgAnswer show(const MsgBoxRequest& request) override;
+
+private:
+    std::ostream& m_stream;
+};
+
+/// Every file question is answered with the file of the command line, unless something speaks against it.
+class GivenFile : public FileDialog {
+public:
+    std::string file;
+    /// Asked before a file is written: may be empty, and gives back why not to.
+    std::function<std::string()> objection;
+    /// The objection that kept the file from being written.
+    std::string objected;
+
+    std::optional<std::string> show(const FileDialogRequest& request) override;
+};
+
+/// No desktop here.
+class NoShell : public Shell {
+public:
+    Failure openTextEditor(const std::string&) override { return none(); }
+    Failure openBrowser(const std::string&) override { return none(); }
+    Failure openSystemInformation() override { return none(); }
+
+private:
+    static Failure none() { return RuntimeError{errors::FileNotFound, "there is no desktop"}; }
+};
+
+/// The progress window as one line that is written over and over.
+class ProgressLine {
+public:
+    ProgressLine(ProgressWindow& progress, std::ostream& stream);
+
+private:
+    void draw();
+    void wipe();
+
+    ProgressWindow& m_progress;
+    std::ostream& m_stream;
+    Connections m_connections;
+};
+
+}  // namespace korvex::cli

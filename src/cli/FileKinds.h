@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/Program.h"
+#include "terminal/TransferEnd.h"
+
+namespace korvex::cli {
+
+/// One direction of a kind of file: what starts it, what tells of its end, and what speaks against keeping the result.
+struct Transfer {
+    std::function<void()> start;
+    Signal<TransferEnd>* ended = nullptr;
+    /// Reading only: why what was read is not worth a file; empty when it is whole.
+    std::function<std::string()> objection;
+};
+
+/// A kind of file that can be saved and restored by name. Another tool adds a row.
+struct FileKind {
+    std::string name;
+    Transfer save;
+    Transfer restore;
+};
+
+std::vector<FileKind> fileKinds(Program& program);
+
+}  // namespace korvex::cli
