@@ -32,6 +32,8 @@ public:
     void togglePort();
     /// Closes without a question if it is open.
     void closePort();
+    /// The communication test still waits for its verdict.
+    bool testing() const { return m_commTest.running(); }
     /// Sends the complete wire text as it is; nothing happens while the port is closed.
     void send(std::string_view wire);
 

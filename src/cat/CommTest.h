@@ -17,6 +17,7 @@ public:
     CommTest(MSComm& port, TrafficDisplay& received, Clock& clock);
 
     void start();
+    bool running() const { return m_timer5->Enabled(); }
 
     static constexpr std::string_view banner =
         " Communication Test \r\n Reading VFO A Frequency. Please check the result \r\n\r\n VFO A Frequency =  ";

@@ -82,8 +82,9 @@ void Session::onPoll() {
     if (m_stage == Stage::Testing) {
         const std::string text = received();
         const auto answer = text.find("FA");
-        if (answer != std::string::npos && text.find(';', answer) != std::string::npos) {
-            begin();
+        const bool answered = answer != std::string::npos && text.find(';', answer) != std::string::npos;
+        if (answered && !m_program.link.testing()) {
+            begin();  // with the verdict behind us: nothing but answers comes from now on
         } else if (late) {
             tell("the radio does not answer; please check cable, speed and the radio's menus 28 to 30");
             finish(ExitCode::Answers);
