@@ -70,6 +70,11 @@ void BandStackWindow::mnu_closeWindow_Click() {
     buttonBackToNormal.emit();
 }
 
+void BandStackWindow::closeBox() {
+    storePlace.emit();
+    hide.emit();
+}
+
 FileDialogRequest BandStackWindow::request(FileDialogRequest::Mode mode) const {
     return {mode, "", "Flat File (*.bsr)|*.bsr|All Files (*.*)|*.*", Text2, ""};
 }

@@ -37,6 +37,7 @@ public:
     void mnu_loadDatafromHD_Click() { loadBandStackFile(); }
     void mnu_saveDatafromHD_Click() { saveBandStackFile(); }
     void mnu_closeWindow_Click();
+    void closeBox();
 
     /// Each asks for a file first. How it ended is for those who have no window.
     TransferEnd saveBandStackFile();
@@ -51,7 +52,7 @@ public:
     Property<std::string> Label2;        ///< the error number of the last load
     Property<bool> Label2Yellow{false};  ///< an error has been seen
 
-    /// Where closing by the menu leads, in the order in which they are told.
+    /// Where closing leads, in the order in which they are told.
     Signal<> storePlace;
     Signal<> hideTerminal;
     Signal<> hide;

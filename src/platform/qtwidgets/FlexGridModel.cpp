@@ -3,10 +3,14 @@
 #include <QBrush>
 #include <QColor>
 #include <algorithm>
+#include <cstddef>
 
 namespace korvex {
 
 namespace {
+
+/// Bytes of a cell that are laid out. No column is as wide, and a damaged file can put a megabyte into a cell.
+constexpr std::size_t longestShown = 2000;
 
 QColor colourOf(int bbggrr) {
     return {bbggrr & 0xFF, (bbggrr >> 8) & 0xFF, (bbggrr >> 16) & 0xFF};
@@ -65,7 +69,7 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
 }
 
 QVariant FlexGridModel::cellData(int row, int col, int role) const {
-    if (role == Qt::DisplayRole) return QString::fromStdString(m_cells.TextMatrix(row, col));
+    if (role == Qt::DisplayRole) return QString::fromStdString(m_cells.TextMatrix(row, col).substr(0, longestShown));
     if (role != Qt::BackgroundRole && role != Qt::ForegroundRole) return {};
     const auto colour = m_cells.CellBackColor(row, col);
     if (!colour) return {};

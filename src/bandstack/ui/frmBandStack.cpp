@@ -1,0 +1,154 @@
+#include "bandstack/ui/frmBandStack.h"
+
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "app/ui/PanelLabel.h"
+#include "bandstack/BandStackWindow.h"
+#include "cat/CatLink.h"
+#include "platform/qtwidgets/FlexGridView.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int besideGrid = 400;      // twips of the window's width that are not the grid's
+constexpr int belowLastRow = 100;    // twips of the grid's height that are not rows
+constexpr int aboveAndBelow = 1400;  // twips of the window's height that are not the grid's
+constexpr int smallestGrid = 1500;   // twips of height that a grid keeps in a window made small
+
+QString fromUtf8(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+/// The columns are as wide as they are; a frequency, the longest answer and the one that is looked for, must fit in.
+QFont fontForFrequencies(QFont font, int columnWidth) {
+    constexpr double smallestPointSize = 7;
+    constexpr int frame = 6;
+    const QString longest = QStringLiteral("FA00000000;");
+    while (font.pointSizeF() > smallestPointSize &&
+           QFontMetrics(font).horizontalAdvance(longest) > columnWidth - frame) {
+        font.setPointSizeF(font.pointSizeF() - 0.25);
+    }
+    return font;
+}
+
+}  // namespace
+
+frmBandStack::frmBandStack(BandStackWindow& logic, CatLink& link, SettingsStore& settings)
+    : ToolWindow(geometry::bandStack, settings), m_logic(logic) {
+    setObjectName(QStringLiteral("frmBandStack"));
+    setWindowTitle(QStringLiteral("Band Stack Registers"));
+    m_logic.Form_Load();
+    makeMenu(link);
+    makeBody();
+    makeStatusBar(link);
+    m_connections += m_logic.storePlace.connect([this] { storePlace(); });
+    m_connections += m_logic.hide.connect([this] { hide(); });
+    loadPlace();
+    fitHeight();
+}
+
+QAction* frmBandStack::entry(QMenu* menu, const char* name, const char* caption, std::function<void()> run) {
+    QAction* action = menu->addAction(QLatin1String(caption));
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this, std::move(run));
+    return action;
+}
+
+void frmBandStack::makeMenu(CatLink& link) {
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("Menu"));
+    menu->setObjectName(QStringLiteral("mnu_menu"));
+    QAction* read = entry(menu, "mnu_readBandStack", "Read Band Stack Register of FT-2000",
+                          [this] { m_logic.mnu_readBandStack_Click(); });
+    QAction* write = entry(menu, "mnu_writeBandStack", "Write Band Stack Register to FT-2000",
+                           [this] { m_logic.mnu_writeBandStack_Click(); });
+    menu->addSeparator()->setObjectName(QStringLiteral("mnu_bar1"));
+    entry(menu, "mnu_loadDatafromHD", "Load Band Stack Datas from Hard Disk",
+          [this] { m_logic.mnu_loadDatafromHD_Click(); });
+    entry(menu, "mnu_saveDatafromHD", "Save Band Stack Datas to Hard Disk",
+          [this] { m_logic.mnu_saveDatafromHD_Click(); });
+    menu->addSeparator()->setObjectName(QStringLiteral("mnu_bar2"));
+    entry(menu, "mnu_closeWindow", "Close Window", [this] { m_logic.mnu_closeWindow_Click(); });
+    m_connections += link.indicators().open.bind([read, write](bool open) {
+        read->setEnabled(open);
+        write->setEnabled(open);
+    });
+}
+
+void frmBandStack::makeBody() {
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    const int margin = pixels(besideGrid) / 2;
+    column->setContentsMargins(margin, 4, pixels(besideGrid) - margin, 4);
+    column->setSpacing(4);
+    FlexGrid1 = new FlexGridView(m_logic.stack().FlexGrid1);
+    FlexGrid1->setObjectName(QStringLiteral("FlexGrid1"));
+    FlexGrid1->setAccessibleName(QStringLiteral("Band stack registers"));
+    FlexGrid1->setFont(fontForFrequencies(FlexGrid1->font(), pixels(m_logic.stack().FlexGrid1.ColWidth(1))));
+    column->addWidget(FlexGrid1, 1);
+    column->addWidget(makeFields());
+    setCentralWidget(body);
+}
+
+QWidget* frmBandStack::makeFields() {
+    auto* fields = new QWidget;
+    auto* row = new QHBoxLayout(fields);
+    row->setContentsMargins(0, 0, 0, 0);
+    Label2 = new QLabel;
+    Label2->setObjectName(QStringLiteral("Label2"));
+    Label2->setAccessibleDescription(QStringLiteral("Error number of the last file load"));
+    Label2->setAlignment(Qt::AlignCenter);
+    Label2->setFrameShape(QFrame::StyledPanel);
+    Label2->setMinimumWidth(Label2->fontMetrics().horizontalAdvance(QStringLiteral("00000")));
+    m_connections += m_logic.Label2.bind([this](const std::string& text) { Label2->setText(fromUtf8(text)); });
+    m_connections += m_logic.Label2Yellow.bind([this](bool yellow) {
+        if (yellow) Label2->setStyleSheet(QStringLiteral("background-color: #ffff00; color: black"));
+    });
+    Text3 = new QLineEdit;
+    Text3->setObjectName(QStringLiteral("Text3"));
+    Text3->setAccessibleName(QStringLiteral("Text being written to the radio"));
+    Text3->setReadOnly(true);
+    Text3->setFocusPolicy(Qt::ClickFocus);
+    m_connections +=
+        m_logic.stack().Text3.bind([this](const std::string& text) { Text3->setText(fromUtf8(text).trimmed()); });
+    Label2->setFixedHeight(Text3->sizeHint().height());
+    row->addWidget(Label2);
+    row->addWidget(Text3, 1);
+    return fields;
+}
+
+void frmBandStack::makeStatusBar(CatLink& link) {
+    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    auto* port = new PanelLabel(link.indicators().bandStack, QStringLiteral("portinfo"),
+                                QStringLiteral("State of the serial port"), this);
+    auto* path =
+        new PanelLabel(m_logic.dateipath, QStringLiteral("Dateipath"), QStringLiteral("Band stack file"), this);
+    // A long path must not hold the window wide open.
+    path->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_connections += m_logic.dateipath.bind([path](const std::string& text) { path->setToolTip(fromUtf8(text)); });
+    statusBar()->addWidget(port);
+    statusBar()->addWidget(path, 1);
+}
+
+/// The grid is as high as its rows, and the window as high as the grid asks for; in a smaller window the grid scrolls.
+void frmBandStack::fitHeight() {
+    const int rows = m_logic.stack().FlexGrid1.Rows();
+    const int gridHeight = (rows - 1) * FlexGrid1->rowHeight(0) + pixels(belowLastRow);
+    FlexGrid1->setMinimumHeight(pixels(smallestGrid));
+    FlexGrid1->setMaximumHeight(gridHeight);
+    resize(width(), gridHeight + pixels(aboveAndBelow));
+}
+
+bool frmBandStack::closeBox() {
+    m_logic.closeBox();
+    return true;
+}
+
+}  // namespace korvex
