@@ -14,6 +14,7 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "app/ui/PanelLabel.h"
 #include "eq/EqWindow.h"
 #include "eq/ui/EqSlider.h"
 
@@ -75,21 +76,23 @@ void frmEQ_Set::buildToolBar() {
     auto* bar = addToolBar(QStringLiteral("Port"));
     bar->setObjectName(QStringLiteral("tbrToolBar"));
     bar->setMovable(false);
+    bar->setIconSize({24, 24});
     openPort = bar->addAction(QIcon(QLatin1String(toolBarImage)), QStringLiteral("Open RS-232 Port"));
     openPort->setObjectName(QStringLiteral("openPort"));
     openPort->setToolTip(QStringLiteral("Open RS-232 Port"));
+    openPort->setCheckable(true);
+    auto* button = bar->widgetForAction(openPort);
+    button->setObjectName(QStringLiteral("openPort"));
+    button->setAccessibleName(QStringLiteral("Open RS-232 Port"));
 }
 
 void frmEQ_Set::buildStatusBar() {
     statusBar()->setObjectName(QStringLiteral("sbrStatus"));
-    m_settingsPanel = new QLabel;
-    m_settingsPanel->setObjectName(QStringLiteral("Settings"));
-    m_settingsPanel->setAccessibleName(QStringLiteral("Port settings"));
-    m_errorPanel = new QLabel;
-    m_errorPanel->setObjectName(QStringLiteral("Error"));
-    m_errorPanel->setAccessibleName(QStringLiteral("Error"));
-    statusBar()->addWidget(m_settingsPanel, 3);
-    statusBar()->addWidget(m_errorPanel, 1);
+    statusBar()->addWidget(new PanelLabel(m_logic.settingsPanel, QStringLiteral("Settings"),
+                                          QStringLiteral("Settings of the Serial Port"), this),
+                           3);
+    statusBar()->addWidget(new PanelLabel(m_logic.errorPanel, QStringLiteral("Error"), QStringLiteral("Error"), this),
+                           1);
 }
 
 void frmEQ_Set::buildBody() {
@@ -171,7 +174,7 @@ QToolButton* frmEQ_Set::makeImage(const char* name, const char* file, const char
     image->setAccessibleName(QLatin1String(accessibleName));
     image->setToolTip(QStringLiteral("open/close Comm-Port"));
     image->setIcon(QIcon(QLatin1String(file)));
-    image->setIconSize({32, 32});
+    image->setIconSize({48, 24});
     image->setAutoRaise(true);
     m_images->addWidget(image);
     connect(image, &QToolButton::clicked, this, [this] { m_logic.toggleEqPort(); });
@@ -216,22 +219,18 @@ bool frmEQ_Set::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmEQ_Set::wire() {
-    // The check mark follows the port, not the click.
-    connect(comop, &QAction::triggered, this, [this] {
-        m_logic.toggleEqPort();
-        comop->setChecked(m_logic.connected);
-    });
-    connect(openPort, &QAction::triggered, this, [this] { m_logic.toggleEqPort(); });
+    for (QAction* action : {comop, openPort}) {
+        connect(action, &QAction::triggered, this, [this] {
+            m_logic.toggleEqPort();
+            showConnected(m_logic.connected);  // the check marks follow the port, not the click
+        });
+    }
     for (std::size_t item = 0; item < eqItemCount; ++item) wireItem(item);
     m_connections += m_logic.connected.bind([this](bool connected) { showConnected(connected); });
     m_connections += m_logic.processorOn.bind([this](bool on) { showProcessor(on); });
     m_connections += m_logic.Label5.bind([this](const std::string& text) { Label5->setText(fromUtf8(text)); });
     m_connections +=
         m_logic.exchange().statusText.bind([this](const std::string& text) { Label6->setText(fromUtf8(text)); });
-    m_connections +=
-        m_logic.settingsPanel.bind([this](const std::string& text) { m_settingsPanel->setText(fromUtf8(text)); });
-    m_connections +=
-        m_logic.errorPanel.bind([this](const std::string& text) { m_errorPanel->setText(fromUtf8(text)); });
     m_connections += m_logic.storePlace.connect([this] { storePlace(); });
     m_connections += m_logic.hide.connect([this] { hide(); });
 }
@@ -252,6 +251,7 @@ void frmEQ_Set::wireItem(std::size_t item) {
 void frmEQ_Set::showConnected(bool connected) {
     m_images->setCurrentWidget(connected ? imgConnected : imgNotConnected);
     comop->setChecked(connected);
+    openPort->setChecked(connected);
 }
 
 void frmEQ_Set::showProcessor(bool on) {

@@ -61,8 +61,6 @@ private:
     QToolButton* imgNotConnected = nullptr;
     QLabel* Label5 = nullptr;
     QLabel* Label6 = nullptr;
-    QLabel* m_settingsPanel = nullptr;
-    QLabel* m_errorPanel = nullptr;
     Connections m_connections;
 };
 
