@@ -37,8 +37,8 @@ target_link_libraries(korvex_ui PUBLIC korvex_qt Qt6::Widgets PRIVATE Qt6::Svg)
 
 include(GNUInstallDirs)
 
-if(EXISTS ${PROJECT_SOURCE_DIR}/src/app/ui/main.cpp)
-  qt_add_executable(korvex src/app/ui/main.cpp data/korvex.qrc)
+if(EXISTS ${PROJECT_SOURCE_DIR}/src/desktop/ui/main.cpp)
+  qt_add_executable(korvex src/desktop/ui/main.cpp data/korvex.qrc)
   korvex_qt_target(korvex)
   set_target_properties(korvex PROPERTIES AUTORCC ON)
   target_link_libraries(korvex PRIVATE korvex_ui)

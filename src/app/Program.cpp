@@ -13,9 +13,11 @@ Program::Program(Machine machine)
                 machine.programFolder}),
       menuReader(terminal, machine.clock, menuCommandTable),
       menuWriter(terminal, machine.clock, menuCommandTable),
+      eqWindow(machine.ports, machine.clock, machine.msgBox),
       startWindow(machine.clock, startWindowCalls()),
       m_machine(std::move(machine)) {
     announceTools();
+    introduceEqualizer();
 }
 
 PortSettings Program::makePortSettings() {
@@ -24,7 +26,7 @@ PortSettings Program::makePortSettings() {
 
 StartWindowCalls Program::startWindowCalls() {
     return {
-        .closeEqualizerPort = [] {},
+        .closeEqualizerPort = [this] { eqWindow.closePort(); },
         .hideTools = [this] { windows.hideAll(); },
         .openTool = [this](int tool) { openTool(tool); },
         .openHelp =
@@ -53,6 +55,17 @@ void Program::announceTools() {
         m_connections += toolWindow(tool)->available.bind(
             [this, tool](bool available) { startWindow.enabled.at(static_cast<std::size_t>(tool)) = available; });
     }
+}
+
+void Program::introduceEqualizer() {
+    windows.equalizer.available = true;
+    // Both ports are set to the same device: whoever opens takes it from the other.
+    m_connections += link.opening.connect([this] { eqWindow.closePort(); });
+    m_connections += eqWindow.exchange().beforeOpen.connect([this] { link.closePort(); });
+    m_connections += eqWindow.showTerminal.connect([this] { windows.terminal.show(); });
+    m_connections += eqWindow.hide.connect([this] { windows.equalizer.hide(); });
+    m_connections +=
+        eqWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Equalizer); });
 }
 
 void Program::openTool(int tool) {

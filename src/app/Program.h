@@ -6,6 +6,7 @@
 #include "app/StartWindow.h"
 #include "cat/CatLink.h"
 #include "cat/PortSettings.h"
+#include "eq/EqWindow.h"
 #include "menu/MenuCommandTable.h"
 #include "menu/MenuReader.h"
 #include "menu/MenuWriter.h"
@@ -49,6 +50,7 @@ public:
     MenuCommandTable menuCommandTable;
     MenuReader menuReader;
     MenuWriter menuWriter;
+    EqWindow eqWindow;
     StartWindow startWindow;
 
     /// The logic of one opening of the port settings dialog.
@@ -62,6 +64,7 @@ public:
 private:
     StartWindowCalls startWindowCalls();
     void announceTools();
+    void introduceEqualizer();
     WindowState* toolWindow(int tool);
     void openTool(int tool);
 

@@ -32,6 +32,7 @@ CatLink::CatLink(MSComm& port, Clock& clock, MsgBox& msgBox, ProgressWindow& pro
 }
 
 void CatLink::togglePort() {
+    if (!m_port.PortOpen()) opening.emit();
     const Failure failure = m_port.setPortOpen(!m_port.PortOpen());
     if (failure) m_msgBox.exclamation(failure->text);
     showPortState();

@@ -55,8 +55,8 @@ public:
     /// The port has just closed, by whatever cause: sequencers stop. An operation in progress is over, and its code is
     /// left as it is.
     Signal<> closed;
-    /// The port has just been opened.
-    Signal<> opened;
+    Signal<> opening;  ///< the port is about to be opened: whoever holds the device lets it go
+    Signal<> opened;   ///< the port has just been opened
 
     /// Before the program ends: waits, letting other events run, until all output has left, then closes the port. After
     /// each 10 s without an end the user is asked; false when the user aborts, and the port then stays open.

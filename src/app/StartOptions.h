@@ -1,0 +1,26 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "base/RuntimeError.h"
+
+namespace korvex {
+
+/// What the command line of korvex asks for.
+struct StartOptions {
+    std::map<int, std::string> ports;  ///< --port N=DEVICE, each number once
+    bool demo = false;                 ///< --demo
+    std::string programFolder;         ///< --program-folder DIR, empty: found
+    std::string settingsFile;          ///< --settings FILE, empty: the user's
+    bool help = false;
+    bool version = false;
+};
+
+/// The arguments behind the program's name, values as "--name VALUE" or "--name=VALUE". The error's text is for the user.
+Result<StartOptions> parseStartOptions(const std::vector<std::string>& arguments);
+
+std::string startOptionsHelp();
+
+}  // namespace korvex

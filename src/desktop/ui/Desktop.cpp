@@ -1,0 +1,79 @@
+#include "desktop/ui/Desktop.h"
+
+#include <QApplication>
+#include <ranges>
+#include <utility>
+
+#include "app/ui/frmAbout.h"
+#include "app/ui/frmUtilities.h"
+#include "cat/ui/frmProperties.h"
+#include "eq/ui/frmEQ_Set.h"
+#include "terminal/ui/frmTerm.h"
+
+namespace korvex {
+
+Desktop::Desktop(Program& program) : m_program(program), m_progress(program.progress) {
+    SettingsStore& settings = program.machine().settings;
+    follow(program.windows.terminal, [this] { return makeTerminal(); });
+    follow(program.windows.equalizer, [this, &settings] {
+        return std::make_unique<frmEQ_Set>(m_program.eqWindow, settings);
+    });
+    m_connections += program.unloadingWindows.connect([this] { unloadWindows(); });
+    m_connections += program.ended.connect([] { QApplication::quit(); });
+}
+
+Desktop::~Desktop() = default;
+
+void Desktop::showStartWindow() {
+    m_startWindow = std::make_unique<frmUtilities>(m_program.startWindow, m_program.machine().settings,
+                                                   [this](QWidget* owner) { showAboutBox(owner); });
+    m_startWindow->show();
+}
+
+void Desktop::follow(WindowState& state, Maker make) {
+    // The window, once made; shared by the handlers of its state.
+    const auto window = std::make_shared<ToolWindow*>(nullptr);
+    m_connections += state.visible.changed.connect([this, window, make = std::move(make)](bool visible) {
+        if (visible && !*window) {
+            m_loaded.push_back(make());
+            *window = m_loaded.back().get();
+        }
+        if (*window) (*window)->setVisible(visible);
+    });
+    m_connections += state.restored.connect([window] {
+        if (*window) (*window)->showRestored();
+    });
+}
+
+std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
+    return std::make_unique<frmTerm>(
+        m_program.terminal, m_program.windows, m_program.machine().settings,
+        TerminalActions{
+            .saveMenu = [this] { m_program.menuReader.mnu_Store_Click(); },
+            .restoreMenu = [this] { m_program.menuWriter.mnu_Restore_Click(); },
+            .saveMemories = {},
+            .restoreMemories = {},
+            .portSettings = [this] { showPortSettings(); },
+            .about = [this] { showAboutBox(QApplication::activeWindow()); },
+            .endProgram = [this] { return m_program.end(); },
+        });
+}
+
+void Desktop::showAboutBox(QWidget* owner) {
+    showAbout(owner, QApplication::applicationFilePath().toStdString(), m_program.machine().shell,
+              m_program.machine().msgBox);
+}
+
+void Desktop::showPortSettings() {
+    PortSettings logic = m_program.makePortSettings();
+    logic.Form_Load();
+    frmProperties dialog(logic, QApplication::activeWindow());
+    dialog.exec();
+}
+
+void Desktop::unloadWindows() {
+    for (auto& window : m_loaded | std::views::reverse) window->storePlace();
+    if (m_startWindow) m_startWindow->storePlace();
+}
+
+}  // namespace korvex

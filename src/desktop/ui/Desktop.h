@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "app/Program.h"
+#include "app/ui/ToolWindow.h"
+#include "app/ui/frmProgr.h"
+
+namespace korvex {
+
+class frmUtilities;
+
+/// The windows of the program. Each is made when it is first to be seen and lives until the end; from then on it follows
+/// what the logic holds. The only place that knows all windows.
+class Desktop {
+public:
+    explicit Desktop(Program& program);
+    ~Desktop();
+
+    void showStartWindow();
+
+private:
+    using Maker = std::function<std::unique_ptr<ToolWindow>()>;
+
+    void follow(WindowState& state, Maker make);
+    std::unique_ptr<ToolWindow> makeTerminal();
+    void showAboutBox(QWidget* owner);
+    void showPortSettings();
+    void unloadWindows();
+
+    Program& m_program;
+    ProgressView m_progress;
+    std::unique_ptr<frmUtilities> m_startWindow;
+    std::vector<std::unique_ptr<ToolWindow>> m_loaded;  // in the order of loading
+    Connections m_connections;
+};
+
+}  // namespace korvex
