@@ -1,0 +1,45 @@
+#include "app/ui/ColorButton.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionButton>
+
+#include "app/ui/Colors.h"
+
+namespace korvex {
+
+void ColorButton::setBackColor(int bbggrr) {
+    korvex::setBackColor(*this, bbggrr);
+}
+
+void ColorButton::paintEvent(QPaintEvent*) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QColor back = option.palette.color(QPalette::Button);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool hovered = enabled && option.state.testFlag(QStyle::State_MouseOver);
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF face = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(QPen(back.darker(!enabled ? 130 : hovered ? 260 : 180), 1));
+    painter.setBrush(isDown() ? back.darker(118) : back);
+    painter.drawRoundedRect(face, 4, 4);
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+        painter.setPen(QPen(readableOn(back), 1, Qt::DotLine));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(face.adjusted(3, 3, -3, -3), 2, 2);
+    }
+    style()->drawControl(QStyle::CE_PushButtonLabel, &option, &painter, this);
+}
+
+void ColorButton::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && !event->isAutoRepeat()) {
+        click();
+    } else {
+        QPushButton::keyPressEvent(event);
+    }
+}
+
+}  // namespace korvex

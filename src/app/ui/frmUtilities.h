@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "app/StartWindow.h"
+#include "app/ui/ToolWindow.h"
+
+namespace korvex {
+
+class ColorButton;
+class SvgPicture;
+
+/// The start window: the radio's picture and six buttons, one for each tool.
+class frmUtilities : public ToolWindow {
+    Q_OBJECT
+
+public:
+    /// `showAbout` shows the about box in front of the window it is given.
+    frmUtilities(StartWindow& logic, SettingsStore& settings, std::function<void(QWidget*)> showAbout);
+
+protected:
+    bool closeBox() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void makeMenus();
+    void makeButton(int tool);
+    void Form_Resize();
+
+    StartWindow& m_logic;
+    std::function<void(QWidget*)> m_showAbout;
+    SvgPicture* Picture1 = nullptr;
+    std::array<ColorButton*, StartWindow::toolCount> Command1{};
+    Connections m_connections;
+};
+
+}  // namespace korvex
