@@ -50,8 +50,8 @@ void frmProgr::showEvent(QShowEvent* event) {
 }
 
 void frmProgr::closeEvent(QCloseEvent* event) {
-    event->ignore();
     m_progress.hide();
+    event->accept();  // a window that refuses keeps the whole program from ending
 }
 
 ProgressView::ProgressView(ProgressWindow& progress) {

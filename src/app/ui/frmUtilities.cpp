@@ -2,6 +2,8 @@
 
 #include <QEvent>
 #include <QMenuBar>
+#include <QScrollArea>
+#include <algorithm>
 
 #include "app/ui/ColorButton.h"
 #include "app/ui/SvgArt.h"
@@ -27,16 +29,27 @@ frmUtilities::frmUtilities(StartWindow& logic, SettingsStore& settings, std::fun
     setWindowTitle(text(applicationName));
     makeMenus();
 
-    auto* face = new QWidget(this);
-    setCentralWidget(face);
-    Picture1 = new SvgPicture(QStringLiteral(":/images/ft2000-front.svg"), face);
+    makeFace();
+    Picture1 = new SvgPicture(QStringLiteral(":/images/ft2000-front.svg"), m_face);
     Picture1->setObjectName(QStringLiteral("Picture1"));
     Picture1->setAccessibleName(QStringLiteral("Picture of the radio"));
     Picture1->resize(pictureSize);
     for (int tool = 0; tool < StartWindow::toolCount; ++tool) makeButton(tool);
 
-    face->installEventFilter(this);
+    m_face->setMinimumSize(Picture1->width(), layOut());
+    m_face->installEventFilter(this);
     loadPlace();
+}
+
+void frmUtilities::makeFace() {
+    // On a screen that is too small for all six buttons the rest is scrolled to.
+    auto* scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidgetResizable(true);
+    m_face = new QWidget;
+    scroll->setWidget(m_face);
+    setCentralWidget(scroll);
 }
 
 void frmUtilities::makeMenus() {
@@ -58,7 +71,7 @@ void frmUtilities::makeMenus() {
 
 void frmUtilities::makeButton(int tool) {
     const auto index = static_cast<std::size_t>(tool);
-    auto* button = new ColorButton(text(StartWindow::captions[index]), centralWidget());
+    auto* button = new ColorButton(text(StartWindow::captions[index]), m_face);
     Command1[index] = button;
     button->setObjectName(QStringLiteral("Command1_%1").arg(tool));
     QFont larger = button->font();
@@ -73,12 +86,15 @@ void frmUtilities::makeButton(int tool) {
 }
 
 bool frmUtilities::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == centralWidget() && event->type() == QEvent::Resize) Form_Resize();
+    if (watched == m_face && event->type() == QEvent::Resize) {
+        layOut();
+        m_logic.Form_Resize();
+    }
     return ToolWindow::eventFilter(watched, event);
 }
 
-void frmUtilities::Form_Resize() {
-    const int left = (centralWidget()->width() - Picture1->width()) / 2;
+int frmUtilities::layOut() {
+    const int left = (m_face->width() - Picture1->width()) / 2;
     Picture1->move(left, pixels(pictureTop));
     int top = Picture1->y() + Picture1->height() + pixels(gap);
     for (ColorButton* button : Command1) {
@@ -86,7 +102,7 @@ void frmUtilities::Form_Resize() {
         button->setGeometry(left, top, Picture1->width(), height);
         top += height + pixels(gap);
     }
-    m_logic.Form_Resize();
+    return top;
 }
 
 bool frmUtilities::closeBox() {

@@ -26,10 +26,13 @@ protected:
 private:
     void makeMenus();
     void makeButton(int tool);
-    void Form_Resize();
+    void makeFace();
+    /// The picture in the middle, the buttons under it; gives back how much height that takes.
+    int layOut();
 
     StartWindow& m_logic;
     std::function<void(QWidget*)> m_showAbout;
+    QWidget* m_face = nullptr;
     SvgPicture* Picture1 = nullptr;
     std::array<ColorButton*, StartWindow::toolCount> Command1{};
     Connections m_connections;
