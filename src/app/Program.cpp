@@ -64,8 +64,7 @@ void Program::introduceEqualizer() {
     m_connections += eqWindow.exchange().beforeOpen.connect([this] { link.closePort(); });
     m_connections += eqWindow.showTerminal.connect([this] { windows.terminal.show(); });
     m_connections += eqWindow.hide.connect([this] { windows.equalizer.hide(); });
-    m_connections +=
-        eqWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Equalizer); });
+    m_connections += eqWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Equalizer); });
 }
 
 void Program::openTool(int tool) {

@@ -18,7 +18,8 @@ struct StartOptions {
     bool version = false;
 };
 
-/// The arguments behind the program's name, values as "--name VALUE" or "--name=VALUE". The error's text is for the user.
+/// The arguments behind the program's name, values as "--name VALUE" or "--name=VALUE". The error's text is for the
+/// user.
 Result<StartOptions> parseStartOptions(const std::vector<std::string>& arguments);
 
 std::string startOptionsHelp();

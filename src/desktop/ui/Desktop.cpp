@@ -15,9 +15,8 @@ namespace korvex {
 Desktop::Desktop(Program& program) : m_program(program), m_progress(program.progress) {
     SettingsStore& settings = program.machine().settings;
     follow(program.windows.terminal, [this] { return makeTerminal(); });
-    follow(program.windows.equalizer, [this, &settings] {
-        return std::make_unique<frmEQ_Set>(m_program.eqWindow, settings);
-    });
+    follow(program.windows.equalizer,
+           [this, &settings] { return std::make_unique<frmEQ_Set>(m_program.eqWindow, settings); });
     m_connections += program.unloadingWindows.connect([this] { unloadWindows(); });
     m_connections += program.ended.connect([] { QApplication::quit(); });
 }
@@ -46,17 +45,16 @@ void Desktop::follow(WindowState& state, Maker make) {
 }
 
 std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
-    return std::make_unique<frmTerm>(
-        m_program.terminal, m_program.windows, m_program.machine().settings,
-        TerminalActions{
-            .saveMenu = [this] { m_program.menuReader.mnu_Store_Click(); },
-            .restoreMenu = [this] { m_program.menuWriter.mnu_Restore_Click(); },
-            .saveMemories = {},
-            .restoreMemories = {},
-            .portSettings = [this] { showPortSettings(); },
-            .about = [this] { showAboutBox(QApplication::activeWindow()); },
-            .endProgram = [this] { return m_program.end(); },
-        });
+    return std::make_unique<frmTerm>(m_program.terminal, m_program.windows, m_program.machine().settings,
+                                     TerminalActions{
+                                         .saveMenu = [this] { m_program.menuReader.mnu_Store_Click(); },
+                                         .restoreMenu = [this] { m_program.menuWriter.mnu_Restore_Click(); },
+                                         .saveMemories = {},
+                                         .restoreMemories = {},
+                                         .portSettings = [this] { showPortSettings(); },
+                                         .about = [this] { showAboutBox(QApplication::activeWindow()); },
+                                         .endProgram = [this] { return m_program.end(); },
+                                     });
 }
 
 void Desktop::showAboutBox(QWidget* owner) {

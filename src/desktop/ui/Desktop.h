@@ -12,8 +12,8 @@ namespace korvex {
 
 class frmUtilities;
 
-/// The windows of the program. Each is made when it is first to be seen and lives until the end; from then on it follows
-/// what the logic holds. The only place that knows all windows.
+/// The windows of the program. Each is made when it is first to be seen and lives until the end; from then on it
+/// follows what the logic holds. The only place that knows all windows.
 class Desktop {
 public:
     explicit Desktop(Program& program);

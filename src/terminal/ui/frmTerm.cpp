@@ -247,23 +247,37 @@ QWidget* frmTerm::makeBufferRow() {
 void frmTerm::makeStatusBar() {
     auto* bar = statusBar();
     bar->setObjectName(QStringLiteral("sbrStatus"));
-    bar->setSizeGripEnabled(true);
-    const auto panel = [&](Property<std::string>& text, const char* key, const QString& meaning, int stretch,
-                           const QString& widest) {
-        auto* label = new PanelLabel(text, QLatin1String(key), meaning, bar);
-        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(widest) + 4);
-        bar->addWidget(label, stretch);
+    // Two rows: at the window's usual width one would cut the texts of the operations off.
+    auto* rows = new QWidget(bar);
+    auto* column = new QVBoxLayout(rows);
+    column->setContentsMargins(2, 0, 0, 0);
+    column->setSpacing(1);
+    const auto addRow = [&](PanelLabel* left, int leftStretch, PanelLabel* right, int rightStretch) {
+        auto* row = new QHBoxLayout;
+        row->addWidget(left, leftStretch);
+        row->addWidget(right, rightStretch);
+        column->addLayout(row);
+    };
+    const auto panel = [&](Property<std::string>& text, const char* key, const QString& meaning) {
+        auto* label = new PanelLabel(text, QLatin1String(key), meaning, rows);
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         return label;
     };
+    const QString status = QStringLiteral("Status of the Comm - Port");
+    const QString settings = QStringLiteral("Settings of the Serial Port");
+    const QString time = QStringLiteral("Connect Time");
     auto& panels = m_link.panels();
-    panel(panels.Status, "Status", QStringLiteral("Status of the Comm - Port"), 0,
-          QStringLiteral("Status: Receive Data"))
-        ->setToolTip(QStringLiteral("Status of the Comm - Port"));
-    panel(panels.Settings, "Settings", QStringLiteral("Settings of the Serial Port"), 0, QStringLiteral("Settings: "))
-        ->setToolTip(QStringLiteral("Settings of the Serial Port"));
-    panel(panels.Error, "Error", QStringLiteral("Progress of the operation"), 1, QString());
-    panel(panels.ConnectTime, "ConnectTime", QStringLiteral("Connect Time"), 0, QStringLiteral("00:00:00 "))
-        ->setToolTip(QStringLiteral("Connect Time"));
+    PanelLabel* Status = panel(panels.Status, "Status", status);
+    Status->setToolTip(status);
+    PanelLabel* Settings = panel(panels.Settings, "Settings", settings);
+    Settings->setToolTip(settings);
+    PanelLabel* Error = panel(panels.Error, "Error", QStringLiteral("Progress of the operation"));
+    PanelLabel* ConnectTime = panel(panels.ConnectTime, "ConnectTime", time);
+    ConnectTime->setToolTip(time);
+    ConnectTime->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    addRow(Status, 2, Settings, 3);
+    addRow(Error, 5, ConnectTime, 1);
+    bar->addWidget(rows, 1);
 }
 
 void frmTerm::followPort() {
