@@ -14,10 +14,13 @@ Program::Program(Machine machine)
       menuReader(terminal, machine.clock, menuCommandTable),
       menuWriter(terminal, machine.clock, menuCommandTable),
       eqWindow(machine.ports, machine.clock, machine.msgBox),
+      bandStackWindow(
+          {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
       startWindow(machine.clock, startWindowCalls()),
       m_machine(std::move(machine)) {
     announceTools();
     introduceEqualizer();
+    introduceBandStack();
 }
 
 PortSettings Program::makePortSettings() {
@@ -65,6 +68,14 @@ void Program::introduceEqualizer() {
     m_connections += eqWindow.showTerminal.connect([this] { windows.terminal.show(); });
     m_connections += eqWindow.hide.connect([this] { windows.equalizer.hide(); });
     m_connections += eqWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Equalizer); });
+}
+
+void Program::introduceBandStack() {
+    windows.bandStack.available = true;
+    m_connections += bandStackWindow.hideTerminal.connect([this] { windows.terminal.hide(); });
+    m_connections += bandStackWindow.hide.connect([this] { windows.bandStack.hide(); });
+    m_connections +=
+        bandStackWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::BandStack); });
 }
 
 void Program::openTool(int tool) {

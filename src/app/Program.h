@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/StartWindow.h"
+#include "bandstack/BandStackWindow.h"
 #include "cat/CatLink.h"
 #include "cat/PortSettings.h"
 #include "eq/EqWindow.h"
@@ -51,6 +52,7 @@ public:
     MenuReader menuReader;
     MenuWriter menuWriter;
     EqWindow eqWindow;
+    BandStackWindow bandStackWindow;
     StartWindow startWindow;
 
     /// The logic of one opening of the port settings dialog.
@@ -65,6 +67,7 @@ private:
     StartWindowCalls startWindowCalls();
     void announceTools();
     void introduceEqualizer();
+    void introduceBandStack();
     WindowState* toolWindow(int tool);
     void openTool(int tool);
 

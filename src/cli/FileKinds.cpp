@@ -13,15 +13,44 @@ std::string menuObjection(const MenuCommandTable& table) {
            " menu items were answered in time and in order";
 }
 
+FileKind menuKind(Program& program) {
+    return {"menu",
+            {[&program] {
+                 program.menuReader.mnu_Store_Click();
+                 return std::nullopt;
+             },
+             &program.menuReader.ended, [&program] { return menuObjection(program.menuCommandTable); }},
+            {[&program] {
+                 program.menuWriter.mnu_Restore_Click();
+                 return std::nullopt;
+             },
+             &program.menuWriter.ended,
+             {}}};
+}
+
+FileKind bandStackKind(Program& program) {
+    BandStackWindow& window = program.bandStackWindow;
+    return {"bandstack",
+            {[&window] {
+                 window.mnu_readBandStack_Click();
+                 return std::nullopt;
+             },
+             &window.reader().ended,
+             {}},
+            {[&window]() -> std::optional<TransferEnd> {
+                 const TransferEnd loaded = window.loadBandStackFile();
+                 if (loaded != TransferEnd::Done) return loaded;
+                 window.mnu_writeBandStack_Click();
+                 return std::nullopt;
+             },
+             &window.writer().ended,
+             {}}};
+}
+
 }  // namespace
 
 std::vector<FileKind> fileKinds(Program& program) {
-    return {
-        {"menu",
-         {[&program] { program.menuReader.mnu_Store_Click(); }, &program.menuReader.ended,
-          [&program] { return menuObjection(program.menuCommandTable); }},
-         {[&program] { program.menuWriter.mnu_Restore_Click(); }, &program.menuWriter.ended, {}}},
-    };
+    return {menuKind(program), bandStackKind(program)};
 }
 
 }  // namespace korvex::cli

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,8 @@ namespace korvex::cli {
 
 /// One direction of a kind of file: what starts it, what tells of its end, and what speaks against keeping the result.
 struct Transfer {
-    std::function<void()> start;
+    /// Gives back how it ended if it is over already.
+    std::function<std::optional<TransferEnd>()> start;
     Signal<TransferEnd>* ended = nullptr;
     /// Reading only: why what was read is not worth a file; empty when it is whole.
     std::function<std::string()> objection;

@@ -9,8 +9,9 @@ namespace korvex::cli {
 namespace {
 
 constexpr int pollMs = 20;
-constexpr int testMs = 1200;   // the communication test gives its verdict within 1000
-constexpr int listenMs = 600;  // a slow radio answers within half a second
+constexpr int testMs = 1200;      // the communication test gives its verdict within 1000
+constexpr int silenceMs = 5'000;  // a transfer that waits for ever in the windows is given up here
+constexpr int listenMs = 600;     // a slow radio answers within half a second
 
 std::size_t refusals(const std::string& wire) {
     std::size_t count = 0;
@@ -91,6 +92,9 @@ void Session::onPoll() {
         }
     } else if (m_stage == Stage::Listening && late) {
         onListened();
+    } else if (m_stage == Stage::Working && late) {
+        tell("the radio has stopped answering");
+        finish(ExitCode::Answers);
     }
 }
 
@@ -111,7 +115,10 @@ void Session::beginTransfer() {
     m_givenFile.file = m_command.file;
     m_givenFile.objection = transfer.objection;
     m_transferEnd = transfer.ended->connect([this](TransferEnd end) { onEnded(end); });
-    transfer.start();
+    const auto watch = [this](int) { m_deadline = m_program.machine().clock.now() + silenceMs; };
+    m_connections += m_program.progress.value.bind(watch);
+    m_poll->setEnabled(true);
+    if (const auto end = transfer.start()) onEnded(*end);
 }
 
 void Session::beginSend() {

@@ -33,7 +33,7 @@ struct CliBench {
         auto finished = session.finished.connect([this](ExitCode result) { code = result; });
         session.start();
         if (meanwhile) meanwhile(session);
-        EXPECT_TRUE(clock.advanceUntil([this] { return code.has_value(); }, 60'000)) << "never finished";
+        EXPECT_TRUE(clock.advanceUntil([this] { return code.has_value(); }, 300'000)) << "never finished";
         EXPECT_FALSE(program.link.PortOpen());
         const auto sentSoFar = ports.radio().timesSet;
         clock.advance(5'000);
@@ -89,6 +89,19 @@ TEST(Session, EachTroubleHasItsExitCodeAndLeavesNoFile) {
     fakes::writeFile(file, "EX9991;\r\n");
     EXPECT_EQ(bench.run({"restore", "menu", file}), ExitCode::Answers);
     EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
+}
+
+TEST(Session, SavesAndRestoresTheBandStackAndGivesASilentRadioUp) {
+    CliBench bench;
+    const std::string file = bench.folder.file("shack.bsr");
+    EXPECT_EQ(bench.run({"-s", "38400,n,8,2", "save", "bandstack", file}), ExitCode::Done);
+    const std::string saved = fakes::fileContent(file);
+    EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), 27);
+    EXPECT_EQ(bench.run({"-s", "38400,n,8,2", "restore", "bandstack", file}), ExitCode::Done);
+    EXPECT_EQ(bench.run({"restore", "bandstack", bench.folder.file("missing.bsr")}), ExitCode::File);
+    bench.ports.faults().deafAfter = 100;
+    EXPECT_EQ(bench.run({"save", "bandstack", bench.folder.file("other.bsr")}), ExitCode::Answers);
+    EXPECT_FALSE(std::filesystem::exists(bench.folder.file("other.bsr")));
 }
 
 TEST(CommandLine, RefusesWhatItDoesNotUnderstand) {

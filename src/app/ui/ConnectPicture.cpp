@@ -8,7 +8,8 @@ ConnectPicture::ConnectPicture(CatLink& link, QWidget* parent) : QToolButton(par
     setToolTip(QStringLiteral("open/close Comm-Port"));
     setAutoRaise(true);
     setIconSize({48, 24});
-    connect(this, &QToolButton::clicked, this, [&link] { link.togglePort(); });
+    connect(
+        this, &QToolButton::clicked, this, [&link] { link.togglePort(); }, Qt::QueuedConnection);
     m_binding = link.indicators().open.bind([this](bool open) { showState(open); });
 }
 

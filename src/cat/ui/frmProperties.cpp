@@ -114,7 +114,8 @@ QWidget* frmProperties::makeButtons() {
     auto* ok = new QPushButton(QStringLiteral("OK"), row);
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
+    connect(
+        ok, &QPushButton::clicked, this, [this] { cmdOK_Click(); }, Qt::QueuedConnection);
     auto* cancel = new QPushButton(QStringLiteral("Exit"), row);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -6,6 +6,7 @@
 
 #include "app/ui/frmAbout.h"
 #include "app/ui/frmUtilities.h"
+#include "bandstack/ui/frmBandStack.h"
 #include "cat/ui/frmProperties.h"
 #include "eq/ui/frmEQ_Set.h"
 #include "terminal/ui/frmTerm.h"
@@ -17,6 +18,9 @@ Desktop::Desktop(Program& program) : m_program(program), m_progress(program.prog
     follow(program.windows.terminal, [this] { return makeTerminal(); });
     follow(program.windows.equalizer,
            [this, &settings] { return std::make_unique<frmEQ_Set>(m_program.eqWindow, settings); });
+    follow(program.windows.bandStack, [this, &settings] {
+        return std::make_unique<frmBandStack>(m_program.bandStackWindow, m_program.link, settings);
+    });
     m_connections += program.unloadingWindows.connect([this] { unloadWindows(); });
     m_connections += program.ended.connect([] { QApplication::quit(); });
 }

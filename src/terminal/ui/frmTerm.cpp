@@ -54,7 +54,8 @@ QAction* frmTerm::entry(QMenu* menu, const char* name, const QString& caption, s
     QAction* action = menu->addAction(caption);
     action->setObjectName(QLatin1String(name));
     action->setEnabled(static_cast<bool>(run));
-    if (run) connect(action, &QAction::triggered, this, std::move(run));
+    // Queued: what opens a dialog must not keep an assistive program's call waiting until the dialog is closed.
+    if (run) connect(action, &QAction::triggered, this, std::move(run), Qt::QueuedConnection);
     return action;
 }
 
@@ -108,7 +109,7 @@ QAction* frmTerm::toolButton(const char* key, const QString& tip, const char* ic
     action->setObjectName(QLatin1String(key));
     action->setToolTip(tip);
     action->setEnabled(static_cast<bool>(run));
-    if (run) connect(action, &QAction::triggered, this, run);
+    if (run) connect(action, &QAction::triggered, this, run, Qt::QueuedConnection);
     QWidget* button = bar->widgetForAction(action);
     button->setObjectName(QLatin1String(key));
     button->setAccessibleName(tip);
@@ -290,8 +291,8 @@ void frmTerm::followPort() {
         m_openPort->setChecked(m_link.PortOpen());
         m_openPortButton->setChecked(m_link.PortOpen());
     };
-    connect(m_openPort, &QAction::triggered, this, showReal);
-    connect(m_openPortButton, &QAction::triggered, this, showReal);
+    connect(m_openPort, &QAction::triggered, this, showReal, Qt::QueuedConnection);
+    connect(m_openPortButton, &QAction::triggered, this, showReal, Qt::QueuedConnection);
     m_connections += m_link.indicators().open.bind([this](bool open) { m_openPort->setChecked(open); });
 }
 
