@@ -98,23 +98,25 @@ TEST_F(LinkTest, AnswersAreCutAtTheSemicolonHoweverTheyArrive) {
     EXPECT_EQ(link.answers().accumulator(), "EX0");
 }
 
-TEST_F(LinkTest, EveryCodeShowsItsTrafficInItsOwnWay) {
-    bench.openPort();
-    const auto shownFor = [this](int code) {
-        link.setActiveOperation(static_cast<ActiveOperation>(code));
-        link.clearTraffic();
-        line.feed("?;FA1;x");
-        return link.received().text();
+TEST(AnswerRouter, ShowsTheTrafficOfEveryCodeInItsOwnWay) {
+    TrafficDisplay received;
+    AnswerRouter router(received);  // no consumer has registered
+    const auto shownFor = [&](int code) {
+        router.setActive(static_cast<ActiveOperation>(code));
+        received.clear();
+        router.clearAccumulator();
+        router.take("?;FA1;x");
+        return received.text();
     };
     for (const int code : {0, 1, 2, 4, 5, 8, 9, 11}) EXPECT_EQ(shownFor(code), "?;\r\nFA1;\r\nx") << code;
     for (const int code : {6, 12}) EXPECT_EQ(shownFor(code), "?;FA1;x") << code;
     for (const int code : {3, 7}) {
         EXPECT_EQ(shownFor(code), "") << code;
-        EXPECT_EQ(link.answers().accumulator(), "?;FA1;x") << code;
+        EXPECT_EQ(router.accumulator(), "?;FA1;x") << code;
     }
     for (const int code : {10, 13, 14, -1}) {
         EXPECT_EQ(shownFor(code), "") << code;
-        EXPECT_EQ(link.answers().accumulator(), "") << code;
+        EXPECT_EQ(router.accumulator(), "") << code;
     }
 }
 
