@@ -18,7 +18,7 @@ constexpr auto table = std::to_array<Entry>({
     {"BP", setting},       {"BS", bandSelect},      {"CN", setting},         {"CO", setting},
     {"CT", setting},       {"EX", menuItem},        {"FA", setting},         {"FB", setting},
     {"FR", setting},       {"FS", setting},         {"FT", transmitVfo},     {"GT", automaticGain},
-    {"ID", identity},      {"IF", mainState},       {"IS", setting},         {"KM", keyerText},
+    {"ID", setting},       {"IF", mainState},       {"IS", setting},         {"KM", keyerText},
     {"KP", setting},       {"KR", setting},         {"KS", setting},         {"KY", keyerPlay},
     {"LK", setting},       {"MA", memoryToMain},    {"MC", memoryChannel},   {"MD", setting},
     {"MG", setting},       {"ML", setting},         {"MR", memoryRead},      {"MS", setting},

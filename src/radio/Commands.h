@@ -17,13 +17,12 @@ inline constexpr std::string_view refused = "?;";
 /// By the command's two letters; null for a command that the radio does not know.
 Handler handlerOf(std::string_view command);
 
-// Settings.cpp: commands that set and read a value, and those where a little more happens
+// Commands that set and read a value, and those where a little more happens
 std::string setting(SimulatedRadio& radio, std::string_view command);
 std::string antenna(SimulatedRadio& radio, std::string_view command);
 std::string automaticGain(SimulatedRadio& radio, std::string_view command);
 std::string autoNotch(SimulatedRadio& radio, std::string_view command);
 std::string clarifierOffset(SimulatedRadio& radio, std::string_view command);
-std::string identity(SimulatedRadio& radio, std::string_view command);
 std::string roofingFilter(SimulatedRadio& radio, std::string_view command);
 std::string transmitVfo(SimulatedRadio& radio, std::string_view command);
 

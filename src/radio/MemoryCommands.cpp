@@ -85,7 +85,7 @@ std::string vfoOrMemory(SimulatedRadio& radio, std::string_view command) {
     auto& state = radio.state;
     if (command != "VM") return std::string(refused);
     if (!state.memoryMode) return recall(state, state.channel) ? std::string() : std::string(refused);
-    state.memoryMode = false;
+    state.leaveMemoryMode();
     return {};
 }
 

@@ -15,7 +15,7 @@ struct Tuned {
 };
 
 /// Three registers a band, in band order from 1.8 to 50 MHz.
-constexpr std::array<Tuned, std::size_t{RadioState::bands}* RadioState::registersPerBand> tunedRegisters = {{
+constexpr std::array<Tuned, RadioState::allRegisters> tunedRegisters = {{
     {1'822'500, '3'},  {1'843'000, '1'},  {1'838'100, '8'},   // 160 m
     {3'520'000, '3'},  {3'699'000, '1'},  {3'770'000, '1'},   // 80 m
     {5'357'000, '2'},  {5'363'000, '2'},  {5'354'500, '3'},   // 60 m

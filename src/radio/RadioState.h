@@ -17,14 +17,15 @@ using Values = std::map<std::string, std::string, std::less<>>;
 struct RadioState {
     static constexpr int bands = 11;
     static constexpr int registersPerBand = 3;
+    static constexpr std::size_t allRegisters = std::size_t{bands} * registersPerBand;
     static constexpr int lastChannel = 117;
     static constexpr int keyerTexts = 5;
     static constexpr int menuItems = 149;
 
     Values radio;
-    std::array<Values, bands * registersPerBand> registers;  ///< in band order
-    int band = 0;                                            ///< of the register that VFO-A stands on
-    std::array<int, bands> lastUsed{};                       ///< per band: which of its registers was used last
+    std::array<Values, allRegisters> registers;  ///< in band order
+    int band = 0;                                ///< of the register that VFO-A stands on
+    std::array<int, bands> lastUsed{};           ///< per band: which of its registers was used last
 
     bool memoryMode = false;
     int channel = 1;
@@ -36,6 +37,10 @@ struct RadioState {
 
     Values& currentRegister();
     const Values& currentRegister() const;
+    void leaveMemoryMode() {
+        memoryMode = false;
+        recalled.clear();
+    }
     const Values& tuning() const { return memoryMode ? recalled : currentRegister(); }
 
     /// The value of the setting with this key, wherever it lives.

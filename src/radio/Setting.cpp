@@ -37,7 +37,7 @@ constexpr auto settings = std::to_array<Setting>({
     {"RA0", Register, digits(1, 0, 3), "0"},
     {"RF0", Register, digits(1, 0, 3), "0"},
 
-    {"ID", Radio, oneOf("12"), "1", true},  // the last digit: FT-2000 or FT-2000D
+    {"ID", Radio, digits(4, 251, 252), "0251", true},  // FT-2000, FT-2000D
     {"PS", Radio, offOn(), "1"},
     {"AI", Radio, offOn(), "0"},
     {"FB", Radio, hertz, "07074000"},
@@ -75,13 +75,12 @@ constexpr auto settings = std::to_array<Setting>({
     {"MG", Radio, level(), "110"},
     {"ML0", Radio, digits(3, 0, 1), "000"},
     {"ML1", Radio, level(), "080"},
-    {"PC", Radio, digits(3, 5, 200), "100"},
+    {"PC", Radio, digits(3, 5, 100), "100"},
     {"PL", Radio, level(), "090"},
     {"PR", Radio, offOn(), "0"},
     {"VD", Radio, digits(4, 30, 3000), "0500"},
     {"VG", Radio, level(), "120"},
     {"VX", Radio, offOn(), "0"},
-    {"RM1", Radio, level(), "062", true},
     {"RM3", Radio, level(), "000", true},
     {"RM4", Radio, level(), "000", true},
     {"RM5", Radio, level(), "000", true},

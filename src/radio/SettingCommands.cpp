@@ -89,10 +89,6 @@ std::string clarifierOffset(SimulatedRadio& radio, std::string_view command) {
     return {};
 }
 
-std::string identity(SimulatedRadio& radio, std::string_view command) {
-    return command == "ID" ? "ID025" + radio.state.get("ID") + ";" : std::string(refused);
-}
-
 /// Some programs say 2 and 3 for main and sub; the answer is always 0 or 1.
 std::string transmitVfo(SimulatedRadio& radio, std::string_view command) {
     if (command == "FT2") return setting(radio, "FT0");

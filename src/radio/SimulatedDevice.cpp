@@ -23,7 +23,7 @@ SimulatedDevice::SimulatedDevice(Clock& clock, SimulatedCable& cable)
 }
 
 SimulatedDevice::~SimulatedDevice() {
-    close();
+    SimulatedDevice::close();
 }
 
 Failure SimulatedDevice::open(const LineSettings& settings, Handshaking) {
@@ -32,7 +32,6 @@ Failure SimulatedDevice::open(const LineSettings& settings, Handshaking) {
     m_settings = settings;
     m_open = m_cable.isOpen = true;
     m_rts = m_dtr = false;
-    m_cable.line.characterTimeMs = m_cable.idealLine ? 0 : settings.characterTime();
     arm();
     return {};
 }
@@ -51,7 +50,7 @@ void SimulatedDevice::write(std::string_view wire) {
     double at = static_cast<double>(m_clock.now());
     if (!m_leaving.empty()) at = std::max(at, m_leaving.back().at);
     for (const char c : wire) {
-        at += m_cable.idealLine ? 0 : m_settings.characterTime();
+        at += characterTime();
         m_leaving.push_back({at, c});
     }
     arm();
@@ -92,6 +91,7 @@ void SimulatedDevice::arm() {
 void SimulatedDevice::letCharactersLeave() {
     const auto now = static_cast<double>(m_clock.now());
     m_cable.line.speedsDiffer = speedsDiffer();
+    m_cable.line.characterTimeMs = characterTime();
     while (!m_leaving.empty() && m_leaving.front().at <= now) {
         const Leaving first = m_leaving.front();
         m_leaving.pop_front();
@@ -117,6 +117,10 @@ void SimulatedDevice::onTick() {
 void SimulatedDevice::pullPlug() {
     close();
     lost.emit(gone());
+}
+
+double SimulatedDevice::characterTime() const {
+    return m_cable.idealLine ? 0 : m_settings.characterTime();
 }
 
 bool SimulatedDevice::speedsDiffer() const {

@@ -54,6 +54,7 @@ private:
     void onTick();
     void letCharactersLeave();
     void arm();
+    double characterTime() const;
     bool speedsDiffer() const;
     void pullPlug();
 

@@ -33,7 +33,7 @@ std::string SimulatedRadio::obey(std::string_view text) {
     const bool off = state.get("PS") == "0";
     if (off && command != "PS1") return {};
     const auto handler = commands::handlerOf(command);
-    const std::string answered = handler == nullptr ? std::string(commands::refused) : handler(*this, command);
+    std::string answered = handler == nullptr ? std::string(commands::refused) : handler(*this, command);
     if (answered.empty()) ++timesSet;
     return answered;
 }

@@ -27,7 +27,10 @@ std::string registerName(std::size_t index) {
 
 std::string registerText(const Values& values) {
     std::string text;
-    for (const auto& [key, value] : values) text += (text.empty() ? "" : " ") + key + "=" + value;
+    for (const auto& [key, value] : values) {
+        if (!text.empty()) text += ' ';
+        text.append(key).append("=").append(value);
+    }
     return text;
 }
 

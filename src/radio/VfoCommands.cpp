@@ -44,7 +44,7 @@ std::string bandSelect(SimulatedRadio& radio, std::string_view command) {
         used = (used + 1) % RadioState::registersPerBand;
     }
     state.band = band;
-    state.memoryMode = false;
+    state.leaveMemoryMode();
     return {};
 }
 

@@ -17,6 +17,7 @@ constexpr int patienceMs = 10'000;
 
 std::vector<char*> argumentPointers(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (auto& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return pointers;

@@ -128,6 +128,10 @@ TEST_F(Line, FaultsOfTheWay) {
     EXPECT_EQ(times, std::vector<std::int64_t>{280});
     fault("none");
 
+    fault("unasked");
+    EXPECT_EQ(ask("ID;MD0;"), "ID0251;FA14195000;MD02;FA14195000;");
+    fault("none");
+
     fault("garbage");
     const std::string noisy = ask("ID;");
     EXPECT_TRUE(noisy.ends_with("ID0251;") && noisy.size() > 7);
@@ -156,6 +160,18 @@ TEST_F(Line, GoesAwayAndComesBack) {
     clock.advance(1);
     EXPECT_EQ(lostNumber, errors::PortGone);
     EXPECT_EQ(clock.armedTimers(), 0U);
+}
+
+TEST_F(Line, AHandlerMayReplaceTheDevice) {
+    openIdeal();
+    const auto leaving = device->received.connect([this] {
+        device = ports.makeDevice(1);
+        EXPECT_FALSE(device->open({}, Handshaking::None));
+    });
+    EXPECT_EQ(ask("ID;"), "ID0251;");
+    device->write("ID;");
+    clock.advance(1000);
+    EXPECT_EQ(device->read(), "ID0251;");
 }
 
 TEST_F(Line, AnotherSpeedAndSlowTypingAreNotUnderstood) {

@@ -23,7 +23,7 @@ Failure StateFile::load() {
     for (const auto& complaint : loadState(m_radio.state, *content)) {
         std::fprintf(stderr, "ft2000sim: %s: %s\n", m_path.c_str(), complaint.c_str());
     }
-    m_written = *content;
+    m_written = stateText(m_radio.state);  // an untouched file keeps its comments
     return {};
 }
 

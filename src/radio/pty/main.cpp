@@ -1,5 +1,6 @@
 #include <csignal>
 #include <cstdio>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -35,11 +36,9 @@ int complain(const korvex::RuntimeError& error, int status) {
     return status;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(const std::vector<std::string>& arguments) {
     constexpr int wrongArguments = 2;
-    const auto options = korvex::pty::parseOptions(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+    const auto options = korvex::pty::parseOptions(arguments);
     if (!options) {
         complain(options.error(), wrongArguments);
         std::fputs("Try ft2000sim --help.\n", stderr);
@@ -56,4 +55,15 @@ int main(int argc, char** argv) {
     server.serve(ended, whileWaiting);
     if (const auto failure = server.finish()) return complain(*failure, 1);
     return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+    } catch (const std::exception& error) {  // out of memory, at most
+        std::fprintf(stderr, "ft2000sim: %s\n", error.what());
+        return 1;
+    }
 }
