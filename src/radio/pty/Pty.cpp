@@ -1,14 +1,13 @@
 #include "radio/pty/Pty.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <poll.h>
 #include <stdlib.h>
 #include <sys/inotify.h>
-#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <termios.h>
@@ -51,13 +50,21 @@ Failure Pty::open() {
         return systemFailure("No pseudo terminal");
     }
     m_deviceName = name.data();
-    m_slave = ::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-    if (m_slave < 0) return systemFailure(m_deviceName);
+    if (!openSlave()) return systemFailure(m_deviceName);
     makeRaw(m_slave);
-    // Without a watch the device works as well; only what a program leaves behind is not cleared away.
     m_watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-    if (m_watch >= 0) inotify_add_watch(m_watch, name.data(), IN_OPEN | IN_CLOSE);
+    watchSlave();
     return {};
+}
+
+bool Pty::openSlave() {
+    m_slave = ::open(m_deviceName.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    return m_slave >= 0;
+}
+
+/// Without a watch the device works as well; only what a program leaves behind is not cleared away.
+void Pty::watchSlave() {
+    if (m_watch >= 0) m_watched = inotify_add_watch(m_watch, m_deviceName.c_str(), IN_CLOSE);
 }
 
 Failure Pty::makeLink(const std::string& path) {
@@ -97,28 +104,33 @@ void Pty::write(std::string_view text) {
     }
 }
 
-Pty::Users Pty::users() {
-    Users users;
+bool Pty::someoneLeft() const {
+    bool left = false;
     alignas(inotify_event) std::array<char, 4096> buffer{};
     for (;;) {
-        const auto got = ::read(m_watch, buffer.data(), buffer.size());
-        if (got <= 0) break;
+        const auto got = m_watch >= 0 ? ::read(m_watch, buffer.data(), buffer.size()) : 0;
+        if (got <= 0) return left;
         for (std::size_t at = 0; at < static_cast<std::size_t>(got);) {
             inotify_event event{};
             std::memcpy(&event, buffer.data() + at, sizeof event);
             at += sizeof event + event.len;
-            m_users = std::max(0, m_users + ((event.mask & IN_OPEN) != 0 ? 1 : -1));
-            users.lastOneLeft = users.lastOneLeft || m_users == 0;
+            left = left || (event.mask & IN_CLOSE) != 0;
         }
     }
-    users.anyNow = m_users > 0;
-    return users;
 }
 
-void Pty::freshen() {
-    tcflush(m_slave, TCIFLUSH);
-    ioctl(m_slave, TIOCNXCL);
-    makeRaw(m_slave);
+/// Counting openings would go wrong, because like events are told once. But when our own end is closed for a moment,
+/// the system tells whether anyone else has one; and if nobody has, it starts the terminal anew.
+bool Pty::lastUserLeft() {
+    const bool ownEndMissing = m_slave < 0;  // another program had locked the device
+    if (!someoneLeft() && !ownEndMissing) return false;
+    if (m_watch >= 0) inotify_rm_watch(m_watch, m_watched);
+    if (m_slave >= 0) ::close(m_slave);
+    pollfd master = {m_master, 0, 0};
+    const bool alone = ::poll(&master, 1, 0) == 1 && (master.revents & POLLHUP) != 0;
+    if (openSlave() && alone) makeRaw(m_slave);
+    watchSlave();
+    return alone;
 }
 
 }  // namespace korvex::pty

@@ -22,28 +22,25 @@ public:
     Failure makeLink(const std::string& path);
 
     int readable() const { return m_master; }   ///< for poll: a program has written
-    int usersWatch() const { return m_watch; }  ///< for poll: a program has opened or closed the device; -1: unknown
+    int usersWatch() const { return m_watch; }  ///< for poll: a program has closed the device; -1: cannot be known
 
     std::string read();
     void write(std::string_view text);
 
-    /// Who has opened and closed the device since the last call.
-    struct Users {
-        bool lastOneLeft = false;
-        bool anyNow = true;
-    };
-    Users users();
-
-    /// The next program finds no old answers, and no other program's settings or locks.
-    void freshen();
+    /// Tells whether a program has left since the last call and no other has the device open. The next one then finds a
+    /// fresh device: no old answers, no other program's settings or locks.
+    bool lastUserLeft();
 
 private:
+    bool someoneLeft() const;
+    bool openSlave();
+    void watchSlave();
     void removeLink();
 
     int m_master = -1;
     int m_slave = -1;  // kept open, so that the device lives while no program has it
     int m_watch = -1;
-    int m_users = 0;
+    int m_watched = -1;
     std::string m_deviceName;
     std::string m_link;
 };

@@ -70,22 +70,15 @@ void PtyServer::waitForSomething(const sigset_t& whileWaiting) {
 }
 
 void PtyServer::exchange() {
-    // What a program has set before it left counts; answers to it must not reach the next program.
-    const auto users = m_pty.users();
-    if (users.lastOneLeft && users.anyNow) forgetProgram();
     const std::string heard = m_pty.read();
     m_log.write(now(), '<', heard);
     m_line.hear(now(), heard);
-    if (users.lastOneLeft && !users.anyNow) forgetProgram();
+    // What a program has set before it left counts; answers to it must not reach the next program.
+    if (m_pty.lastUserLeft()) m_line.clear();
     m_stateFile.lookForChanges(now());
     const std::string answers = m_line.takeDue(now());
     m_log.write(now(), '>', answers);
     m_pty.write(answers);
-}
-
-void PtyServer::forgetProgram() {
-    m_line.clear();
-    m_pty.freshen();
 }
 
 }  // namespace korvex::pty

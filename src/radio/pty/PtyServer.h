@@ -29,7 +29,6 @@ public:
 private:
     void waitForSomething(const sigset_t& whileWaiting);
     void exchange();
-    void forgetProgram();
     double now() const;
 
     Options m_options;
