@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <chrono>
 #include <gtest/gtest.h>
+#include <thread>
 #include <vector>
 
 #include "fakes/VirtualClock.h"
@@ -29,9 +31,7 @@ protected:
         if constexpr (isVirtual) {
             clock.stall(ms);
         } else {
-            const auto until = clock.now() + ms;
-            while (clock.now() < until) {
-            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(ms));
         }
     }
 };
@@ -40,18 +40,17 @@ using Clocks = ::testing::Types<fakes::VirtualClock, QtClock>;
 TYPED_TEST_SUITE(ClockContract, Clocks);
 
 TYPED_TEST(ClockContract, TicksFromDeadlineToDeadlineNeverEarly) {
-    this->enable(20);
+    this->enable(50);
     EXPECT_TRUE(this->ticks.empty());
-    auto slow = this->timer->tick.connect([this] { this->hang(7); });
-    this->clock.letEventsRun(210);
-    ASSERT_GE(this->ticks.size(), 4U);
-    std::int64_t leastLate = 1000;
+    auto slow = this->timer->tick.connect([this] { this->hang(30); });
+    this->clock.letEventsRun(380);
+    ASSERT_GE(this->ticks.size(), 3U);
+    std::int64_t shortestGap = 1000;
     for (std::size_t i = 0; i < this->ticks.size(); ++i) {
-        const auto late = this->ticks[i] - 20 * static_cast<std::int64_t>(i + 1);
-        EXPECT_GE(late, 0);
-        if (i >= 3) leastLate = std::min(leastLate, late);
+        EXPECT_GE(this->ticks[i], 50 * static_cast<std::int64_t>(i + 1));
+        if (i > 0) shortestGap = std::min(shortestGap, this->ticks[i] - this->ticks[i - 1]);
     }
-    EXPECT_LT(leastLate, 7) << "the pace drifts by what the handler takes";
+    EXPECT_LT(shortestGap, 50 + 30) << "the pace drifts by what the handler takes";
 }
 
 TYPED_TEST(ClockContract, AfterAStallOneTickAndThenAFullInterval) {
