@@ -150,7 +150,7 @@ TEST_F(KeyerGrid, RefusesWithAHint) {
     key(Qt::Key_Semicolon, QStringLiteral(";"));
     EXPECT_EQ(box()->text(), QStringLiteral("X"));
     EXPECT_TRUE(QToolTip::isVisible());
-    EXPECT_EQ(QToolTip::text(), QStringLiteral("A semicolon ends the command"));
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("A semicolon ends the command")));
     for (const char* bad : {"two\nlines", "Ω"}) {
         QApplication::clipboard()->setText(QString::fromUtf8(bad));
         key(Qt::Key_V, QStringLiteral("\x16"), Qt::ControlModifier);

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextDocument>
 #include <QToolTip>
 
 namespace korvex {
@@ -44,7 +45,7 @@ bool FlexGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, con
     const QString text = index.data().toString();
     if (event->type() == QEvent::ToolTip &&
         view->fontMetrics().horizontalAdvance(text) > option.rect.width() - 2 * margin) {
-        QToolTip::showText(event->globalPos(), text.toHtmlEscaped(), view);
+        QToolTip::showText(event->globalPos(), Qt::convertFromPlainText(text), view);
         return true;
     }
     return QStyledItemDelegate::helpEvent(event, view, option, index);
