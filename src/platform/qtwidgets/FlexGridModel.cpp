@@ -87,16 +87,22 @@ void FlexGridModel::tellCell(int row, int col) {
 }
 
 void FlexGridModel::refresh() {
-    if (presentShape() != m_shape) {
+    if (presentShape() == m_shape) {
+        tellAllCells();
+    } else {
         beginResetModel();
         m_shape = presentShape();
         endResetModel();
-    } else if (rowCount() > 0 && columnCount() > 0) {
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
-        Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
-        Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
     }
     Q_EMIT refreshed();
+}
+
+void FlexGridModel::tellAllCells() {
+    const int lastRow = rowCount() - 1;
+    const int lastColumn = columnCount() - 1;
+    if (lastColumn >= 0) Q_EMIT headerDataChanged(Qt::Horizontal, 0, lastColumn);
+    if (lastRow >= 0) Q_EMIT headerDataChanged(Qt::Vertical, 0, lastRow);
+    if (lastRow >= 0 && lastColumn >= 0) Q_EMIT dataChanged(index(0, 0), index(lastRow, lastColumn));
 }
 
 }  // namespace korvex

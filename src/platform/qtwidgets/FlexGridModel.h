@@ -41,6 +41,7 @@ private:
 
     Shape presentShape() const;
     void refresh();
+    void tellAllCells();
     void tellCell(int row, int col);
     QVariant cellData(int row, int col, int role) const;
 

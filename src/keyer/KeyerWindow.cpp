@@ -1,0 +1,159 @@
+#include "keyer/KeyerWindow.h"
+
+#include <utility>
+
+#include "base/CodePage.h"
+#include "keyer/KeyerFile.h"
+#include "platform/TextFile.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr std::string_view pathKey = "SaveKeyer";
+constexpr const char* filter = "Flat File (*.kem)|*.kem|All Files (*.*)|*.*";
+
+std::string_view titleFor(int number) {
+    switch (number) {
+        case errors::FileNotFound: return "Datei nicht gefunden";
+        case errors::PathNotFound: return "Pfadeingabe falsch ";
+        case errors::TypeMismatch: return "Datei nicht für diese Version des Programms ";
+        default: return "Pfadeingabe falsch ausgefüllt";
+    }
+}
+
+}  // namespace
+
+KeyerWindow::KeyerWindow(KeyerNeeds needs)
+    : m_needs(std::move(needs)),
+      m_reader(m_needs.terminal, m_needs.clock, m_table),
+      m_writer(m_needs.terminal, m_needs.clock, m_table) {
+    m_connections += m_reader.ended.connect([this](TransferEnd end) { onReadEnded(end); });
+    m_connections += m_writer.ended.connect([this](TransferEnd end) { onWriteEnded(end); });
+}
+
+template <class Test>
+std::string KeyerWindow::memoriesThat(Test test) const {
+    std::string names;
+    for (int row = 1; row < KeyerTable::rows; ++row) {
+        if (test(row)) names += (names.empty() ? "KM" : ", KM") + std::to_string(row);
+    }
+    return names;
+}
+
+// The two sequences share one row index: the one that starts last owns it.
+
+void KeyerWindow::readKeyer() {
+    finishEditing.emit();
+    m_writer.stop();
+    hint = "";
+    m_reader.readKeyer();
+}
+
+void KeyerWindow::onReadEnded(TransferEnd end) {
+    if (end != TransferEnd::NoAnswer) return;
+    hint = "Attention: only " + std::to_string(m_reader.answered()) + " of " + std::to_string(KeyerTable::memories) +
+           " memories were answered in time. Please read again.";
+}
+
+bool KeyerWindow::canBeSent() {
+    for (int row = 1; row < KeyerTable::rows; ++row) {
+        const std::string why = m_table.whyNotSendable(row);
+        if (why.empty()) continue;
+        m_needs.msgBox.exclamation("Nothing was written. Memory " + std::to_string(row) + ": " + why + ".");
+        return false;
+    }
+    return true;
+}
+
+void KeyerWindow::writeKeyer() {
+    finishEditing.emit();
+    hint = "";
+    if (!canBeSent()) return;
+    m_reader.stop();
+    m_writer.writeKeyer();
+}
+
+void KeyerWindow::onWriteEnded(TransferEnd end) {
+    if (end != TransferEnd::Done) return;
+    const auto length = [this](int row) { return m_table.wireText(row, KeyerTable::textColumn).size(); };
+    const std::string empty = memoriesThat([&](int row) { return length(row) == 0; });
+    const std::string full = memoriesThat([&](int row) { return length(row) > KeyerTable::longestText; });
+    std::string text;
+    if (!empty.empty()) text = "An empty text changes nothing in the radio: " + empty + ". ";
+    if (!full.empty()) text += "More than 50 characters, which the radio does not take: " + full + ".";
+    hint = text;
+}
+
+std::string KeyerWindow::rememberedPath() const {
+    return m_needs.settings.get(applicationName, settingsSection, pathKey, m_needs.programFolder + "/files");
+}
+
+void KeyerWindow::remember(const std::string& file) {
+    m_needs.settings.save(applicationName, settingsSection, pathKey, file);
+}
+
+bool KeyerWindow::canBeStored() {
+    for (int row = 0; row < KeyerTable::rows; ++row) {
+        const std::string why = m_table.whyNotStorable(row);
+        if (why.empty()) continue;
+        std::string text = "Nothing was saved. ";
+        text += row == 0 ? "Titles: " : "Memory " + std::to_string(row) + ": ";
+        m_needs.msgBox.exclamation(text + why + ".");
+        return false;
+    }
+    return true;
+}
+
+TransferEnd KeyerWindow::saveKeyerFile() {
+    finishEditing.emit();
+    hint = "";
+    if (!canBeStored()) return TransferEnd::FileFailed;
+    const std::string content = keyerFileText(m_table);
+    const auto file = m_needs.fileDialog.show({FileDialogRequest::Mode::Save, "", filter, rememberedPath(), "kem"});
+    if (!file) return TransferEnd::Cancelled;
+    remember(*file);
+    if (const auto failure = textfile::write(*file, content)) {
+        hint = "Not saved: " + failure->text;
+        return TransferEnd::FileFailed;
+    }
+    return TransferEnd::Done;
+}
+
+TransferEnd KeyerWindow::loadKeyerFile() {
+    finishEditing.emit();
+    const auto file = m_needs.fileDialog.show({FileDialogRequest::Mode::Open, "", filter, rememberedPath(), ""});
+    if (!file) return TransferEnd::Cancelled;
+    remember(*file);
+    const auto content = textfile::read(*file);
+    if (!content) {
+        tellLoadError(content.error());
+        return TransferEnd::FileFailed;
+    }
+    const auto rows = parseKeyerFile(*content);
+    if (!rows) {
+        tellLoadError(rows.error());
+        return TransferEnd::FileFailed;
+    }
+    fillKeyerTable(m_table, *rows);
+    const std::string bad = memoriesThat([this](int row) { return !m_table.whyNotSendable(row).empty(); });
+    hint = bad.empty() ? "" : "The radio could not take these texts as they are: " + bad + ".";
+    return TransferEnd::Done;
+}
+
+void KeyerWindow::tellLoadError(const RuntimeError& error) {
+    m_needs.msgBox.stop(error.text, std::string(titleFor(error.number)));
+}
+
+void KeyerWindow::closeBox() {
+    finishEditing.emit();
+    storePlace.emit();
+    hide.emit();
+}
+
+void KeyerWindow::mnu_clWindow_Click() {
+    closeBox();
+    buttonBackToNormal.emit();
+}
+
+}  // namespace korvex

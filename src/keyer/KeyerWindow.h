@@ -1,0 +1,81 @@
+#pragma once
+
+#include <string>
+
+#include "base/Property.h"
+#include "keyer/KeyerReader.h"
+#include "keyer/KeyerTable.h"
+#include "keyer/KeyerWriter.h"
+#include "platform/Clock.h"
+#include "platform/FileDialog.h"
+#include "platform/MsgBox.h"
+#include "platform/SettingsStore.h"
+#include "terminal/Terminal.h"
+
+namespace korvex {
+
+/// What the keyer window needs of the rest.
+struct KeyerNeeds {
+    Terminal& terminal;
+    Clock& clock;
+    SettingsStore& settings;
+    FileDialog& fileDialog;
+    MsgBox& msgBox;
+    std::string programFolder;  ///< UTF-8, without a slash at the end
+};
+
+/// What the keyer window decides: its two transfers, its files and how it is closed.
+class KeyerWindow {
+public:
+    explicit KeyerWindow(KeyerNeeds needs);
+
+    void mnu_LoadKeyer_Click() { loadKeyerFile(); }
+    void mnu_SaveKeyer_Click() { saveKeyerFile(); }
+    void mnu_readKeyer_Click() { readKeyer(); }
+    void mnu_WriteKeyer_Click() { writeKeyer(); }
+    void mnu_clWindow_Click();
+    /// The close box: the place is stored and the window goes, as any window does.
+    void closeBox();
+
+    void readKeyer();
+    /// Sends nothing and says why when one of the texts would not be one command.
+    void writeKeyer();
+    /// Each asks for a file first. How it ended is for those who have no window.
+    TransferEnd saveKeyerFile();
+    TransferEnd loadKeyerFile();
+
+    KeyerTable& table() { return m_table; }
+    KeyerReader& reader() { return m_reader; }
+    KeyerWriter& writer() { return m_writer; }
+
+    /// The line below the grid (UTF-8): what the user should know about the texts, or why something was not done.
+    Property<std::string> hint;
+
+    /// Before the texts are used or replaced: an open cell editor writes back what it holds.
+    Signal<> finishEditing;
+    /// Where closing leads, in the order in which they are told.
+    Signal<> storePlace;
+    Signal<> hide;
+    Signal<> buttonBackToNormal;  ///< the start window's keyer button; by the menu only
+
+private:
+    void onReadEnded(TransferEnd end);
+    void onWriteEnded(TransferEnd end);
+    /// Otherwise a box has told which text it is, and why.
+    bool canBeSent();
+    bool canBeStored();
+    void tellLoadError(const RuntimeError& error);
+    std::string rememberedPath() const;
+    void remember(const std::string& file);
+    /// The memories for which `test` holds, as "KM2, KM4"; empty when there are none.
+    template <class Test>
+    std::string memoriesThat(Test test) const;
+
+    KeyerNeeds m_needs;
+    KeyerTable m_table;
+    KeyerReader m_reader;
+    KeyerWriter m_writer;
+    Connections m_connections;
+};
+
+}  // namespace korvex

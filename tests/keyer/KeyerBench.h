@@ -1,0 +1,31 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "fakes/ProgramBench.h"
+#include "keyer/KeyerWindow.h"
+
+namespace korvex {
+
+/// The keyer window without a window, in the whole program.
+template <class Ports>
+struct KeyerBench : fakes::ProgramBench<Ports> {
+    KeyerWindow window{
+        {this->program.terminal, this->clock, this->settings, this->fileDialog, this->msgBox, this->folder.path()}};
+    std::vector<TransferEnd> ends;
+    Connections events;
+
+    KeyerBench() {
+        events += window.reader().ended.connect([this](TransferEnd end) { ends.push_back(end); });
+        events += window.writer().ended.connect([this](TransferEnd end) { ends.push_back(end); });
+    }
+    MSFlexGrid& grid() { return window.table().MSFlexGrid_k1; }
+    std::string text(int row) { return grid().TextMatrix(row, KeyerTable::textColumn); }
+    std::string count(int row) { return grid().TextMatrix(row, KeyerTable::countColumn); }
+    void setText(int row, const std::string& utf8) { grid().setTextMatrix(row, KeyerTable::textColumn, utf8); }
+    ActiveOperation operation() { return this->program.link.activeOperation(); }
+};
+
+}  // namespace korvex

@@ -1,0 +1,122 @@
+#include "keyer/ui/frmKeyer.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "fakes/ScriptedDevice.h"
+#include "keyer/KeyerBench.h"
+#include "keyer/ui/frmInfo.h"
+#include "platform/qtwidgets/FlexGridView.h"
+
+namespace korvex {
+namespace {
+
+struct frmKeyerTest : testing::Test {
+    frmKeyerTest() {
+        bench.ports.plug(1);
+        makeForm();
+    }
+    void makeForm() {
+        form = std::make_unique<frmKeyer>(bench.window, bench.program.link, bench.settings);
+        form->show();
+        view = form->findChild<FlexGridView*>(QStringLiteral("MSFlexGrid_k1"));
+        view->setFocus();
+        QApplication::processEvents();
+    }
+    QAction* action(const char* name) const { return form->findChild<QAction*>(QLatin1String(name)); }
+    void key(int code, const QString& text = {}) const {
+        QKeyEvent event(QEvent::KeyPress, code, Qt::NoModifier, text);
+        QApplication::sendEvent(form->focusWidget(), &event);
+    }
+    QLineEdit* box() const { return form->findChild<QLineEdit*>(QStringLiteral("tbFgEdit1")); }
+
+    KeyerBench<fakes::ScriptedPorts> bench;
+    std::unique_ptr<frmKeyer> form;
+    FlexGridView* view = nullptr;
+};
+
+TEST_F(frmKeyerTest, IsAsLargeAsItsGridAsksAndStaysWhereItWas) {
+    EXPECT_EQ(form->windowTitle(), QStringLiteral("Keyer Memory"));
+    EXPECT_EQ(view->width(), (700 + 8350 + 950 + 90 + 7) / 15);
+    EXPECT_EQ(form->size() - view->size(), QSize(400 + 7, 1500) / 15);
+    EXPECT_GE(view->height(), view->sizeOfWholeGrid().height());
+    EXPECT_EQ(form->pos(), QPoint(200, 200));
+    form->move(150, 90);
+    action("mnu_clWindow")->trigger();
+    EXPECT_EQ(bench.settings.values["Settings/KeyerLeft"], "2250");
+    EXPECT_EQ(bench.settings.values["Settings/KeyerTop"], "1350");
+    EXPECT_EQ(bench.settings.values.count("Settings/KeyerWidth"), 0U);
+    makeForm();
+    EXPECT_EQ(form->pos(), QPoint(150, 90));
+}
+
+TEST_F(frmKeyerTest, RadioEntriesFollowThePortAndFilesDoNot) {
+    EXPECT_FALSE(action("mnu_readKeyer")->isEnabled());
+    EXPECT_FALSE(action("mnu_WriteKeyer")->isEnabled());
+    EXPECT_TRUE(action("mnu_LoadKeyer")->isEnabled());
+    bench.ports.plug(1).answer = [](std::string_view wire) { return std::string(wire.substr(0, 3)) + "TU;"; };
+    bench.openPort();
+    ASSERT_TRUE(action("mnu_WriteKeyer")->isEnabled());
+    action("mnu_readKeyer")->trigger();
+    bench.clock.advance(3000);
+    EXPECT_EQ(view->model()->index(4, 0).data().toString(), QStringLiteral("TU"));
+    EXPECT_EQ(view->model()->index(4, 1).data().toString(), QStringLiteral("2"));
+}
+
+TEST_F(frmKeyerTest, WhatIsStillBeingTypedIsSavedSentAndKept) {
+    key(Qt::Key_C, QStringLiteral("c"));
+    key(Qt::Key_Q, QStringLiteral("q"));
+    ASSERT_TRUE(box()->isVisible());
+    EXPECT_EQ(bench.count(1), "2");
+    key(Qt::Key_Semicolon, QStringLiteral(";"));
+    EXPECT_EQ(box()->text(), QStringLiteral("CQ"));
+    EXPECT_NE(form->findChild<QLabel*>(QStringLiteral("hint"))->text(), QString());
+
+    const std::string file = bench.folder.file("a.kem");
+    bench.fileDialog.choose(file);
+    action("mnu_SaveKeyer")->trigger();
+    EXPECT_NE(fakes::fileContent(file).find("|KM1;|CQ|2|"), std::string::npos);
+    EXPECT_FALSE(box()->isVisible());
+
+    bench.openPort();
+    key(Qt::Key_T, QStringLiteral("t"));
+    action("mnu_WriteKeyer")->trigger();
+    bench.clock.advance(450);
+    EXPECT_EQ(bench.ports.plug(1).writes.back().text, "KM1T;");
+
+    bool normal = false;
+    const Connection connection = bench.window.buttonBackToNormal.connect([&] { normal = true; });
+    key(Qt::Key_K, QStringLiteral("k"));
+    form->close();
+    EXPECT_FALSE(normal);
+    EXPECT_EQ(bench.text(1), "K");
+    form->show();
+    view->setFocus();
+    key(Qt::Key_L, QStringLiteral("l"));
+    action("mnu_clWindow")->trigger();
+    EXPECT_TRUE(normal);
+    EXPECT_EQ(bench.text(1), "L");
+    EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(frmKeyerTest, InfoShowsItsLines) {
+    action("mnu_Info")->trigger();
+    action("mnu_Info")->trigger();
+    const auto infos = form->findChildren<frmInfo*>();
+    ASSERT_EQ(infos.size(), 1);
+    const QStringList lines = infos.first()->findChild<QPlainTextEdit*>()->toPlainText().split(QLatin1Char('\n'));
+    ASSERT_EQ(lines.size(), 9);
+    EXPECT_EQ(lines[4], QStringLiteral(" Set menu 20 to 24 to \" tyP1\""));
+    EXPECT_EQ(lines[6], QStringLiteral("Cat commands = \"EX0200;\"   \"EX0210;\"  \"EX0220;\"  "));
+    infos.first()->findChild<QAction*>(QStringLiteral("mnu_close"))->trigger();
+    EXPECT_FALSE(infos.first()->isVisible());
+}
+
+}  // namespace
+}  // namespace korvex
