@@ -131,7 +131,8 @@ void QtEditableGrid::showHint(const std::string& utf8) {
     if (!m_view) return;
     const QRect cell = m_view->cellGeometry(m_cells.Row(), m_cells.Col());
     const QString text = QString::fromStdString(utf8);
-    QToolTip::showText(m_view->mapToGlobal(cell.bottomLeft()), Qt::convertFromPlainText(text), m_view, {}, hintMs);
+    QToolTip::showText(m_view->mapToGlobal(cell.bottomLeft()), Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal),
+                       m_view, {}, hintMs);
     if (m_box) m_box->setAccessibleDescription(text);
 }
 

@@ -45,7 +45,7 @@ bool FlexGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, con
     const QString text = index.data().toString();
     if (event->type() == QEvent::ToolTip &&
         view->fontMetrics().horizontalAdvance(text) > option.rect.width() - 2 * margin) {
-        QToolTip::showText(event->globalPos(), Qt::convertFromPlainText(text), view);
+        QToolTip::showText(event->globalPos(), Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal), view);
         return true;
     }
     return QStyledItemDelegate::helpEvent(event, view, option, index);
