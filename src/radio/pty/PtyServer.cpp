@@ -17,10 +17,10 @@ double steadyMs() {
 
 timespec asTimespec(double ms) {
     const double wait = std::max(ms, 0.0);
-    timespec spec{};
-    spec.tv_sec = static_cast<time_t>(wait / 1000);
-    spec.tv_nsec = static_cast<long>(std::fmod(wait, 1000) * 1e6);
-    return spec;
+    timespec time{};
+    time.tv_sec = static_cast<time_t>(wait / 1000);
+    time.tv_nsec = static_cast<long>(std::fmod(wait, 1000) * 1e6);
+    return time;
 }
 
 void tell(const Failure& failure) {
