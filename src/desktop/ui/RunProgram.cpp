@@ -1,0 +1,53 @@
+#include "desktop/ui/RunProgram.h"
+
+#include <QApplication>
+#include <optional>
+#include <string>
+
+#include "app/Program.h"
+#include "desktop/ui/Desktop.h"
+#include "platform/ProgramFolder.h"
+#include "platform/qt/QtClock.h"
+#include "platform/qt/QtProgramPlaces.h"
+#include "platform/qt/QtSerialPorts.h"
+#include "platform/qt/QtSettingsStore.h"
+#include "platform/qt/QtShell.h"
+#include "platform/qtwidgets/QtFileDialog.h"
+#include "platform/qtwidgets/QtMsgBox.h"
+#include "radio/SimulatedPorts.h"
+
+namespace korvex {
+
+namespace {
+
+/// The demonstration must not change what the owner has set for the real radio.
+std::string settingsFile(const StartOptions& options) {
+    if (!options.settingsFile.empty() || !options.demo) return options.settingsFile;
+    std::string file = QtSettingsStore().file();
+    return file.insert(file.rfind('.'), "-demo");
+}
+
+}  // namespace
+
+int runProgram(const StartOptions& options, const std::function<void(Program&)>& started) {
+    QtClock clock;
+    QtSettingsStore settings(settingsFile(options));
+    std::optional<SimulatedPorts> demo;
+    if (options.demo) demo.emplace(clock);
+    QtSerialPorts ports(settings, options.ports, demo ? &*demo : nullptr);
+    QtFileDialog fileDialog;
+    QtMsgBox msgBox;
+    QtShell shell;
+    const auto folder = makeProgramFolder(programPlaces(options.programFolder));
+    if (!folder) {
+        msgBox.stop(folder.error().text);
+        return 1;
+    }
+    Program program({clock, ports, settings, fileDialog, msgBox, shell, *folder});
+    Desktop desktop(program);
+    desktop.showStartWindow();
+    if (started) started(program);
+    return QApplication::exec();
+}
+
+}  // namespace korvex

@@ -1,0 +1,44 @@
+// The program up to its settled start window. Without arguments it ends there, to be timed from outside; with "rest" it
+// stays idle for five seconds and tells what that costs.
+
+#include <QTemporaryDir>
+#include <cstring>
+
+#include "Measure.h"
+#include "app/Program.h"
+#include "desktop/ui/RunProgram.h"
+
+namespace {
+
+void rest() {
+    const std::string status = "/proc/self/status";
+    QTimer::singleShot(1000, [status] {
+        const double pss = korvex::bench::pssMiB();
+        const double cpu = korvex::bench::cpuMs();
+        const long switches = korvex::bench::procNumber(status, "voluntary_ctxt_switches:");
+        QTimer::singleShot(5000, [=] {
+            std::printf("%.1f %.1f %ld\n", pss, korvex::bench::cpuMs() - cpu,
+                        korvex::bench::procNumber(status, "voluntary_ctxt_switches:") - switches);
+            QApplication::quit();
+        });
+    });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const bool staysAtRest = argc > 1 && std::strcmp(argv[1], "rest") == 0;
+    QApplication application(argc, argv);
+    QTemporaryDir folder;
+    korvex::StartOptions options;
+    options.settingsFile = folder.filePath(QStringLiteral("korvex.ini")).toStdString();
+    options.programFolder = folder.path().toStdString();
+    korvex::bench::WhenSettled settled([staysAtRest] {
+        if (staysAtRest) {
+            rest();
+        } else {
+            QApplication::quit();
+        }
+    });
+    return korvex::runProgram(options);
+}
