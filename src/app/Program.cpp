@@ -16,11 +16,14 @@ Program::Program(Machine machine)
       eqWindow(machine.ports, machine.clock, machine.msgBox),
       bandStackWindow(
           {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
+      keyerWindow(
+          {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
       startWindow(machine.clock, startWindowCalls()),
       m_machine(std::move(machine)) {
     announceTools();
     introduceEqualizer();
     introduceBandStack();
+    introduceKeyer();
 }
 
 PortSettings Program::makePortSettings() {
@@ -76,6 +79,12 @@ void Program::introduceBandStack() {
     m_connections += bandStackWindow.hide.connect([this] { windows.bandStack.hide(); });
     m_connections +=
         bandStackWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::BandStack); });
+}
+
+void Program::introduceKeyer() {
+    windows.keyer.available = true;
+    m_connections += keyerWindow.hide.connect([this] { windows.keyer.hide(); });
+    m_connections += keyerWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Keyer); });
 }
 
 void Program::openTool(int tool) {

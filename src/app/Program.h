@@ -8,6 +8,7 @@
 #include "cat/CatLink.h"
 #include "cat/PortSettings.h"
 #include "eq/EqWindow.h"
+#include "keyer/KeyerWindow.h"
 #include "menu/MenuCommandTable.h"
 #include "menu/MenuReader.h"
 #include "menu/MenuWriter.h"
@@ -53,6 +54,7 @@ public:
     MenuWriter menuWriter;
     EqWindow eqWindow;
     BandStackWindow bandStackWindow;
+    KeyerWindow keyerWindow;
     StartWindow startWindow;
 
     /// The logic of one opening of the port settings dialog.
@@ -68,6 +70,7 @@ private:
     void announceTools();
     void introduceEqualizer();
     void introduceBandStack();
+    void introduceKeyer();
     WindowState* toolWindow(int tool);
     void openTool(int tool);
 

@@ -19,12 +19,15 @@ FileKind menuKind(Program& program) {
                  program.menuReader.mnu_Store_Click();
                  return std::nullopt;
              },
-             &program.menuReader.ended, [&program] { return menuObjection(program.menuCommandTable); }},
+             &program.menuReader.ended,
+             [&program] { return menuObjection(program.menuCommandTable); },
+             {}},
             {[&program] {
                  program.menuWriter.mnu_Restore_Click();
                  return std::nullopt;
              },
              &program.menuWriter.ended,
+             {},
              {}}};
 }
 
@@ -36,6 +39,7 @@ FileKind bandStackKind(Program& program) {
                  return std::nullopt;
              },
              &window.reader().ended,
+             {},
              {}},
             {[&window]() -> std::optional<TransferEnd> {
                  const TransferEnd loaded = window.loadBandStackFile();
@@ -44,13 +48,40 @@ FileKind bandStackKind(Program& program) {
                  return std::nullopt;
              },
              &window.writer().ended,
+             {},
+             {}}};
+}
+
+FileKind keyerKind(Program& program) {
+    KeyerWindow& window = program.keyerWindow;
+    const auto objection = [&window]() -> std::string {
+        const int answered = window.reader().answered();
+        if (answered == KeyerTable::memories) return {};
+        return "only " + std::to_string(answered) + " of " + std::to_string(KeyerTable::memories) +
+               " keyer texts were answered in time";
+    };
+    return {"keyer",
+            {[&window] {
+                 window.readKeyer();
+                 return std::nullopt;
+             },
+             &window.reader().ended, objection, [&window] { return window.saveKeyerFile(); }},
+            {[&window]() -> std::optional<TransferEnd> {
+                 const TransferEnd loaded = window.loadKeyerFile();
+                 if (loaded != TransferEnd::Done) return loaded;
+                 window.writeKeyer();
+                 if (!window.writer().running()) return TransferEnd::FileFailed;
+                 return std::nullopt;
+             },
+             &window.writer().ended,
+             {},
              {}}};
 }
 
 }  // namespace
 
 std::vector<FileKind> fileKinds(Program& program) {
-    return {menuKind(program), bandStackKind(program)};
+    return {menuKind(program), bandStackKind(program), keyerKind(program)};
 }
 
 }  // namespace korvex::cli

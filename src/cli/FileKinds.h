@@ -17,6 +17,9 @@ struct Transfer {
     Signal<TransferEnd>* ended = nullptr;
     /// Reading only: why what was read is not worth a file; empty when it is whole.
     std::function<std::string()> objection;
+    /// What is still to be done when the transfer has ended well: writing the file, where a window leaves that to the
+    /// user.
+    std::function<TransferEnd()> finish;
 };
 
 /// A kind of file that can be saved and restored by name. Another tool adds a row.

@@ -1,6 +1,7 @@
 #include "cli/Session.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/CodePage.h"
 
@@ -114,6 +115,7 @@ void Session::beginTransfer() {
     Transfer& transfer = m_command.verb == Command::Verb::Save ? kind->save : kind->restore;
     m_givenFile.file = m_command.file;
     m_givenFile.objection = transfer.objection;
+    m_finishTransfer = transfer.finish;
     m_transferEnd = transfer.ended->connect([this](TransferEnd end) { onEnded(end); });
     const auto watch = [this](int) { m_deadline = m_program.machine().clock.now() + silenceMs; };
     m_connections += m_program.progress.value.bind(watch);
@@ -129,6 +131,7 @@ void Session::beginSend() {
 
 void Session::onEnded(TransferEnd end) {
     if (m_stage != Stage::Working) return;
+    if (end == TransferEnd::Done && m_finishTransfer) end = std::exchange(m_finishTransfer, nullptr)();
     switch (end) {
         case TransferEnd::Done:
             if (m_command.verb == Command::Verb::Restore) {

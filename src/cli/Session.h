@@ -53,6 +53,7 @@ private:
     std::vector<FileKind> m_kinds;
     Connections m_connections;
     Connection m_transferEnd;
+    std::function<TransferEnd()> m_finishTransfer;
 };
 
 }  // namespace korvex::cli

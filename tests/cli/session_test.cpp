@@ -104,6 +104,21 @@ TEST(Session, SavesAndRestoresTheBandStackAndGivesASilentRadioUp) {
     EXPECT_FALSE(std::filesystem::exists(bench.folder.file("other.bsr")));
 }
 
+TEST(Session, SavesAndRestoresTheKeyerTexts) {
+    CliBench bench;
+    const std::string file = bench.folder.file("shack.kem");
+    EXPECT_EQ(bench.run({"save", "keyer", file}), ExitCode::Done);
+    const std::string saved = fakes::fileContent(file);
+    EXPECT_NE(saved.find("|KM5;|"), std::string::npos);
+    bench.ports.radio().answer("KM1QRL?;");
+    EXPECT_EQ(bench.run({"restore", "keyer", file}), ExitCode::Done);
+    EXPECT_EQ(bench.run({"save", "keyer", bench.folder.file("again.kem")}), ExitCode::Done);
+    EXPECT_EQ(fakes::fileContent(bench.folder.file("again.kem")), saved);
+    bench.ports.faults().deafAfter = 3;
+    EXPECT_EQ(bench.run({"save", "keyer", bench.folder.file("other.kem")}), ExitCode::Answers);
+    EXPECT_FALSE(std::filesystem::exists(bench.folder.file("other.kem")));
+}
+
 TEST(CommandLine, RefusesWhatItDoesNotUnderstand) {
     for (const std::vector<std::string>& bad : std::vector<std::vector<std::string>>{
              {},

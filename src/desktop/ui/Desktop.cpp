@@ -9,6 +9,7 @@
 #include "bandstack/ui/frmBandStack.h"
 #include "cat/ui/frmProperties.h"
 #include "eq/ui/frmEQ_Set.h"
+#include "keyer/ui/frmKeyer.h"
 #include "terminal/ui/frmTerm.h"
 
 namespace korvex {
@@ -21,6 +22,8 @@ Desktop::Desktop(Program& program) : m_program(program), m_progress(program.prog
     follow(program.windows.bandStack, [this, &settings] {
         return std::make_unique<frmBandStack>(m_program.bandStackWindow, m_program.link, settings);
     });
+    follow(program.windows.keyer,
+           [this, &settings] { return std::make_unique<frmKeyer>(m_program.keyerWindow, m_program.link, settings); });
     m_connections += program.unloadingWindows.connect([this] { unloadWindows(); });
     m_connections += program.ended.connect([] { QApplication::quit(); });
 }
