@@ -44,6 +44,7 @@ TEST_F(BandStackFormTest, ReadsTheRadioFromItsMenuAndShowsItInTheGrid) {
     EXPECT_EQ(find<QLabel>("portinfo")->text().toStdString(), "RS232 open");
     bench.fileDialog.choose(bench.folder.file("radio.bsr"));
     find<QAction>("mnu_readBandStack")->trigger();
+    QApplication::processEvents();
     EXPECT_TRUE(bench.clock.advanceUntil([&] { return !logic.reader().running() && !bench.program.progress.visible; },
                                          200'000));
     EXPECT_EQ(find<QLabel>("Dateipath")->text().toStdString(), bench.folder.file("radio.bsr"));
@@ -59,6 +60,7 @@ TEST_F(BandStackFormTest, ReadsTheRadioFromItsMenuAndShowsItInTheGrid) {
     picture("bandstack-end.png");
 
     find<QAction>("mnu_writeBandStack")->trigger();
+    QApplication::processEvents();
     bench.clock.advance(150);
     EXPECT_EQ(find<QLineEdit>("Text3")->text().toStdString(), logic.stack().wireText(1, 1));
 }
@@ -73,6 +75,7 @@ TEST_F(BandStackFormTest, ItsHeightFollowsItsRowsAndItsGridItsWidth) {
     QApplication::processEvents();
     EXPECT_EQ(grid->width(), 900 - 27);
     find<QAction>("mnu_closeWindow")->trigger();
+    QApplication::processEvents();
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(bench.settings.values["Settings/BandStackWidth"], "13500");
     EXPECT_EQ(bench.settings.values.count("Settings/BandStackHeight"), 0U);
@@ -82,6 +85,7 @@ TEST_F(BandStackFormTest, ACancelledLoadShowsZeroOnYellowAndNoiseHoldsNothingUp)
     form.show();
     bench.fileDialog.cancel();
     find<QAction>("mnu_loadDatafromHD")->trigger();
+    QApplication::processEvents();
     EXPECT_EQ(find<QLabel>("Label2")->text().toStdString(), "0");
     picture("bandstack-cancelled.png");
     EXPECT_EQ(find<QLabel>("Label2")->grab().toImage().pixelColor(3, 5), QColor(Qt::yellow));
@@ -90,6 +94,7 @@ TEST_F(BandStackFormTest, ACancelledLoadShowsZeroOnYellowAndNoiseHoldsNothingUp)
     fakes::writeFile(file, "|" + std::string(1 << 20, 'x') + "|" + std::string(1 << 20, 'W') + "|");
     bench.fileDialog.choose(file);
     find<QAction>("mnu_loadDatafromHD")->trigger();
+    QApplication::processEvents();
     QElapsedTimer watch;
     watch.start();
     picture("bandstack-noise.png");

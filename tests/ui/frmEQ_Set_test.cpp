@@ -46,6 +46,7 @@ struct EqFormTest : ::testing::Test {
 TEST_F(EqFormTest, SlidersSendEveryValueTheyGiveAndFollowTheRadio) {
     window.show();
     find<QToolButton>("imgNotConnected")->click();
+    QApplication::processEvents();
     ASSERT_TRUE(logic.isPortOpen());
     slider(1)->setSliderDown(true);
     for (const int value : {-1, -2, -3}) slider(1)->setSliderPosition(value);
@@ -98,11 +99,13 @@ TEST_F(EqFormTest, IndicatorsFollowThePortAndTheButtonTheProcessor) {
     line.openFailure = RuntimeError{errors::PortAlreadyOpen, "held"};
     msgBox.foresee("held");
     find<QAction>("comop")->trigger();
+    QApplication::processEvents();
     EXPECT_FALSE(find<QAction>("comop")->isChecked());
     EXPECT_EQ(label("Label5"), "click to open");
 
     line.openFailure.reset();
     find<QAction>("openPort")->trigger();
+    QApplication::processEvents();
     EXPECT_TRUE(find<QAction>("comop")->isChecked());
     EXPECT_TRUE(find<QToolButton>("imgConnected")->isVisible());
     EXPECT_FALSE(find<QToolButton>("imgNotConnected")->isVisible());
@@ -113,10 +116,12 @@ TEST_F(EqFormTest, IndicatorsFollowThePortAndTheButtonTheProcessor) {
     auto* on = find<QPushButton>("Command1_1");
     EXPECT_TRUE(off->isVisible() && !on->isVisible());
     off->click();
+    QApplication::processEvents();
     EXPECT_TRUE(on->isVisible() && !off->isVisible());
     EXPECT_EQ(on->palette().color(QPalette::Button), QColor(0, 255, 0));
     picture("eq-on.png");
     on->click();
+    QApplication::processEvents();
     EXPECT_TRUE(off->isVisible() && !on->isVisible());
 
     window.close();

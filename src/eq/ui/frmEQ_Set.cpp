@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "app/ui/PanelLabel.h"
+#include "app/ui/SvgArt.h"
 #include "eq/EqWindow.h"
 #include "eq/ui/EqSlider.h"
 
@@ -69,7 +70,8 @@ void frmEQ_Set::buildMenu() {
     menu->addSeparator();
     auto* exit = menu->addAction(QStringLiteral("Exit"));
     exit->setObjectName(QStringLiteral("mnu_EXit"));
-    connect(exit, &QAction::triggered, this, [this] { m_logic.mnu_EXit_Click(); });
+    connect(
+        exit, &QAction::triggered, this, [this] { m_logic.mnu_EXit_Click(); }, Qt::QueuedConnection);
 }
 
 void frmEQ_Set::buildToolBar() {
@@ -77,7 +79,7 @@ void frmEQ_Set::buildToolBar() {
     bar->setObjectName(QStringLiteral("tbrToolBar"));
     bar->setMovable(false);
     bar->setIconSize({24, 24});
-    openPort = bar->addAction(QIcon(QLatin1String(toolBarImage)), QStringLiteral("Open RS-232 Port"));
+    openPort = bar->addAction(svgIcon(QLatin1String(toolBarImage)), QStringLiteral("Open RS-232 Port"));
     openPort->setObjectName(QStringLiteral("openPort"));
     openPort->setToolTip(QStringLiteral("Open RS-232 Port"));
     openPort->setCheckable(true);
@@ -177,7 +179,8 @@ QToolButton* frmEQ_Set::makeImage(const char* name, const char* file, const char
     image->setIconSize({48, 24});
     image->setAutoRaise(true);
     m_images->addWidget(image);
-    connect(image, &QToolButton::clicked, this, [this] { m_logic.toggleEqPort(); });
+    connect(
+        image, &QToolButton::clicked, this, [this] { m_logic.toggleEqPort(); }, Qt::QueuedConnection);
     return image;
 }
 
@@ -185,7 +188,8 @@ QPushButton* frmEQ_Set::makeProcessorButton(int index, const char* caption) {
     auto* button = new QPushButton(QLatin1String(caption), m_strip);
     button->setObjectName(numbered("Command1", static_cast<std::size_t>(index)));
     button->setToolTip(QStringLiteral("Processor On/OFF Switch"));
-    connect(button, &QPushButton::clicked, this, [this, index] { m_logic.Command1_Click(index); });
+    connect(
+        button, &QPushButton::clicked, this, [this, index] { m_logic.Command1_Click(index); }, Qt::QueuedConnection);
     return button;
 }
 
@@ -219,11 +223,10 @@ bool frmEQ_Set::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmEQ_Set::wire() {
+    // Queued, as every click here: a box for a port that refuses must not keep an assistive program's call waiting.
     for (QAction* action : {comop, openPort}) {
-        connect(action, &QAction::triggered, this, [this] {
-            m_logic.toggleEqPort();
-            showConnected(m_logic.connected);  // the check marks follow the port, not the click
-        });
+        connect(
+            action, &QAction::triggered, this, [this] { togglePort(); }, Qt::QueuedConnection);
     }
     for (std::size_t item = 0; item < eqItemCount; ++item) wireItem(item);
     m_connections += m_logic.connected.bind([this](bool connected) { showConnected(connected); });
@@ -233,6 +236,11 @@ void frmEQ_Set::wire() {
         m_logic.exchange().statusText.bind([this](const std::string& text) { Label6->setText(fromUtf8(text)); });
     m_connections += m_logic.storePlace.connect([this] { storePlace(); });
     m_connections += m_logic.hide.connect([this] { hide(); });
+}
+
+void frmEQ_Set::togglePort() {
+    m_logic.toggleEqPort();
+    showConnected(m_logic.connected);  // the check marks follow the port, not the click
 }
 
 void frmEQ_Set::wireItem(std::size_t item) {

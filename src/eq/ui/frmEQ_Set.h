@@ -44,6 +44,7 @@ private:
 
     void wire();
     void wireItem(std::size_t item);
+    void togglePort();
     void showConnected(bool connected);
     void showProcessor(bool on);
 
