@@ -54,6 +54,8 @@ public:
 
 private:
     struct Choice {
+        explicit Choice(const CodeList& codes) : list(codes) {}
+
         const CodeList& list;
         Property<int> position{0};
     };
