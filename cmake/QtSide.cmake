@@ -28,6 +28,37 @@ add_library(korvex_qt STATIC ${found})
 korvex_qt_target(korvex_qt)
 target_link_libraries(korvex_qt PUBLIC korvex_logic Qt6::Core Qt6::SerialPort Qt6::Sql)
 
+# The picture of the start window and the program's icon, drawn at build time: drawing them at every start costs more than
+# everything else that the start window does. Other sizes are drawn from the SVG when they are needed.
+add_executable(draw_art tools/draw_art.cpp)
+korvex_qt_target(draw_art)
+target_link_libraries(draw_art PRIVATE Qt6::Gui Qt6::Svg)
+set(drawn_folder ${PROJECT_BINARY_DIR}/drawn)
+file(MAKE_DIRECTORY ${drawn_folder})
+set(art_orders)
+set(art_files)
+foreach(order ft2000-front:360x150 ft2000-front:720x300 korvex:16x16 korvex:32x32 korvex:64x64)
+  string(REPLACE ":" ";" parts ${order})
+  list(GET parts 0 name)
+  list(GET parts 1 size)
+  list(APPEND art_orders ${PROJECT_SOURCE_DIR}/data/images/${name}.svg:${size})
+  list(APPEND art_files ${drawn_folder}/${name}@${size}.png)
+endforeach()
+add_custom_command(OUTPUT ${art_files}
+  COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0
+          $<TARGET_FILE:draw_art> ${drawn_folder} ${art_orders}
+  DEPENDS draw_art data/images/ft2000-front.svg data/images/korvex.svg
+  COMMENT "Drawing the pictures")
+add_custom_target(korvex_art DEPENDS ${art_files})
+
+# What a program with windows carries in itself.
+function(korvex_resources target)
+  target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/data/korvex.qrc)
+  set_target_properties(${target} PROPERTIES AUTORCC ON)
+  qt_add_resources(${target} ${target}_drawn PREFIX /drawn BASE ${drawn_folder} FILES ${art_files})
+  add_dependencies(${target} korvex_art)
+endfunction()
+
 # Dialogs, boxes and every window.
 file(GLOB found CONFIGURE_DEPENDS src/platform/qtwidgets/*.cpp src/*/ui/*.cpp)
 list(FILTER found EXCLUDE REGEX "/main[A-Za-z]*\\.cpp$")
@@ -38,9 +69,9 @@ target_link_libraries(korvex_ui PUBLIC korvex_qt Qt6::Widgets PRIVATE Qt6::Svg)
 include(GNUInstallDirs)
 
 if(EXISTS ${PROJECT_SOURCE_DIR}/src/desktop/ui/main.cpp)
-  qt_add_executable(korvex src/desktop/ui/main.cpp data/korvex.qrc)
+  qt_add_executable(korvex src/desktop/ui/main.cpp)
   korvex_qt_target(korvex)
-  set_target_properties(korvex PROPERTIES AUTORCC ON)
+  korvex_resources(korvex)
   target_link_libraries(korvex PRIVATE korvex_ui)
   install(TARGETS korvex)
 endif()

@@ -121,7 +121,7 @@ int runBare(Radio& radio, long bytes, long perSecond) {
     QPlainTextEdit text;
     text.setReadOnly(true);
     text.setUndoRedoEnabled(false);
-    text.setMaximumBlockCount(5000);
+    text.setMaximumBlockCount(4000);
     text.setLineWrapMode(QPlainTextEdit::NoWrap);
     text.resize(433, 400);
     text.show();

@@ -6,6 +6,7 @@
 
 #include "Measure.h"
 #include "app/Program.h"
+#include "app/ui/SvgArt.h"
 #include "desktop/ui/RunProgram.h"
 
 namespace {
@@ -29,6 +30,7 @@ void rest() {
 int main(int argc, char** argv) {
     const bool staysAtRest = argc > 1 && std::strcmp(argv[1], "rest") == 0;
     QApplication application(argc, argv);
+    QApplication::setWindowIcon(korvex::programIcon());
     // Kept from run to run: filling the folder belongs to the very first start alone.
     const QString folder = QDir::temp().filePath(QStringLiteral("korvex-bench"));
     QDir().mkpath(folder);

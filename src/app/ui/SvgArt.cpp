@@ -1,5 +1,6 @@
 #include "app/ui/SvgArt.h"
 
+#include <QFileInfo>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -16,9 +17,22 @@ QPixmap drawn(QSvgRenderer& drawing, QSize size, qreal devicePixelRatio) {
     return pixmap;
 }
 
+/// The drawing as it was made at build time, if it was made in this size.
+QPixmap drawnBefore(const QString& resource, QSize pixels) {
+    return QPixmap(QStringLiteral(":/drawn/%1@%2x%3.png")
+                       .arg(QFileInfo(resource).completeBaseName())
+                       .arg(pixels.width())
+                       .arg(pixels.height()));
+}
+
 }  // namespace
 
 QPixmap svgPixmap(const QString& resource, QSize size, qreal devicePixelRatio) {
+    QPixmap ready = drawnBefore(resource, (QSizeF(size) * devicePixelRatio).toSize());
+    if (!ready.isNull()) {
+        ready.setDevicePixelRatio(devicePixelRatio);
+        return ready;
+    }
     QSvgRenderer drawing(resource);
     drawing.setAspectRatioMode(Qt::KeepAspectRatio);
     return drawn(drawing, size, devicePixelRatio);
@@ -35,7 +49,11 @@ QIcon svgIcon(const QString& resource, std::initializer_list<int> sizes) {
 }
 
 QIcon programIcon() {
-    return svgIcon(QStringLiteral(":/images/korvex.svg"), {16, 32, 64});
+    QIcon icon;
+    for (const int size : {16, 32, 64}) {
+        icon.addPixmap(svgPixmap(QStringLiteral(":/images/korvex.svg"), QSize(size, size), 1));
+    }
+    return icon;
 }
 
 SvgPicture::SvgPicture(QString resource, QWidget* parent) : QWidget(parent), m_resource(std::move(resource)) {}

@@ -8,6 +8,7 @@
 namespace korvex {
 
 /// A drawing of the program's resources (":/images/save-menu.svg"), centred in `size`, sharp at every screen's scale.
+/// Where it was drawn in that size at build time, nothing is drawn now.
 QPixmap svgPixmap(const QString& resource, QSize size, qreal devicePixelRatio);
 
 /// An icon of one drawing. The sizes are drawn at once and once more for screens of twice the density: no plugin is

@@ -1,9 +1,9 @@
 #include <QApplication>
-#include <QIcon>
 #include <iostream>
 
 #include "app/StartOptions.h"
 #include "app/Version.h"
+#include "app/ui/SvgArt.h"
 #include "desktop/ui/RunProgram.h"
 
 namespace korvex {
@@ -34,7 +34,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Korvex"));
     QApplication::setDesktopFileName(QStringLiteral("korvex"));
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/korvex.svg")));
+    QApplication::setWindowIcon(programIcon());
     const auto options = parseStartOptions({argv + 1, argv + argc});
     return options ? runProgram(*options) : tellUsage(options.error().text);
 }

@@ -20,6 +20,15 @@ QFont trafficFont() {
     return font;
 }
 
+/// No more than the view keeps: what a fast line brought beyond that would be drawn only to be thrown away.
+std::string_view lastLines(std::string_view wire) {
+    int lines = 0;
+    for (std::size_t i = wire.size(); i > 0; --i) {
+        if (wire[i - 1] == '\n' && ++lines > TrafficView::keptLines) return wire.substr(i);
+    }
+    return wire;
+}
+
 QChar visible(char32_t c) {
     constexpr char32_t controlPictures = 0x2400;
     constexpr char32_t deletePicture = 0x2421;
@@ -56,7 +65,7 @@ void TrafficView::flush() {
         m_heldReturn = false;
         m_column = 0;
     }
-    draw(update.text);
+    draw(lastLines(update.text));
     m_drawing = false;
 }
 

@@ -18,7 +18,7 @@ public:
     explicit TrafficView(TrafficDisplay& display, QWidget* parent = nullptr);
 
     static constexpr int batchMs = 25;
-    static constexpr int keptLines = 5000;
+    static constexpr int keptLines = 4000;
 
 protected:
     /// Draws at once what the display has and the view lacks.
