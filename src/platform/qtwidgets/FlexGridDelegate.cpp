@@ -10,6 +10,9 @@ namespace korvex {
 
 namespace {
 
+/// More than any cell can show: measuring a whole line out of a damaged file would stop the window for seconds.
+constexpr qsizetype longestMeasured = 2000;
+
 void drawFrame(QPainter& painter, const QStyleOptionViewItem& option) {
     const bool focused = option.widget && option.widget->hasFocus();
     const int width = focused ? 2 : 1;
@@ -31,8 +34,8 @@ void FlexGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->setPen(ink.isValid() ? ink.value<QBrush>().color() : option.palette.color(QPalette::Text));
     painter->setFont(option.font);
     const QRect textRect = option.rect.adjusted(margin, 0, -margin, 0);
-    const QString text =
-        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, textRect.width(), Qt::TextSingleLine);
+    const QString text = option.fontMetrics.elidedText(index.data().toString().left(longestMeasured), Qt::ElideRight,
+                                                       textRect.width(), Qt::TextSingleLine);
     painter->drawText(textRect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine, text);
 
     const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
@@ -42,7 +45,7 @@ void FlexGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 
 bool FlexGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) {
-    const QString text = index.data().toString();
+    const QString text = index.data().toString().left(longestMeasured);
     if (event->type() == QEvent::ToolTip &&
         view->fontMetrics().horizontalAdvance(text) > option.rect.width() - 2 * margin) {
         QToolTip::showText(event->globalPos(), Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal), view);
