@@ -100,10 +100,15 @@ void MemoryEditor::loadEditorFromList() {
     composeEditorWriteCommand();
 }
 
+std::optional<std::string> MemoryEditor::Text1_Change(const std::string& utf8) {
+    if (const auto character = firstInexpressible(utf8)) return "\"" + *character + "\" cannot be kept in a list file";
+    Text1 = utf8;
+    return std::nullopt;
+}
+
 void MemoryEditor::Command1_Click() {
     composeEditorWriteCommand();
-    MemoryRecord record = m_fields;
-    m_list.place(channel(), record);
+    m_list.place(channel(), m_fields);
     m_list.setCell(channel(), MemoryField::Remark, Text1);
 }
 

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/Property.h"
@@ -31,7 +32,7 @@ public:
     const CodeList& codes(MemoryField field) const { return m_choices.at(field).list; }
     DigitBox txt1{frequencyPattern};
     DigitBox txt2{clarifierPattern};
-    Property<std::string> Text1{"Enter Remarks"};  ///< UTF-8, not part of the command
+    Property<std::string> Text1{"Enter Remarks"};  ///< the remark, UTF-8; not part of the command
     Property<std::string> Text2;                   ///< the write command, also shown in the panel "MemString"
     /// The boxes were shown anew as a click does it: their whole text is to be selected.
     Signal<> boxesShownAnew;
@@ -41,6 +42,9 @@ public:
     /// A combo box of the form: Combo2 tone, Combo3 CTCSS mode, Combo4 clarifier direction, Combo5 shift, Combo6 TX and
     /// Combo7 RX clarifier, Combo8 mode.
     void choose(MemoryField field, int position);
+    /// The remark was typed or pasted. A character that no list file can keep is refused: the reason comes back, the
+    /// remark stays as it was.
+    std::optional<std::string> Text1_Change(const std::string& utf8);
     void Command1_Click();  ///< copies the channel into the list
     void cmd2_Click();      ///< writes the channel into the radio and reads it back
     void cmd3_Click();      ///< reads the channel from the radio into the list and the form
@@ -55,7 +59,6 @@ public:
 private:
     struct Choice {
         explicit Choice(const CodeList& codes) : list(codes) {}
-
         const CodeList& list;
         Property<int> position{0};
     };

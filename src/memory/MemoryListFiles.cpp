@@ -29,8 +29,10 @@ bool MemoryListFiles::askForFile(FileDialogRequest::Mode mode) {
     const bool opens = mode == FileDialogRequest::Mode::Open;
     const auto file = m_fileDialog.show({mode, opens ? "Load Memory File in to List" : "Save Memory List in to File",
                                          std::string(filter), txtPath, std::string(extension)});
-    if (file) txtPath = *file;
-    return file.has_value();
+    if (!file) return false;
+    txtPath = *file;
+    storePath();
+    return true;
 }
 
 TransferEnd MemoryListFiles::tell(const RuntimeError& error) {

@@ -22,6 +22,7 @@ public:
     TransferEnd loadListFile();
     /// "Save Memory List in to File".
     TransferEnd saveListFile();
+    /// Keeps the path for the next start; done by itself whenever a file was chosen.
     void storePath();
 
     Property<std::string> txtPath;  ///< UTF-8; also the panel "filepath"

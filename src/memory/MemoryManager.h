@@ -34,6 +34,9 @@ public:
     MemoryListFiles listFiles;
     MemoryEditor editor;
 
+    /// One of the two windows was closed by its own menu: the start window's button goes back to its normal colour.
+    Signal<> buttonBackToNormal;
+
 private:
     Connection m_connection;
 };

@@ -40,11 +40,12 @@ TEST_F(MemoryEditorTest, EveryChangeRebuildsTheCommand) {
     editor.Combo1_Click(-1);
     EXPECT_EQ(editor.Text2.get(), "MW00714250000-000510C02082;");
 
-    editor.Text1 = "Ω and Düsseldorf";
+    EXPECT_FALSE(editor.Text1_Change("Düsseldorf"));
+    EXPECT_TRUE(editor.Text1_Change("Düsseldorf Ω"));
     editor.Command1_Click();
     EXPECT_EQ(memory.list.cell(7, MemoryField::Channel), "007");
     EXPECT_EQ(memory.list.cell(7, MemoryField::Shift), "2");
-    EXPECT_EQ(memory.list.cell(7, MemoryField::Remark), "Ω and Düsseldorf");
+    EXPECT_EQ(memory.list.cell(7, MemoryField::Remark), "Düsseldorf");
 }
 
 TEST_F(MemoryEditorTest, LoadsRowsAndCarriesCodesThatItDoesNotKnow) {

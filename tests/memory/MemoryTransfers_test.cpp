@@ -43,7 +43,7 @@ TEST_F(MemoryBench, ReadsIntoAFileAtTenCommandsASecond) {
     EXPECT_EQ(link.panels().Error.get(), "Terminated");
     EXPECT_EQ(link.activeOperation(), ActiveOperation::Idle);
     EXPECT_FALSE(progress.visible);
-    EXPECT_EQ(terminal.txtPath.get(), path("all.mem"));
+    EXPECT_EQ(program.terminal.txtPath.get(), path("all.mem"));
     EXPECT_EQ(fileDialog.shown[0].title, "Save FT-2000 Memory");
     EXPECT_EQ(fileDialog.shown[0].filter, "Flat File (*.mem)|*.mem|All Files (*.*)|*.*");
     // The table is packed: an empty channel takes no slot.
@@ -140,7 +140,7 @@ TEST_F(MemoryBench, RestoresAFileLineByLine) {
     EXPECT_EQ(progress.caption.get(), "Restore Memories to FT2000");
     clock.advance(100);
     EXPECT_EQ(sentIn(link), "MW00114250000+000000200080; ");
-    EXPECT_EQ(terminal.Text2.get(), "MR00114250000+000000200080;");
+    EXPECT_EQ(program.terminal.Text2.get(), "MR00114250000+000000200080;");
     clock.advance(99);
     EXPECT_EQ(ends, Ends{});
     clock.advance(1);
