@@ -13,6 +13,7 @@ Program::Program(Machine machine)
                 machine.programFolder}),
       menuReader(terminal, machine.clock, menuCommandTable),
       menuWriter(terminal, machine.clock, menuCommandTable),
+      memory(terminal, machine.clock, machine.settings, machine.fileDialog, machine.programFolder),
       eqWindow(machine.ports, machine.clock, machine.msgBox),
       bandStackWindow(
           {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
@@ -21,6 +22,7 @@ Program::Program(Machine machine)
       startWindow(machine.clock, startWindowCalls()),
       m_machine(std::move(machine)) {
     announceTools();
+    introduceMemories();
     introduceEqualizer();
     introduceBandStack();
     introduceKeyer();
@@ -61,6 +63,11 @@ void Program::announceTools() {
         m_connections += toolWindow(tool)->available.bind(
             [this, tool](bool available) { startWindow.enabled.at(static_cast<std::size_t>(tool)) = available; });
     }
+}
+
+void Program::introduceMemories() {
+    windows.memoryEditor.available = true;
+    m_connections += memory.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::MemoryManager); });
 }
 
 void Program::introduceEqualizer() {

@@ -9,6 +9,7 @@
 #include "cat/PortSettings.h"
 #include "eq/EqWindow.h"
 #include "keyer/KeyerWindow.h"
+#include "memory/MemoryManager.h"
 #include "menu/MenuCommandTable.h"
 #include "menu/MenuReader.h"
 #include "menu/MenuWriter.h"
@@ -52,6 +53,7 @@ public:
     MenuCommandTable menuCommandTable;
     MenuReader menuReader;
     MenuWriter menuWriter;
+    MemoryManager memory;
     EqWindow eqWindow;
     BandStackWindow bandStackWindow;
     KeyerWindow keyerWindow;
@@ -68,6 +70,7 @@ public:
 private:
     StartWindowCalls startWindowCalls();
     void announceTools();
+    void introduceMemories();
     void introduceEqualizer();
     void introduceBandStack();
     void introduceKeyer();

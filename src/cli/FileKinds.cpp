@@ -31,6 +31,46 @@ FileKind menuKind(Program& program) {
              {}}};
 }
 
+FileKind memoryKind(Program& program) {
+    return {"memory",
+            {[&program] {
+                 program.memory.reader.mnu_saveMem_Click();
+                 return std::nullopt;
+             },
+             &program.memory.reader.ended,
+             {},
+             {}},
+            {[&program] {
+                 program.memory.restorer.mnu_restMem_Click();
+                 return std::nullopt;
+             },
+             &program.memory.restorer.ended,
+             {},
+             {}}};
+}
+
+FileKind memoryListKind(Program& program) {
+    MemoryManager& memory = program.memory;
+    return {"list",
+            {[&memory] {
+                 memory.list.replaceAll({});  // what the window shows as a sample is no channel
+                 memory.reader.mnu_MemSaveFromFT2000_Click();
+                 return std::nullopt;
+             },
+             &memory.reader.ended,
+             {},
+             [&memory] { return memory.listFiles.saveListFile(); }},
+            {[&memory]() -> std::optional<TransferEnd> {
+                 const TransferEnd loaded = memory.listFiles.loadListFile();
+                 if (loaded != TransferEnd::Done) return loaded;
+                 memory.listWriter.mnu_MemRestoreTOFT2000_Click();
+                 return std::nullopt;
+             },
+             &memory.listWriter.ended,
+             {},
+             {}}};
+}
+
 FileKind bandStackKind(Program& program) {
     BandStackWindow& window = program.bandStackWindow;
     return {"bandstack",
@@ -81,7 +121,8 @@ FileKind keyerKind(Program& program) {
 }  // namespace
 
 std::vector<FileKind> fileKinds(Program& program) {
-    return {menuKind(program), bandStackKind(program), keyerKind(program)};
+    return {menuKind(program), memoryKind(program), memoryListKind(program), bandStackKind(program),
+            keyerKind(program)};
 }
 
 }  // namespace korvex::cli

@@ -91,6 +91,34 @@ TEST(Session, EachTroubleHasItsExitCodeAndLeavesNoFile) {
     EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
 }
 
+TEST(Session, CarriesMemoriesAndTheirListToAnotherRadioByteForByte) {
+    CliBench bench;
+    auto& memories = bench.ports.radio().state.memories;
+    memories[1].reset();
+    const auto inTheRadio = memories;
+    for (const std::string kind : {"memory", "list"}) {
+        const std::string first = bench.folder.file("first." + kind);
+        const std::string second = bench.folder.file("second." + kind);
+        EXPECT_EQ(bench.run({"save", kind, first}), ExitCode::Done);
+        for (std::size_t channel = 1; channel <= 99; ++channel) memories.at(channel).reset();
+        EXPECT_EQ(bench.run({"restore", kind, first}), ExitCode::Done);
+        EXPECT_EQ(memories, inTheRadio) << kind;
+        EXPECT_EQ(bench.run({"save", kind, second}), ExitCode::Done);
+        EXPECT_EQ(fakes::fileContent(second), fakes::fileContent(first));
+        const std::string saved = fakes::fileContent(first);
+        EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), kind == "memory" ? 24 : 25);
+        EXPECT_EQ(bench.err.str(), "");
+
+        bench.ports.faults().unplugged = 50;
+        EXPECT_EQ(bench.run({"save", kind, bench.folder.file("none")}), ExitCode::Port);
+        bench.ports.plugIn();
+        bench.ports.faults() = {};
+        EXPECT_FALSE(std::filesystem::exists(bench.folder.file("none")));
+        EXPECT_EQ(bench.run({"restore", kind, bench.folder.file("none")}), ExitCode::File);
+        bench.err.str("");
+    }
+}
+
 TEST(Session, SavesAndRestoresTheBandStackAndGivesASilentRadioUp) {
     CliBench bench;
     const std::string file = bench.folder.file("shack.bsr");

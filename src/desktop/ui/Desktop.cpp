@@ -10,6 +10,8 @@
 #include "cat/ui/frmProperties.h"
 #include "eq/ui/frmEQ_Set.h"
 #include "keyer/ui/frmKeyer.h"
+#include "memory/ui/frmChannelinfo.h"
+#include "memory/ui/frmMem.h"
 #include "terminal/ui/frmTerm.h"
 
 namespace korvex {
@@ -17,6 +19,12 @@ namespace korvex {
 Desktop::Desktop(Program& program) : m_program(program), m_progress(program.progress) {
     SettingsStore& settings = program.machine().settings;
     follow(program.windows.terminal, [this] { return makeTerminal(); });
+    follow(program.windows.memoryEditor, [this, &settings] {
+        return std::make_unique<frmMem>(m_program.memory, m_program.link, m_program.windows, settings);
+    });
+    follow(program.windows.memoryList, [this, &settings] {
+        return std::make_unique<frmChannelinfo>(m_program.memory, m_program.link, m_program.windows, settings);
+    });
     follow(program.windows.equalizer,
            [this, &settings] { return std::make_unique<frmEQ_Set>(m_program.eqWindow, settings); });
     follow(program.windows.bandStack, [this, &settings] {
@@ -56,8 +64,8 @@ std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
                                      TerminalActions{
                                          .saveMenu = [this] { m_program.menuReader.mnu_Store_Click(); },
                                          .restoreMenu = [this] { m_program.menuWriter.mnu_Restore_Click(); },
-                                         .saveMemories = {},
-                                         .restoreMemories = {},
+                                         .saveMemories = [this] { m_program.memory.reader.mnu_saveMem_Click(); },
+                                         .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },
                                          .portSettings = [this] { showPortSettings(); },
                                          .about = [this] { showAboutBox(QApplication::activeWindow()); },
                                          .endProgram = [this] { return m_program.end(); },

@@ -1,0 +1,204 @@
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+#include "fakes/ProgramBench.h"
+#include "memory/ui/frmChannelinfo.h"
+#include "memory/ui/frmMem.h"
+#include "platform/qtwidgets/FlexGridView.h"
+#include "radio/SimulatedPorts.h"
+
+namespace korvex {
+namespace {
+
+class MemoryWindows : public testing::Test {
+protected:
+    MemoryWindows() {
+        editor.show();
+        list.show();
+        bench.clock.advance(1000);
+    }
+    template <class T>
+    static T* find(const QWidget& window, const char* name) {
+        auto* found = window.findChild<T*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+    void picture(const QWidget& window, const char* name) {
+        QApplication::processEvents();
+        const auto folder = qEnvironmentVariable("KORVEX_PICTURES");
+        if (!folder.isEmpty())
+            const_cast<QWidget&>(window).grab().save(folder + QLatin1Char('/') + QLatin1String(name));
+    }
+
+    static void key(QWidget* target, int code, const QString& text = {}, Qt::KeyboardModifiers modifiers = {}) {
+        QKeyEvent event(QEvent::KeyPress, code, modifiers, text);
+        QApplication::sendEvent(target, &event);
+    }
+    void press(int row, Qt::MouseButton button) {
+        const QPointF at = grid->cellGeometry(row, 2).center() - grid->viewport()->pos();
+        QMouseEvent event(QEvent::MouseButtonPress, at, grid->viewport()->mapToGlobal(at), button, button, {});
+        QApplication::sendEvent(grid->viewport(), &event);
+    }
+
+    fakes::ProgramBench<SimulatedPorts> bench;
+    CatLink& link = bench.program.link;
+    MemoryManager& memory = bench.program.memory;
+    frmMem editor{memory, link, bench.program.windows, bench.settings};
+    frmChannelinfo list{memory, link, bench.program.windows, bench.settings};
+    FlexGridView* grid = find<FlexGridView>(list, "FlexGrid1");
+};
+
+TEST_F(MemoryWindows, BoxesHoldTheirDigitsWhateverTheUserTries) {
+    auto* txt1 = find<QLineEdit>(editor, "txt1");
+    const auto shows = [&](const char* text) {
+        EXPECT_EQ(txt1->text().toStdString(), text);
+        EXPECT_EQ(memory.editor.txt1.text.get(), text);
+    };
+    for (const char digit : std::string("14.25")) key(txt1, Qt::Key_0, QString(QLatin1Char(digit)));
+    shows("00'001'425");
+    key(txt1, Qt::Key_Left);
+    key(txt1, Qt::Key_Home, {}, Qt::ShiftModifier);
+    key(txt1, Qt::Key_X, QStringLiteral("x"));
+    key(txt1, Qt::Key_E, QStringLiteral("\u20AC"), Qt::ControlModifier | Qt::AltModifier);
+    shows("00'001'425");
+    key(txt1, Qt::Key_9, QStringLiteral("9"));
+    shows("00'014'259");
+    key(txt1, Qt::Key_Backspace, QStringLiteral("\b"));
+    shows("00'001'425");
+
+    QApplication::clipboard()->setText(QStringLiteral("14.250.000"));
+    key(txt1, Qt::Key_V, QStringLiteral("\x16"), Qt::ControlModifier);
+    shows("14'250'000");
+    for (const int undo : {Qt::Key_Z, Qt::Key_Y}) key(txt1, undo, {}, Qt::ControlModifier);
+    shows("14'250'000");
+    key(txt1, Qt::Key_X, QStringLiteral("\x18"), Qt::ControlModifier);
+    shows("00'000'000");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "14'250'000");
+
+    QMimeData dragged;
+    dragged.setText(QStringLiteral("7'050'000"));
+    QDragEnterEvent enter({1, 1}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(txt1, &enter);
+    QDropEvent drop({1, 1}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(txt1, &drop);
+    shows("07'050'000");
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("5a"));
+    QApplication::sendEvent(txt1, &composed);
+    shows("70'500'005");
+    txt1->setText(QStringLiteral("nonsense"));  // as an assistive program may do
+    shows("70'500'005");
+    key(txt1, Qt::Key_Delete, QStringLiteral("\x7F"));
+    shows("00'000'000");
+}
+
+TEST_F(MemoryWindows, FormAndListShowOneAnother) {
+    find<QComboBox>(editor, "Combo1")->setCurrentIndex(11);
+    find<QComboBox>(editor, "Combo8")->setCurrentIndex(10);
+    find<QComboBox>(editor, "Combo2")->setCurrentIndex(49);
+    find<QComboBox>(editor, "Combo4")->setCurrentIndex(1);
+    find<QLineEdit>(editor, "txt1")->setText(QStringLiteral("29620000"));
+    find<QLineEdit>(editor, "Text1")->setText(QStringLiteral("Düsseldorf"));
+    EXPECT_EQ(find<QLineEdit>(editor, "Text2")->text().toStdString(), "MW01229620000-000000B00490;");
+    EXPECT_EQ(find<QLabel>(editor, "MemString")->text().toStdString(), "MW01229620000-000000B00490;");
+    find<QPushButton>(editor, "Command1")->click();
+    EXPECT_EQ(memory.list.cell(12, MemoryField::Remark), "Düsseldorf");
+    auto* Text1 = find<QLineEdit>(editor, "Text1");
+    Text1->setCursorPosition(1);
+    Text1->insert(QStringLiteral("Ω"));
+    EXPECT_EQ(Text1->text().toStdString(), "Düsseldorf");
+    EXPECT_EQ(Text1->cursorPosition(), 1);
+
+    press(1, Qt::LeftButton);
+    EXPECT_EQ(find<QComboBox>(editor, "Combo1")->currentText().toStdString(), "1");
+    EXPECT_EQ(find<QLineEdit>(editor, "Text1")->text().toStdString(), "Test");
+    press(12, Qt::LeftButton);
+    EXPECT_EQ(find<QComboBox>(editor, "Combo8")->currentText().toStdString(), "FM(N)");
+    key(grid, Qt::Key_C, QStringLiteral("\x03"), Qt::ControlModifier);
+    press(13, Qt::RightButton);
+    auto* List1 = find<QListWidget>(list, "List1");
+    ASSERT_TRUE(List1->isVisible());
+    EXPECT_TRUE(list.rect().contains(List1->geometry()));
+    picture(list, "list-popup.png");
+    List1->setCurrentRow(4);
+    key(List1, Qt::Key_Return);
+    EXPECT_FALSE(List1->isVisible());
+    EXPECT_EQ(memory.list.cell(13, MemoryField::Channel), "013");
+    EXPECT_EQ(memory.list.cell(13, MemoryField::Remark), "Düsseldorf");
+    press(12, Qt::RightButton);
+    press(14, Qt::LeftButton);
+    EXPECT_FALSE(List1->isVisible());
+    key(grid, Qt::Key_V, QStringLiteral("v"));
+    EXPECT_EQ(memory.list.cell(14, MemoryField::Channel), "014");
+}
+
+TEST_F(MemoryWindows, StartTheSameOperationsAndFollowThePort) {
+    const std::vector<QAction*> radioEntries = {
+        find<QAction>(editor, "mnu_MemSaveFromFT2000"), find<QAction>(editor, "mnu_MemRestoreTOFT2000"),
+        find<QAction>(list, "mnu_MemSaveFromFT2000"), find<QAction>(list, "mnu_MemRestoreTOFT2000")};
+    const auto buttonColour = [&] { return find<QPushButton>(editor, "cmd3")->palette().color(QPalette::Button); };
+    for (const auto* entry : radioEntries) EXPECT_FALSE(entry->isEnabled());
+    EXPECT_EQ(buttonColour(), QColor(Qt::red));
+
+    find<QToolButton>(editor, "imgNotConnected")->click();
+    QApplication::processEvents();
+    bench.clock.advance(1200);
+    for (const auto* entry : radioEntries) EXPECT_TRUE(entry->isEnabled());
+    EXPECT_EQ(buttonColour(), QColor(Qt::green));
+    EXPECT_EQ(find<QLabel>(editor, "Port")->text().toStdString(), " RS232 open ");
+    EXPECT_EQ(find<QLabel>(editor, "Label3")->text().toStdString(), "click to close");
+
+    find<QPushButton>(editor, "cmd3")->click();
+    bench.clock.advance(200);
+    EXPECT_EQ(find<QLineEdit>(editor, "txt1")->text().toStdString(), "14'074'000");
+    radioEntries[2]->trigger();
+    QApplication::processEvents();
+    EXPECT_TRUE(memory.reader.running());
+    bench.clock.advance(11'000);
+    EXPECT_EQ(memory.list.cell(99, MemoryField::Frequency), "18068000");
+    picture(list, "list.png");
+    EXPECT_EQ(find<QLabel>(editor, "Port")->text().toStdString(), "RS232 closed");
+
+    find<QAction>(list, "mnu_openCloseComPort")->trigger();
+    QApplication::processEvents();
+    memory.editor.chooseRow(30);
+    picture(editor, "mem.png");
+    radioEntries[1]->trigger();
+    QApplication::processEvents();
+    EXPECT_TRUE(memory.listWriter.running());
+}
+
+TEST_F(MemoryWindows, OpenWholeAndRememberTheirPlaces) {
+    EXPECT_EQ(editor.size(), QSize(411, 442));
+    EXPECT_EQ(list.size(), QSize(700, 567));
+    EXPECT_LE(grid->sizeOfWholeGrid().width() + grid->verticalScrollBar()->sizeHint().width(), list.width());
+    for (const auto* combo : editor.findChildren<QComboBox*>()) EXPECT_FALSE(combo->accessibleName().isEmpty());
+    for (const auto* box : editor.findChildren<QLineEdit*>()) EXPECT_FALSE(box->accessibleName().isEmpty());
+    int closed = 0;
+    const auto counted = memory.buttonBackToNormal.connect([&] { ++closed; });
+    list.resize(600, 400);
+    find<QAction>(list, "mnu_closeWindow")->trigger();
+    QApplication::processEvents();
+    editor.close();
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(bench.settings.values["Settings/ChannelinfoHeight"], "6000");
+    EXPECT_EQ(bench.settings.values["Settings/MemoryWidth"], "6165");
+    EXPECT_EQ(bench.settings.values["Settings/SavePath3"], bench.folder.path() + "/files");
+    EXPECT_FALSE(link.indicators().memoryEditorVisible);
+}
+
+}  // namespace
+}  // namespace korvex
