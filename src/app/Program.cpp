@@ -32,6 +32,11 @@ PortSettings Program::makePortSettings() {
     return {link, m_machine.ports, m_machine.settings, m_machine.msgBox, terminal.echo};
 }
 
+void Program::portSettingsStored() {
+    eqWindow.closePort();
+    eqWindow.Form_Load(m_machine.settings);
+}
+
 StartWindowCalls Program::startWindowCalls() {
     return {
         .closeEqualizerPort = [this] { eqWindow.closePort(); },

@@ -61,6 +61,8 @@ public:
 
     /// The logic of one opening of the port settings dialog.
     PortSettings makePortSettings();
+    /// The dialog has stored what it applied to the terminal's port: the equalizer's port is set from the same keys.
+    void portSettingsStored();
 
     /// Ends the program: output drains, the port closes, every window is unloaded. False when the user stays.
     bool end();

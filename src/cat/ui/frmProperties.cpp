@@ -55,6 +55,7 @@ QComboBox* frmProperties::makeCombo(const char* name, const QString& meaning) {
 
 QGroupBox* frmProperties::makeSpeedFrame() {
     auto* frame = new QGroupBox(QStringLiteral("Max. Speed"), this);
+    frame->setAccessibleName(frame->title());
     auto* layout = new QHBoxLayout(frame);
     cboSpeed = makeCombo("cboSpeed", QStringLiteral("Max. Speed"));
     for (const int speed : standardSpeeds()) cboSpeed->addItem(QString::number(speed));
@@ -65,6 +66,7 @@ QGroupBox* frmProperties::makeSpeedFrame() {
 QGroupBox* frmProperties::makeConnectionFrame() {
     auto* frame = new QGroupBox(QStringLiteral("Transfer Protocol"), this);
     frame->setObjectName(QStringLiteral("fraConnection"));
+    frame->setAccessibleName(frame->title());
     auto* layout = new QFormLayout(frame);
     const auto add = [&](const QString& label, QComboBox*& combo, const char* name, const auto& choices) {
         combo = makeCombo(name, label.chopped(1));
@@ -80,13 +82,14 @@ QGroupBox* frmProperties::makeConnectionFrame() {
 QGroupBox* frmProperties::makeChoice(const QString& title, const char* name, const QStringList& captions,
                                      QButtonGroup*& group) {
     auto* frame = new QGroupBox(title, this);
+    frame->setAccessibleName(QString(title).remove(QLatin1Char('&')));
     auto* layout = new QVBoxLayout(frame);
     group = new QButtonGroup(this);
     for (int index = 0; index < captions.size(); ++index) {
         auto* button = new QRadioButton(captions.at(index), frame);
         button->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index));
         button->setAccessibleName(captions.at(index));
-        button->setAccessibleDescription(QString(title).remove(QLatin1Char('&')));
+        button->setAccessibleDescription(frame->accessibleName());
         group->addButton(button, index);
         layout->addWidget(button);
     }

@@ -81,7 +81,7 @@ void Desktop::showPortSettings() {
     PortSettings logic = m_program.makePortSettings();
     logic.Form_Load();
     frmProperties dialog(logic, QApplication::activeWindow());
-    dialog.exec();
+    if (dialog.exec() == QDialog::Accepted) m_program.portSettingsStored();
 }
 
 void Desktop::unloadWindows() {
