@@ -30,6 +30,10 @@ struct frmKeyerTest : testing::Test {
         QApplication::processEvents();
     }
     QAction* action(const char* name) const { return form->findChild<QAction*>(QLatin1String(name)); }
+    void choose(const char* name) const {
+        action(name)->trigger();
+        QApplication::processEvents();
+    }
     void key(int code, const QString& text = {}) const {
         QKeyEvent event(QEvent::KeyPress, code, Qt::NoModifier, text);
         QApplication::sendEvent(form->focusWidget(), &event);
@@ -48,7 +52,7 @@ TEST_F(frmKeyerTest, IsAsLargeAsItsGridAsksAndStaysWhereItWas) {
     EXPECT_GE(view->height(), view->sizeOfWholeGrid().height());
     EXPECT_EQ(form->pos(), QPoint(200, 200));
     form->move(150, 90);
-    action("mnu_clWindow")->trigger();
+    choose("mnu_clWindow");
     EXPECT_EQ(bench.settings.values["Settings/KeyerLeft"], "2250");
     EXPECT_EQ(bench.settings.values["Settings/KeyerTop"], "1350");
     EXPECT_EQ(bench.settings.values.count("Settings/KeyerWidth"), 0U);
@@ -63,7 +67,7 @@ TEST_F(frmKeyerTest, RadioEntriesFollowThePortAndFilesDoNot) {
     bench.ports.plug(1).answer = [](std::string_view wire) { return std::string(wire.substr(0, 3)) + "TU;"; };
     bench.openPort();
     ASSERT_TRUE(action("mnu_WriteKeyer")->isEnabled());
-    action("mnu_readKeyer")->trigger();
+    choose("mnu_readKeyer");
     bench.clock.advance(3000);
     EXPECT_EQ(view->model()->index(4, 0).data().toString(), QStringLiteral("TU"));
     EXPECT_EQ(view->model()->index(4, 1).data().toString(), QStringLiteral("2"));
@@ -80,13 +84,13 @@ TEST_F(frmKeyerTest, WhatIsStillBeingTypedIsSavedSentAndKept) {
 
     const std::string file = bench.folder.file("a.kem");
     bench.fileDialog.choose(file);
-    action("mnu_SaveKeyer")->trigger();
+    choose("mnu_SaveKeyer");
     EXPECT_NE(fakes::fileContent(file).find("|KM1;|CQ|2|"), std::string::npos);
     EXPECT_FALSE(box()->isVisible());
 
     bench.openPort();
     key(Qt::Key_T, QStringLiteral("t"));
-    action("mnu_WriteKeyer")->trigger();
+    choose("mnu_WriteKeyer");
     bench.clock.advance(450);
     EXPECT_EQ(bench.ports.plug(1).writes.back().text, "KM1T;");
 
@@ -99,15 +103,15 @@ TEST_F(frmKeyerTest, WhatIsStillBeingTypedIsSavedSentAndKept) {
     form->show();
     view->setFocus();
     key(Qt::Key_L, QStringLiteral("l"));
-    action("mnu_clWindow")->trigger();
+    choose("mnu_clWindow");
     EXPECT_TRUE(normal);
     EXPECT_EQ(bench.text(1), "L");
     EXPECT_FALSE(form->isVisible());
 }
 
 TEST_F(frmKeyerTest, InfoShowsItsLines) {
-    action("mnu_Info")->trigger();
-    action("mnu_Info")->trigger();
+    choose("mnu_Info");
+    choose("mnu_Info");
     const auto infos = form->findChildren<frmInfo*>();
     ASSERT_EQ(infos.size(), 1);
     const QStringList lines = infos.first()->findChild<QPlainTextEdit*>()->toPlainText().split(QLatin1Char('\n'));

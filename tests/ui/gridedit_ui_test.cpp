@@ -165,6 +165,17 @@ TEST_F(KeyerGrid, RefusesWithAHint) {
     EXPECT_EQ(text(2), "X");
 }
 
+TEST_F(KeyerGrid, ClipboardKeysOnTheGridMeanTheWholeCell) {
+    key(Qt::Key_C, QStringLiteral("\x03"), Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("TEXT 2"));
+    key(Qt::Key_Down);
+    key(Qt::Key_Return);
+    key(Qt::Key_V, QStringLiteral("\x16"), Qt::ControlModifier);
+    key(Qt::Key_Return);
+    EXPECT_EQ(text(3), "TEXT 2");
+    EXPECT_EQ(cells.TextMatrix(3, 2), "6");
+}
+
 TEST_F(KeyerGrid, WritesBackWhenTheWindowGoes) {
     key(Qt::Key_A, QStringLiteral("a"));
     window.hide();

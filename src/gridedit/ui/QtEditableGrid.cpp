@@ -14,6 +14,9 @@ namespace korvex {
 namespace {
 
 constexpr int hintMs = 5000;
+constexpr char controlC = '\x03';
+constexpr char controlV = '\x16';
+constexpr char controlX = '\x18';
 
 }  // namespace
 
@@ -68,10 +71,19 @@ private:
 QtEditableGrid::QtEditableGrid(FlexGridView& view) : m_cells(view.cells()), m_view(&view) {
     view.setTakesTyping(true);
     connect(&view, &FlexGridView::cellDoubleClicked, this, [this] { doubleClicked.emit(); });
-    connect(&view, &FlexGridView::keyTyped, this, [this](const QString& text) { keyPressed.emit(text.toStdString()); });
+    connect(&view, &FlexGridView::keyTyped, this, &QtEditableGrid::takeTyped);
     connect(&view, &FlexGridView::focusTaken, this, [this] { gotFocus.emit(); });
     connect(&view, &FlexGridView::cellsMoved, this, [this] { scrolled.emit(); });
     connect(&view, &FlexGridView::composed, this, [this](QInputMethodEvent* event) { passComposition(*event); });
+}
+
+void QtEditableGrid::takeTyped(const QString& text) {
+    keyPressed.emit(text.toStdString());
+    if (!m_box || !m_box->isVisible()) return;
+    // The clipboard's keys open the box like every control character, and mean its whole text.
+    if (text == QLatin1Char(controlC)) m_box->copy();
+    if (text == QLatin1Char(controlV)) m_box->paste();
+    if (text == QLatin1Char(controlX)) m_box->cut();
 }
 
 std::unique_ptr<EditBox> QtEditableGrid::makeEditBox(EditBoxEvents& events) {

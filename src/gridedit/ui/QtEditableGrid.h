@@ -41,6 +41,7 @@ private:
     class Box;
 
     void watchWindow();
+    void takeTyped(const QString& text);
     void passComposition(QInputMethodEvent& event);
     void endComposition(bool taken);
     QString freeName() const;

@@ -42,7 +42,8 @@ frmKeyer::frmKeyer(KeyerWindow& logic, CatLink& link, SettingsStore& settings)
 QAction* frmKeyer::entry(QMenu* menu, const char* name, const char* caption, std::function<void()> run) {
     QAction* action = menu->addAction(QLatin1String(caption));
     action->setObjectName(QLatin1String(name));
-    connect(action, &QAction::triggered, this, std::move(run));
+    // Queued: what opens a dialog must not keep an assistive program's call waiting until the dialog is closed.
+    connect(action, &QAction::triggered, this, std::move(run), Qt::QueuedConnection);
     return action;
 }
 

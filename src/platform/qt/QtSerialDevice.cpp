@@ -27,7 +27,7 @@ QtSerialDevice::QtSerialDevice(std::string device) : m_name(std::move(device)), 
 }
 
 QtSerialDevice::~QtSerialDevice() {
-    close();
+    QtSerialDevice::close();
 }
 
 /// Runs `work` from the event loop, unless the device is closed or destroyed before. Nested event loops count too:
