@@ -81,6 +81,17 @@ if(EXISTS ${PROJECT_SOURCE_DIR}/src/cli/main.cpp)
   korvex_qt_target(korvexctl)
   target_link_libraries(korvexctl PRIVATE korvex_qt)
   install(TARGETS korvexctl)
+
+  # The menu descriptions that come with the program. Korvex copies them into its program folder where there are none.
+  set(descriptions ${PROJECT_BINARY_DIR}/data/FT2000_Menu.mdb)
+  add_custom_command(OUTPUT ${descriptions}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/data
+    COMMAND ${CMAKE_COMMAND} -E rm -f ${descriptions}
+    COMMAND ${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0
+      $<TARGET_FILE:korvexctl> --database ${descriptions} description import ${PROJECT_SOURCE_DIR}/data/menu-description.tsv
+    DEPENDS korvexctl data/menu-description.tsv VERBATIM)
+  add_custom_target(korvex_descriptions ALL DEPENDS ${descriptions})
+  install(FILES ${descriptions} DESTINATION ${CMAKE_INSTALL_DATADIR}/korvex)
 endif()
 
 if(TARGET ft2000sim)

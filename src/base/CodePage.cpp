@@ -97,6 +97,15 @@ std::optional<std::string> firstInexpressible(std::string_view utf8) {
     return std::nullopt;
 }
 
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const Decoded first = decodeFirst(text);
+        if (!first.character) return false;
+        text.remove_prefix(first.length);
+    }
+    return true;
+}
+
 std::size_t utf8Length(std::string_view utf8) {
     return static_cast<std::size_t>(
         std::count_if(utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));

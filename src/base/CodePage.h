@@ -21,6 +21,8 @@ std::optional<std::string> wireFromUtf8(std::string_view utf8);
 /// The first character (as UTF-8) that Windows-1252 cannot express, for messages; nothing when all can be.
 std::optional<std::string> firstInexpressible(std::string_view utf8);
 
+bool isUtf8(std::string_view text);
+
 /// How many characters a UTF-8 text has.
 std::size_t utf8Length(std::string_view utf8);
 

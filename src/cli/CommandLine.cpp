@@ -72,6 +72,7 @@ const std::map<std::string_view, Option>& options() {
         {"--device", text(&Command::device)},
         {"-s", {true, setLine}},
         {"--handshaking", {true, setHandshaking}},
+        {"--database", text(&Command::database)},
         {"--settings", text(&Command::settingsFile)},
         {"--demo", flag(&Command::demo)},
         {"--allow-transmit", flag(&Command::allowTransmit)},
@@ -90,6 +91,16 @@ Failure takeOption(Command& command, const std::string& name, Arguments& rest) {
     return found->second.apply(command, rest.take());
 }
 
+Failure takeDescription(Command& command, const std::vector<std::string>& words) {
+    const bool exporting = words.size() == 3 && words[1] == "export";
+    const bool importing = words.size() == 3 && words[1] == "import";
+    if (!exporting && !importing)
+        return wrong("\"description\" is used so: korvexctl [options] description export FILE, or import FILE");
+    command.verb = exporting ? Command::Verb::DescriptionExport : Command::Verb::DescriptionImport;
+    command.file = words[2];
+    return {};
+}
+
 Failure takeVerb(Command& command, const std::vector<std::string>& words) {
     const std::string& verb = words.front();
     const auto wants = [&](std::size_t count, const char* form) -> Failure {
@@ -100,6 +111,7 @@ Failure takeVerb(Command& command, const std::vector<std::string>& words) {
         command.verb = Command::Verb::Ports;
         return wants(1, "ports");
     }
+    if (verb == "description") return takeDescription(command, words);
     if (verb == "send") {
         command.verb = Command::Verb::Send;
         if (auto failure = wants(2, "send 'FA;'")) return failure;
@@ -148,6 +160,8 @@ std::string usage() {
            "       korvexctl [options] restore KIND FILE   file -> radio\n"
            "       korvexctl [options] send 'FA;'          sends a command, prints the answer\n"
            "       korvexctl [options] ports               lists the serial ports\n"
+           "       korvexctl [options] description export FILE   menu descriptions -> table to edit\n"
+           "       korvexctl [options] description import FILE   table -> menu descriptions\n"
            "\n"
            "Options:\n"
            "  -r, --device DEVICE   the radio's serial device, for example /dev/ttyUSB0\n"
@@ -155,6 +169,7 @@ std::string usage() {
            "  --demo                the simulated radio instead of a real one\n"
            "  -s SPEED,P,D,S        line settings, for example 38400,n,8,2 (else as set in Korvex)\n"
            "  --handshaking N       0 none, 1 XON/XOFF, 2 RTS, 3 RTS and XON/XOFF\n"
+           "  --database FILE       the menu descriptions (else those in Korvex's program folder)\n"
            "  --settings FILE       the settings file of Korvex\n"
            "  --allow-transmit      lets \"send\" send a command that keys the transmitter\n"
            "  -h, --help  --version\n"

@@ -11,16 +11,17 @@ namespace korvex::cli {
 
 /// What korvexctl is asked to do.
 struct Command {
-    enum class Verb { Help, Version, Ports, Send, Save, Restore };
+    enum class Verb { Help, Version, Ports, Send, Save, Restore, DescriptionExport, DescriptionImport };
     Verb verb = Verb::Help;
     std::string kind;                         ///< of file, for Save and Restore
-    std::string file;                         ///< for Save and Restore
+    std::string file;                         ///< for Save, Restore and the descriptions
     std::string text;                         ///< for Send, wire text
     bool demo = false;                        ///< the simulated radio instead of a real one
     std::optional<std::string> device;        ///< -r; else the port that the windows use
     std::optional<std::string> settings;      ///< -s; else as the windows use it
     std::optional<int> handshaking;           ///< 0..3
     std::optional<std::string> settingsFile;  ///< where the program keeps its settings
+    std::optional<std::string> database;      ///< the description database; else that of the program folder
     bool allowTransmit = false;
 };
 

@@ -9,8 +9,12 @@
 #include <unistd.h>
 
 #include "app/Version.h"
+#include "cli/Description.h"
 #include "cli/Session.h"
+#include "platform/ProgramFolder.h"
 #include "platform/qt/QtClock.h"
+#include "platform/qt/QtDatabase.h"
+#include "platform/qt/QtProgramPlaces.h"
 #include "platform/qt/QtSerialPorts.h"
 #include "platform/qt/QtSettingsStore.h"
 #include "radio/SimulatedPorts.h"
@@ -72,6 +76,21 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     return static_cast<int>(code.value_or(ExitCode::Port));
 }
 
+int runDescription(const Command& command) {
+    std::string databaseFile = command.database.value_or("");
+    if (databaseFile.empty()) {
+        const auto folder = makeProgramFolder(programPlaces({}));
+        if (!folder) {
+            std::cerr << "korvexctl: " << folder.error().text << "\n";
+            return static_cast<int>(ExitCode::File);
+        }
+        databaseFile = *folder + "/" + std::string(descriptionDatabaseName);
+    }
+    QtDatabase database;
+    const auto move = command.verb == Command::Verb::DescriptionExport ? exportDescription : importDescription;
+    return static_cast<int>(move(database, databaseFile, command.file, std::cerr));
+}
+
 int run(QCoreApplication& application, const Command& command) {
     QtClock clock;
     QtSettingsStore settings(command.settingsFile.value_or(""));
@@ -95,6 +114,8 @@ int main(int argc, char** argv) {
     switch (command->verb) {
         case Command::Verb::Help: std::cout << usage(); return 0;
         case Command::Verb::Version: std::cout << "korvexctl " << versionText << "\n"; return 0;
+        case Command::Verb::DescriptionExport:
+        case Command::Verb::DescriptionImport: return runDescription(*command);
         default: return run(application, *command);
     }
 }

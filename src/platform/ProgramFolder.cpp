@@ -40,6 +40,30 @@ void bringHelp(const fs::path& program, const fs::path& folder) {
     fs::copy(help, folder / "helpfile", fs::copy_options::recursive | fs::copy_options::update_existing, ignored);
 }
 
+/// Beside the executable in a folder of its own, so that what is shipped and what the owner fills are two files, or
+/// installed.
+fs::path shippedDatabase(const fs::path& program) {
+    std::error_code ignored;
+    for (const fs::path& data : {program / "data", installedData(program)}) {
+        if (fs::is_regular_file(data / descriptionDatabaseName, ignored)) return data / descriptionDatabaseName;
+    }
+    return {};
+}
+
+/// Whatever has the name already stays, a link to nowhere too. What is copied is whole before it gets the name.
+void bringDatabase(const fs::path& program, const fs::path& folder) {
+    const fs::path shipped = shippedDatabase(program);
+    const fs::path own = folder / descriptionDatabaseName;
+    std::error_code error;
+    if (shipped.empty() || fs::symlink_status(own, error).type() != fs::file_type::not_found) return;
+    const fs::path beside = own.string() + ".new";
+    error.clear();
+    fs::copy_file(shipped, beside, fs::copy_options::overwrite_existing, error);
+    if (!error) fs::permissions(beside, fs::perms::owner_write, fs::perm_options::add, error);
+    if (!error) fs::rename(beside, own, error);
+    if (error) fs::remove(beside, error);
+}
+
 }  // namespace
 
 Result<std::string> makeProgramFolder(const ProgramPlaces& places) {
@@ -53,6 +77,7 @@ Result<std::string> makeProgramFolder(const ProgramPlaces& places) {
                                                         reason + ". Name another one with --program-folder."};
     }
     bringHelp(places.program, folder);
+    bringDatabase(places.program, folder);
     return folder.string();
 }
 

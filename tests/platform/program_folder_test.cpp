@@ -19,11 +19,12 @@ protected:
         fs::create_directories(file.parent_path());
         std::ofstream(file) << content;
     }
-    std::string helpIn(const fs::path& folder) const {
+    static std::string content(const fs::path& file) {
         std::ostringstream text;
-        text << std::ifstream(folder / "helpfile/help.html").rdbuf();
+        text << std::ifstream(file).rdbuf();
         return text.str();
     }
+    std::string helpIn(const fs::path& folder) const { return content(folder / "helpfile/help.html"); }
     std::string make(const std::string& named = {}) const {
         const auto folder = makeProgramFolder({named, (root / "bin").string(), (root / "home/Korvex").string()});
         return folder ? *folder : "failed: " + std::to_string(folder.error().number);
@@ -53,6 +54,22 @@ TEST_F(ProgramFolder, OfAnInstalledProgramIsTheUsersAndFollowsUpdates) {
     EXPECT_EQ(make(), home.string());
     EXPECT_EQ(helpIn(home), "new");
     EXPECT_TRUE(fs::exists(home / "files/mine.mnu"));
+}
+
+TEST_F(ProgramFolder, GetsTheShippedDatabaseWhereThereIsNone) {
+    write(root / "bin/data/FT2000_Menu.mdb", "shipped");
+    fs::permissions(root / "bin/data/FT2000_Menu.mdb", fs::perms::owner_read);
+    make();
+    const fs::path own = root / "bin/FT2000_Menu.mdb";
+    EXPECT_EQ(content(own), "shipped");
+    write(own, "the owner's");
+    make();
+    EXPECT_EQ(content(own), "the owner's");
+    fs::remove(own);
+    fs::create_symlink(root / "stick/mine.mdb", own);  // the stick is not plugged in
+    make();
+    EXPECT_TRUE(fs::is_symlink(own));
+    EXPECT_FALSE(fs::exists(root / "bin/FT2000_Menu.mdb.new"));
 }
 
 TEST_F(ProgramFolder, MayBeNamedAndIsRefusedWhereNothingCanBeWritten) {

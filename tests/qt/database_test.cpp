@@ -1,0 +1,203 @@
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <tuple>
+
+#include "base/NumberText.h"
+#include "cli/Description.h"
+#include "fakes/ProgramBench.h"
+#include "menu/DescriptionTable.h"
+#include "menu/MenuRows.h"
+#include "platform/TextFile.h"
+#include "platform/qt/QtDatabase.h"
+
+namespace korvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string password(description::password);
+
+class QtDatabaseTest : public testing::Test {
+protected:
+    void SetUp() override {
+        const auto table = parseDescription(*textfile::read(SOURCE_DIR "/data/menu-description.tsv"));
+        ASSERT_TRUE(table);
+        const auto failure = database.writeTable(file, password, *table);
+        ASSERT_FALSE(failure) << failure->text;
+    }
+
+    /// Another program on the same file.
+    void run(const QString& statement) const {
+        static int count = 0;
+        const QString name = QStringLiteral("other-%1").arg(++count);
+        {
+            auto other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+            other.setDatabaseName(QString::fromStdString(file));
+            ASSERT_TRUE(other.open());
+            QSqlQuery query(other);
+            ASSERT_TRUE(query.exec(statement)) << query.lastError().text().toStdString();
+        }
+        QSqlDatabase::removeDatabase(name);
+    }
+
+    std::string field(int record, int number) { return field(record, number, file); }
+    std::string field(int record, int number, const std::string& path) {
+        const auto connection = database.makeConnection();
+        if (const auto failure = connection->Open(path, password)) return failure->text;
+        const auto records = connection->makeRecordset();
+        if (records->Open(std::string(description::query)) || records->setAbsolutePosition(record)) return "failed";
+        return records->Field(number);
+    }
+
+    RuntimeError openFailure(const std::string& path) {
+        const auto connection = database.makeConnection();
+        const auto failure = connection->Open(path, password);
+        EXPECT_FALSE(connection->isOpen());
+        EXPECT_EQ(connection->Errors.empty(), !failure);
+        return failure.value_or(RuntimeError{});
+    }
+
+    fakes::TemporaryFolder folder;
+    std::string file = folder.file("Ä ?&#.mdb");
+    QtDatabase database;
+};
+
+TEST_F(QtDatabaseTest, TheShippedTableIsWhole) {
+    const auto connection = database.makeConnection();
+    ASSERT_FALSE(connection->Open(file, password));
+    const auto records = connection->makeRecordset();
+    ASSERT_FALSE(records->Open(std::string(description::query)));
+    EXPECT_EQ(records->RecordCount(), 190);
+    EXPECT_EQ(records->FieldCount(), 15);
+    EXPECT_EQ(records->Field(8), "Settings 1");
+    int items = 0;
+    for (int k = 2; k <= 190; ++k) {
+        ASSERT_FALSE(records->setAbsolutePosition(k));
+        const bool hasNumber = !records->Field(1).empty();
+        EXPECT_EQ(hasNumber, itemRowOf(k - 1) == k - 1) << k;
+        if (!hasNumber) continue;
+        EXPECT_EQ(records->Field(1), zeroPadded(++items, 3));
+    }
+    EXPECT_EQ(items, 149);
+    EXPECT_TRUE(records->setAbsolutePosition(191));
+}
+
+TEST_F(QtDatabaseTest, WritesInOneTransactionOrNotAtAll) {
+    const auto writeColumn = [](DatabaseConnection& connection, Recordset& records, const std::string& text) {
+        Failure failure = connection.BeginTrans();
+        for (int k = 1; k <= 190 && !failure; ++k) {
+            failure = records.setAbsolutePosition(k);
+            if (!failure) records.setField(9, text);
+        }
+        if (!failure) failure = records.Update();
+        return failure;
+    };
+    {
+        const auto connection = database.makeConnection();
+        ASSERT_FALSE(connection->Open(file, password));
+        const auto records = connection->makeRecordset();
+        ASSERT_FALSE(records->Open(std::string(description::query)));
+        ASSERT_FALSE(writeColumn(*connection, *records, "ü 1"));
+        // The power fails here: what lies on the disk now is all that is left.
+        const std::string crashed = folder.file("crashed.mdb");
+        fs::copy_file(file, crashed);
+        if (fs::exists(file + "-journal")) fs::copy_file(file + "-journal", crashed + "-journal");
+        EXPECT_EQ(field(190, 9, crashed), "");
+        ASSERT_FALSE(connection->CommitTrans());
+    }
+    EXPECT_EQ(field(190, 9), "ü 1");
+    EXPECT_EQ(field(190, 8), "");
+
+    run(
+        QStringLiteral("CREATE TRIGGER full BEFORE UPDATE ON [Erste Tabelle] WHEN NEW.ID = 100 "
+                       "BEGIN SELECT RAISE(ABORT, 'no more'); END"));
+    const auto connection = database.makeConnection();
+    ASSERT_FALSE(connection->Open(file, password));
+    const auto records = connection->makeRecordset();
+    ASSERT_FALSE(records->Open(std::string(description::query)));
+    EXPECT_TRUE(writeColumn(*connection, *records, "2"));
+    EXPECT_EQ(connection->Errors.at(0).description, "no more");
+    connection->RollbackTrans();
+    EXPECT_EQ(field(1, 9), "ü 1");
+    ASSERT_FALSE(records->Requery());
+    EXPECT_EQ(records->Field(9), "ü 1");
+}
+
+TEST_F(QtDatabaseTest, ARecordThatAnotherProgramChangedIsNotOverwritten) {
+    const auto connection = database.makeConnection();
+    ASSERT_FALSE(connection->Open(file, password));
+    const auto records = connection->makeRecordset();
+    ASSERT_FALSE(records->Open(std::string(description::query)));
+    run(QStringLiteral("UPDATE [Erste Tabelle] SET Feld8 = 'theirs' WHERE ID = 2"));
+    ASSERT_FALSE(records->setAbsolutePosition(2));
+    records->setField(8, "mine");
+    const auto failure = records->Update();
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(connection->Errors.back().sqlState, "40001");
+    EXPECT_EQ(field(2, 8), "theirs");
+}
+
+TEST_F(QtDatabaseTest, WhatIsNotItsOwnIsRefusedAndLeftAlone) {
+    const std::string jet("\0\1\0\0Standard Jet DB\0\1\2\3 and more", 34);
+    const std::string good = fakes::fileContent(file);
+    const std::vector<std::tuple<std::string, std::string, std::string>> files = {
+        {"jet.mdb", jet, "Standard Jet DB"},
+        {"empty.mdb", "", "no database of Korvex"},
+        {"text.mdb", "EX0011;\r\n", "no database of Korvex"},
+        {"cut.mdb", good.substr(0, 3000), "damaged"},
+        {"scratched.mdb", good.substr(0, 4100) + std::string(9000, 'x') + good.substr(13'100), "damaged"},
+    };
+    std::ostringstream said;
+    for (const auto& [name, content, part] : files) {
+        const std::string path = folder.file(name);
+        fakes::writeFile(path, content);
+        EXPECT_NE(openFailure(path).text.find(part), std::string::npos) << openFailure(path).text;
+        EXPECT_EQ(cli::importDescription(database, path, SOURCE_DIR "/data/menu-description.tsv", said),
+                  cli::ExitCode::File);
+        EXPECT_EQ(fakes::fileContent(path), content);
+        // Nor is any of them a table.
+        EXPECT_EQ(cli::importDescription(database, file, path, said), cli::ExitCode::File);
+    }
+    EXPECT_EQ(openFailure(folder.file("missing.mdb")).number, errors::FileNotFound);
+    EXPECT_FALSE(fs::exists(folder.file("missing.mdb")));
+    EXPECT_EQ(openFailure(folder.path()).number, errors::PathFileAccess);
+    EXPECT_EQ(fakes::fileContent(file), good);
+
+    run(QStringLiteral("UPDATE Kennwort SET Kennwort = 'other'"));
+    EXPECT_EQ(openFailure(file).number, errors::PermissionDenied);
+}
+
+TEST_F(QtDatabaseTest, AFileThatAnotherProgramHoldsIsLocked) {
+    auto other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("holder"));
+    other.setDatabaseName(QString::fromStdString(file));
+    ASSERT_TRUE(other.open());
+    other.exec(QStringLiteral("BEGIN EXCLUSIVE"));
+    const RuntimeError error = openFailure(file);
+    EXPECT_EQ(error.number, errors::PermissionDenied);
+    EXPECT_NE(error.text.find("locked by another program"), std::string::npos);
+    other = QSqlDatabase();
+    QSqlDatabase::removeDatabase(QStringLiteral("holder"));
+}
+
+TEST_F(QtDatabaseTest, ExportAndImportKeepWhatTheOwnerFilledIn) {
+    std::ostringstream said;
+    const std::string table = folder.file("table.tsv");
+    run(QStringLiteral("UPDATE [Erste Tabelle] SET Feld8 = '0300' WHERE ID = 2"));
+    EXPECT_EQ(cli::exportDescription(database, file, table, said), cli::ExitCode::Done);
+    std::string text = fakes::fileContent(table);
+    const std::string row = "2\t001\t\t\t";
+    text.replace(text.find(row), row.size(), "2\t001\tAGC\tFast\tDelay");
+    fakes::writeFile(table, text);
+    EXPECT_EQ(cli::importDescription(database, file, table, said), cli::ExitCode::Done);
+    EXPECT_EQ(field(2, 2), "AGC");
+    EXPECT_EQ(field(2, 8), "0300");
+    EXPECT_EQ(cli::exportDescription(database, file, folder.file("no/such"), said), cli::ExitCode::File);
+    EXPECT_EQ(cli::exportDescription(database, folder.file("none"), table, said), cli::ExitCode::File);
+}
+
+}  // namespace
+}  // namespace korvex
