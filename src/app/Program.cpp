@@ -14,6 +14,8 @@ Program::Program(Machine machine)
       menuReader(terminal, machine.clock, menuCommandTable),
       menuWriter(terminal, machine.clock, menuCommandTable),
       memory(terminal, machine.clock, machine.settings, machine.fileDialog, machine.programFolder),
+      menuManager({terminal, machine.clock, machine.msgBox, machine.database, menuReader, menuCommandTable,
+                   windows.menuManager, machine.programFolder}),
       eqWindow(machine.ports, machine.clock, machine.msgBox),
       bandStackWindow(
           {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
@@ -24,6 +26,7 @@ Program::Program(Machine machine)
     announceTools();
     introduceMemories();
     introduceEqualizer();
+    introduceMenuManager();
     introduceBandStack();
     introduceKeyer();
 }
@@ -97,6 +100,13 @@ void Program::introduceKeyer() {
     windows.keyer.available = true;
     m_connections += keyerWindow.hide.connect([this] { windows.keyer.hide(); });
     m_connections += keyerWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Keyer); });
+}
+
+void Program::introduceMenuManager() {
+    windows.menuManager.available = true;
+    m_connections += menuManager.hide.connect([this] { windows.menuManager.hide(); });
+    m_connections +=
+        menuManager.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::MenuManager); });
 }
 
 void Program::openTool(int tool) {

@@ -11,9 +11,11 @@
 #include "keyer/KeyerWindow.h"
 #include "memory/MemoryManager.h"
 #include "menu/MenuCommandTable.h"
+#include "menu/MenuManager.h"
 #include "menu/MenuReader.h"
 #include "menu/MenuWriter.h"
 #include "platform/Clock.h"
+#include "platform/Database.h"
 #include "platform/FileDialog.h"
 #include "platform/MSComm.h"
 #include "platform/MsgBox.h"
@@ -34,6 +36,7 @@ struct Machine {
     FileDialog& fileDialog;
     MsgBox& msgBox;
     Shell& shell;
+    Database& database;
     std::string programFolder;  ///< UTF-8; holds `files`, `helpfile` and the description database
 };
 
@@ -54,6 +57,7 @@ public:
     MenuReader menuReader;
     MenuWriter menuWriter;
     MemoryManager memory;
+    MenuManager menuManager;
     EqWindow eqWindow;
     BandStackWindow bandStackWindow;
     KeyerWindow keyerWindow;
@@ -74,6 +78,7 @@ private:
     void announceTools();
     void introduceMemories();
     void introduceEqualizer();
+    void introduceMenuManager();
     void introduceBandStack();
     void introduceKeyer();
     WindowState* toolWindow(int tool);

@@ -60,7 +60,8 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     GivenFile givenFile;
     ConsoleMsgBox msgBox(std::cerr);
     NoShell shell;
-    Program program({clock, ports, settings, givenFile, msgBox, shell, "."});
+    QtDatabase database;
+    Program program({clock, ports, settings, givenFile, msgBox, shell, database, "."});
     std::optional<ProgressLine> progressLine;
     if (::isatty(STDERR_FILENO) == 1) progressLine.emplace(program.progress, std::cerr);
     Session session(program, givenFile, command, std::cout, std::cerr);

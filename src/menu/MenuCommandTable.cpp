@@ -1,13 +1,25 @@
 #include "menu/MenuCommandTable.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "base/CodePage.h"
 #include "base/NumberText.h"
+#include "cat/TransmitGuard.h"
 
 namespace korvex {
 
 std::string menuReadCommand(int item) {
     return "EX" + zeroPadded(item, 3) + ";";
+}
+
+std::optional<std::string> menuWriteCommand(const std::string& number, std::string_view value) {
+    const auto wire = wireFromUtf8(value);
+    if (!wire) return std::nullopt;
+    const bool ends = std::any_of(wire->begin(), wire->end(), [](char c) { return c == ';' || (c >= 0 && c < ' '); });
+    std::string command = "EX" + number + *wire + ";";
+    if (ends || keysTransmitter(command)) return std::nullopt;
+    return command;
 }
 
 const MenuCommandTable::Row& MenuCommandTable::at(int row) const {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace korvex {
 
@@ -10,6 +12,10 @@ inline constexpr int menuItemCount = 149;
 
 /// The read command of a menu item: EX001; to EX149;.
 std::string menuReadCommand(int item);
+
+/// The command that sets an item, as wire text, from its number ("001") and a value as a person sees it. Nothing when
+/// the value cannot be sent: a ";" or a line end in it would make another command of the rest.
+std::optional<std::string> menuWriteCommand(const std::string& number, std::string_view value);
 
 /// One row a menu item: what the radio last answered, and what is written back. Both are wire text exactly as it came,
 /// with its ";". Rows 150 to 152 exist only to take surplus lines of a long menu file; they are never sent.

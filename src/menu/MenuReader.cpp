@@ -89,7 +89,9 @@ Rest MenuReader::takeAnswer(ActiveOperation code) {
     if (!m_timer4->Enabled()) return Rest::GoOn;
     const std::string answer = m_link.answers().takeAnswer();
     m_table.setAnswer(m_answerIndex, answer);
-    if (code == ActiveOperation::MenuReadToManager && placeAnswer && answer.size() > 5) {
+    // The answer to the communication test may still come in between: its digits are no item.
+    const bool ofItem = answer.size() > 5 && answer.starts_with("EX");
+    if (code == ActiveOperation::MenuReadToManager && placeAnswer && ofItem) {
         placeAnswer(answer.substr(2, 3), answer.substr(5, answer.size() - 6));
     }
     ++m_answerIndex;

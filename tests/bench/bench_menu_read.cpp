@@ -6,6 +6,7 @@
 #include "Measure.h"
 #include "app/Program.h"
 #include "platform/qt/QtClock.h"
+#include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtSettingsStore.h"
 #include "platform/qt/QtShell.h"
 #include "radio/SimulatedPorts.h"
@@ -36,7 +37,8 @@ int run() {
     dialog.file = folder.filePath(QStringLiteral("bench.mnu")).toStdString();
     NoBox msgBox;
     QtShell shell;
-    Program program({clock, ports, settings, dialog, msgBox, shell, folder.path().toStdString()});
+    QtDatabase database;
+    Program program({clock, ports, settings, dialog, msgBox, shell, database, folder.path().toStdString()});
     program.terminal.Form_Load();
     program.link.togglePort();
     using Time = std::chrono::steady_clock;

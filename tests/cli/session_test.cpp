@@ -20,6 +20,7 @@ struct CliBench {
     std::ostringstream err;
     ConsoleMsgBox msgBox{err};
     NoShell shell;
+    fakes::FakeDatabase database;
     fakes::TemporaryFolder folder;
     std::optional<ExitCode> code;
     std::function<void(Session&)> meanwhile;
@@ -27,7 +28,7 @@ struct CliBench {
     ExitCode run(const std::vector<std::string>& arguments) {
         const auto command = parseArguments(arguments);
         EXPECT_TRUE(command) << command.error().text;
-        Program program({clock, ports, settings, givenFile, msgBox, shell, folder.path()});
+        Program program({clock, ports, settings, givenFile, msgBox, shell, database, folder.path()});
         Session session(program, givenFile, *command, out, err);
         code.reset();
         auto finished = session.finished.connect([this](ExitCode result) { code = result; });

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/Program.h"
+#include "fakes/FakeDatabase.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/VirtualClock.h"
 
@@ -50,8 +51,9 @@ struct ProgramBench {
     FakeFileDialog fileDialog;
     FakeMsgBox msgBox;
     FakeShell shell;
+    FakeDatabase database;
     TemporaryFolder folder;
-    Program program{{clock, ports, settings, fileDialog, msgBox, shell, folder.path()}};
+    Program program{{clock, ports, settings, fileDialog, msgBox, shell, database, folder.path()}};
 
     /// Opens the terminal and its port and lets the communication test come to its end.
     void openPort() {

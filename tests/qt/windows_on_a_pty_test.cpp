@@ -1,3 +1,4 @@
+#include <QAction>
 #include <QSlider>
 #include <QTest>
 #include <QToolButton>
@@ -10,7 +11,12 @@
 #include "fakes/FakeDialogs.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/SimulatorProcess.h"
+#include "menu/DescriptionTable.h"
+#include "menu/ui/frmDescription.h"
+#include "platform/ProgramFolder.h"
+#include "platform/TextFile.h"
 #include "platform/qt/QtClock.h"
+#include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtSerialPorts.h"
 
 namespace korvex {
@@ -31,8 +37,9 @@ struct WindowsOnAPty : testing::Test {
     fakes::FakeFileDialog fileDialog;
     fakes::FakeMsgBox msgBox;
     fakes::FakeShell shell;
+    QtDatabase database;
     QtSerialPorts ports{settings, {{1, radio.device()}}};
-    Program program{{clock, ports, settings, fileDialog, msgBox, shell, folder.path()}};
+    Program program{{clock, ports, settings, fileDialog, msgBox, shell, database, folder.path()}};
 };
 
 TEST_F(WindowsOnAPty, ASliderThatIsMovedMovesTheRadio) {
@@ -64,6 +71,36 @@ TEST_F(WindowsOnAPty, ARegisterIsReadIntoTheGrid) {
     for (int row = 1; row <= 22; ++row) EXPECT_TRUE(grid.TextMatrix(row, 1).ends_with(';')) << row;
     program.link.togglePort();
     EXPECT_TRUE(comes([&] { return !program.bandStackWindow.reader().running(); }, 500));
+}
+
+/// The whole menu takes its 15 seconds.
+TEST_F(WindowsOnAPty, AColumnOfSettingsIsReadSavedAndInTheFile) {
+    const std::string file = folder.file(std::string(descriptionDatabaseName));
+    const std::string password(description::password);
+    const auto shipped = parseDescription(*textfile::read(SOURCE_DIR "/data/menu-description.tsv"));
+    ASSERT_FALSE(database.writeTable(file, password, *shipped));
+    program.windows.menuManager.show();
+    frmDescription form(program.menuManager, program.link, settings, [] { return true; });
+    form.show();
+    auto& grid = program.menuManager.FlexGrid1;
+    ASSERT_TRUE(comes([&] { return grid.TextMatrix(188, 0) == "149"; }));
+    program.terminal.Form_Load();
+    program.link.togglePort();
+    program.menuManager.FlexGrid1_RightClick(8);
+    msgBox.foresee("Do you like to save the Menu Settings now", MsgAnswer::Yes);
+    form.findChild<QAction*>(QStringLiteral("mnu_readSettings"))->trigger();
+    EXPECT_TRUE(comes([&] { return !msgBox.shown.empty(); }, 30'000));
+    EXPECT_FALSE(program.link.PortOpen());
+
+    const auto connection = database.makeConnection();
+    ASSERT_FALSE(connection->Open(file, password));
+    const auto records = connection->makeRecordset();
+    ASSERT_FALSE(records->Open(std::string(description::query)));
+    for (int row = 1; row < 190; ++row) {
+        ASSERT_FALSE(records->setAbsolutePosition(row + 1));
+        EXPECT_EQ(records->Field(9).empty(), records->Field(1).empty()) << row;
+        EXPECT_EQ(records->Field(8), "") << row;
+    }
 }
 
 }  // namespace

@@ -26,8 +26,9 @@ protected:
     fakes::FakeFileDialog fileDialog;
     fakes::FakeMsgBox msgBox;
     fakes::FakeShell shell;
+    fakes::FakeDatabase database;
     QtSerialPorts ports{settings, {{1, radio.device()}}};
-    Program program{{clock, ports, settings, fileDialog, msgBox, shell, folder.path()}};
+    Program program{{clock, ports, settings, fileDialog, msgBox, shell, database, folder.path()}};
     Desktop desktop{program};
 
     void SetUp() override {

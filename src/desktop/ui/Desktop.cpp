@@ -1,6 +1,7 @@
 #include "desktop/ui/Desktop.h"
 
 #include <QApplication>
+#include <QSessionManager>
 #include <ranges>
 #include <utility>
 
@@ -12,6 +13,7 @@
 #include "keyer/ui/frmKeyer.h"
 #include "memory/ui/frmChannelinfo.h"
 #include "memory/ui/frmMem.h"
+#include "menu/ui/frmDescription.h"
 #include "terminal/ui/frmTerm.h"
 
 namespace korvex {
@@ -32,6 +34,12 @@ Desktop::Desktop(Program& program) : m_program(program), m_progress(program.prog
     });
     follow(program.windows.keyer,
            [this, &settings] { return std::make_unique<frmKeyer>(m_program.keyerWindow, m_program.link, settings); });
+    follow(program.windows.menuManager, [this, &settings] {
+        return std::make_unique<frmDescription>(m_program.menuManager, m_program.link, settings,
+                                                [this] { return m_program.end(); });
+    });
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &m_context,
+                     [this](QSessionManager& session) { onSessionEnd(session); });
     m_connections += program.unloadingWindows.connect([this] { unloadWindows(); });
     m_connections += program.ended.connect([] { QApplication::quit(); });
 }
@@ -70,6 +78,14 @@ std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
                                          .about = [this] { showAboutBox(QApplication::activeWindow()); },
                                          .endProgram = [this] { return m_program.end(); },
                                      });
+}
+
+void Desktop::onSessionEnd(QSessionManager& session) {
+    if (!session.allowsInteraction()) return;
+    const bool mayEnd =
+        m_program.menuManager.database().Form_QueryUnload(DescriptionDatabase::UnloadReason::SessionEnd);
+    if (!mayEnd) session.cancel();
+    session.release();
 }
 
 void Desktop::showAboutBox(QWidget* owner) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -7,6 +8,8 @@
 #include "app/Program.h"
 #include "app/ui/ToolWindow.h"
 #include "app/ui/frmProgr.h"
+
+class QSessionManager;
 
 namespace korvex {
 
@@ -26,6 +29,7 @@ private:
 
     void follow(WindowState& state, Maker make);
     std::unique_ptr<ToolWindow> makeTerminal();
+    void onSessionEnd(QSessionManager& session);
     void showAboutBox(QWidget* owner);
     void showPortSettings();
     void unloadWindows();
@@ -34,6 +38,7 @@ private:
     ProgressView m_progress;
     std::unique_ptr<frmUtilities> m_startWindow;
     std::vector<std::unique_ptr<ToolWindow>> m_loaded;  // in the order of loading
+    QObject m_context;                                  // Qt's connections end with it
     Connections m_connections;
 };
 

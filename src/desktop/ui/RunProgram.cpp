@@ -8,6 +8,7 @@
 #include "desktop/ui/Desktop.h"
 #include "platform/ProgramFolder.h"
 #include "platform/qt/QtClock.h"
+#include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtProgramPlaces.h"
 #include "platform/qt/QtSerialPorts.h"
 #include "platform/qt/QtSettingsStore.h"
@@ -38,12 +39,13 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
     QtFileDialog fileDialog;
     QtMsgBox msgBox;
     QtShell shell;
+    QtDatabase database;
     const auto folder = makeProgramFolder(programPlaces(options.programFolder));
     if (!folder) {
         msgBox.stop(folder.error().text);
         return 1;
     }
-    Program program({clock, ports, settings, fileDialog, msgBox, shell, *folder});
+    Program program({clock, ports, settings, fileDialog, msgBox, shell, database, *folder});
     Desktop desktop(program);
     desktop.showStartWindow();
     if (started) started(program);

@@ -1,0 +1,207 @@
+#include "menu/MenuManager.h"
+
+#include <array>
+#include <utility>
+
+#include "base/CodePage.h"
+#include "base/NumberText.h"
+#include "gridedit/clsFlexGridEdit.h"
+#include "platform/ProgramFolder.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int firstSettingsColumn = 7;
+constexpr int columnsAfterSettings = 3;  // the last settings column is the number of columns less this
+constexpr int yellow = clsFlexGridEdit::editableColour;
+constexpr std::array<int, 13> columnWidths = {700, 900, 1800, 3000, 2600, 3000, 1300, 1300, 1300, 1300, 1300, 1200, 10};
+constexpr int keyR = 82;
+constexpr int keyS = 83;
+
+const std::string selectFirst = "Aborted. Select first a Column in Settings  1 to 4 !";
+const std::string selectFirstToWrite = "Aborted. Select first a Column: Settings1 or Settings 2!";
+
+}  // namespace
+
+MenuManager::MenuManager(MenuManagerNeeds needs)
+    : m_needs(std::move(needs)),
+      m_link(m_needs.terminal.link()),
+      m_database({m_needs.database, m_needs.clock, m_needs.msgBox, m_link.progress(), FlexGrid1,
+                  m_needs.programFolder + "/" + std::string(descriptionDatabaseName)}),
+      m_writer(m_needs.terminal, m_needs.clock, m_needs.table),
+      m_exchange(m_link, m_needs.clock, m_needs.msgBox, FlexGrid1) {
+    m_database.prepareGrid = [this] { prepareGrid(); };
+    m_needs.reader.placeAnswer = [this](const std::string& item, const std::string& value) {
+        placeAnswer(item, value);
+    };
+    m_needs.reader.readComplete = [this] { readComplete(); };
+    m_connections +=
+        m_exchange.newValue.connect([this] { showLabel(" Save settings in file before living the program", true); });
+}
+
+void MenuManager::Form_Load() {
+    m_database.Form_Load();
+}
+
+void MenuManager::prepareGrid() {
+    FlexGrid1.setRedraw(false);
+    FlexGrid1.setCols(static_cast<int>(columnWidths.size()));
+    for (std::size_t column = 0; column < columnWidths.size(); ++column) {
+        FlexGrid1.setColWidth(static_cast<int>(column), columnWidths[column]);
+    }
+    FlexGrid1.setRedraw(true);
+}
+
+bool MenuManager::isSettingsColumn(int column) const {
+    return column >= firstSettingsColumn && column <= FlexGrid1.Cols() - columnsAfterSettings;
+}
+
+bool MenuManager::columnChecked(const std::string& complaint) {
+    const bool inSight = FlexGrid1.Col() <= FlexGrid1.Cols() - columnsAfterSettings;
+    if (m_selectedColumn >= firstSettingsColumn && inSight) return true;
+    m_needs.msgBox.show({complaint, "", MsgIcon::Information});
+    return false;
+}
+
+void MenuManager::showLabel(const std::string& text, bool isYellow) {
+    Label1 = text;
+    Label1Yellow = isYellow;
+}
+
+/// A transfer of this window or another one has the port, and this window's has the grid.
+bool MenuManager::busy() const {
+    return m_needs.reader.running() || m_writer.running() || m_link.progress().visible;
+}
+
+// --- grid and database
+
+void MenuManager::mnu_loadFlexgrid_Click() {
+    if (!busy()) m_database.loadDescriptionGrid();
+}
+
+void MenuManager::Flexgrid_toGrid_Click() {
+    if (!busy()) saveGrid();
+}
+
+void MenuManager::saveGrid() {
+    if (m_database.saveDescriptionGrid()) showLabel(" ", false);
+}
+
+// --- the radio -> the selected column
+
+void MenuManager::mnu_readSettings_Click() {
+    if (!columnChecked(selectFirst) || busy()) return;
+    m_link.setActiveOperation(ActiveOperation::MenuReadToManager);
+    m_link.panels().Error = "";
+    if (!m_link.PortOpen()) return;
+    m_readColumn = m_selectedColumn;
+    m_rowPointer = 0;
+    m_placedAnswers = 0;
+    m_needs.reader.resetMenuReadCounters();
+    m_needs.reader.startForManager();
+}
+
+int MenuManager::rowOfItem(const std::string& item, int from) const {
+    for (int row = from; row < FlexGrid1.Rows(); ++row) {
+        if (FlexGrid1.TextMatrix(row, 0) == item) return row;
+    }
+    return -1;
+}
+
+void MenuManager::placeAnswer(const std::string& item, const std::string& value) {
+    if (!m_needs.window.visible) return;
+    // An answer for an item that is not in the grid leaves the pointer: the items behind it are still to be found.
+    const int row = rowOfItem(item, m_rowPointer);
+    if (row < 0) return;
+    m_rowPointer = row;
+    ++m_placedAnswers;
+    FlexGrid1.setTextMatrix(row, m_readColumn, utf8FromWire(value));
+}
+
+void MenuManager::readComplete() {
+    m_link.setActiveOperation(ActiveOperation::Idle);
+    const int placed = m_placedAnswers;
+    const auto answer = m_needs.msgBox.show(
+        {"Do you like to save the Menu Settings now", "Save Tabel", MsgIcon::None, MsgButtons::YesNo});
+    if (answer == MsgAnswer::Yes) saveGrid();
+    if (placed == menuItemCount) return;
+    // The other cells of the column hold what they held before.
+    showLabel(" Only " + std::to_string(placed) + " of " + std::to_string(menuItemCount) + " items were read", true);
+}
+
+// --- the selected column -> the radio
+
+void MenuManager::mnuRestore_Click() {
+    if (columnChecked(selectFirstToWrite) && !busy() && fillLinesToWrite()) m_writer.start();
+}
+
+/// A value that cannot be sent stops it all before anything has been sent.
+bool MenuManager::fillLinesToWrite() {
+    for (int item = 1; item <= menuItemCount; ++item) {
+        const std::string number = zeroPadded(item, 3);
+        const int row = rowOfItem(number, 0);
+        const std::string& value = FlexGrid1.TextMatrix(row, m_selectedColumn);
+        const auto command = menuWriteCommand(number, value);
+        if (!command) {
+            m_needs.msgBox.exclamation("Menu item " + number + ": \"" + value + "\" is no value; nothing was sent.",
+                                       "Restore Menu Settings to FT-2000");
+            return false;
+        }
+        // Without a row there is nothing to ask or set: the line stays empty.
+        m_needs.table.setLineToWrite(item, row < 0 ? std::string() : *command);
+    }
+    return true;
+}
+
+// --- gestures
+
+void MenuManager::FlexGrid1_RightClick(int column) {
+    if (!isSettingsColumn(column)) return;
+    m_selectedColumn = column;
+    FlexGrid1.setRedraw(false);
+    for (int col = firstSettingsColumn; isSettingsColumn(col); ++col) {
+        for (int row = 0; row < FlexGrid1.Rows(); ++row) {
+            const bool marked = col == column && row > 0;
+            FlexGrid1.setCellBackColor(row, col, marked ? std::optional(yellow) : std::nullopt);
+        }
+    }
+    FlexGrid1.setRedraw(true);
+}
+
+bool MenuManager::FlexGrid1_KeyDown(int key) {
+    if (!isSettingsColumn(FlexGrid1.Col())) {
+        m_exchange.Text1 = "";
+        return false;
+    }
+    if (key != keyS && key != keyR) return false;
+    if (busy()) return true;
+    if (key == keyS) {
+        m_exchange.send();
+    } else {
+        m_exchange.read();
+    }
+    return true;
+}
+
+bool MenuManager::isCurrentCellEditable() const {
+    return isSettingsColumn(FlexGrid1.Col()) && FlexGrid1.CellBackColor(FlexGrid1.Row(), FlexGrid1.Col()) == yellow;
+}
+
+void MenuManager::mnu_editTitle_Click() {
+    if (!columnChecked(selectFirst)) return;
+    FlexGrid1.setCurrent(0, m_selectedColumn);
+    showTitleDialog.emit(FlexGrid1.TextMatrix(0, m_selectedColumn));
+}
+
+void MenuManager::Command1_Click(const std::string& title) {
+    FlexGrid1.setTextMatrix(0, m_selectedColumn, title);
+}
+
+void MenuManager::mnu_exit_Click() {
+    storePlace.emit();
+    hide.emit();
+    buttonBackToNormal.emit();
+}
+
+}  // namespace korvex

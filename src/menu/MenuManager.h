@@ -1,0 +1,93 @@
+#pragma once
+
+#include <string>
+
+#include "base/Property.h"
+#include "menu/DescriptionDatabase.h"
+#include "menu/ItemExchange.h"
+#include "menu/ManagerWriter.h"
+#include "menu/MenuCommandTable.h"
+#include "menu/MenuReader.h"
+#include "platform/MSFlexGrid.h"
+#include "terminal/Terminal.h"
+#include "terminal/ToolWindows.h"
+
+namespace korvex {
+
+/// What the Menu Manager needs of the rest.
+struct MenuManagerNeeds {
+    Terminal& terminal;
+    Clock& clock;
+    MsgBox& msgBox;
+    Database& database;
+    MenuReader& reader;
+    MenuCommandTable& table;
+    WindowState& window;
+    std::string programFolder;  ///< UTF-8, without a slash at the end
+};
+
+/// What the Menu Manager's window decides: the grid of all menu items with their descriptions and four columns of
+/// settings, which of these the user works on, and what goes between grid, radio and database.
+class MenuManager {
+public:
+    explicit MenuManager(MenuManagerNeeds needs);
+
+    /// Once, when the window is first needed. The grid is filled at the next tick.
+    void Form_Load();
+
+    void mnu_loadFlexgrid_Click();
+    void Flexgrid_toGrid_Click();
+    void mnu_readSettings_Click();
+    void mnuRestore_Click();
+    void mnu_exit_Click();
+    /// Asks for the dialog with the title of the selected column; Command1_Click is its "Write Title".
+    void mnu_editTitle_Click();
+    void Command1_Click(const std::string& title);
+
+    /// The right mouse button on a cell: a settings column becomes the selected one and turns yellow.
+    void FlexGrid1_RightClick(int column);
+    /// A key's code, which for letters is the capital one; true when the key has been used up.
+    bool FlexGrid1_KeyDown(int key);
+    /// Whether the current cell is one that the cell editor opens on.
+    bool isCurrentCellEditable() const;
+
+    MSFlexGrid FlexGrid1{192, 14};
+    /// 0 until the user selects one.
+    int SelectedSettingsColumn() const { return m_selectedColumn; }
+
+    Property<std::string> Label1{" "};
+    Property<bool> Label1Yellow{false};
+
+    ItemExchange& exchange() { return m_exchange; }
+    DescriptionDatabase& database() { return m_database; }
+
+    Signal<const std::string&> showTitleDialog;  ///< with the present title
+    Signal<> storePlace;
+    Signal<> hide;
+    Signal<> buttonBackToNormal;  ///< the start window's Menu Manager button
+
+private:
+    bool isSettingsColumn(int column) const;
+    bool columnChecked(const std::string& complaint);
+    bool busy() const;
+    void prepareGrid();
+    void placeAnswer(const std::string& item, const std::string& value);
+    void readComplete();
+    bool fillLinesToWrite();
+    int rowOfItem(const std::string& item, int from) const;
+    void saveGrid();
+    void showLabel(const std::string& text, bool yellow);
+
+    MenuManagerNeeds m_needs;
+    CatLink& m_link;
+    DescriptionDatabase m_database;
+    ManagerWriter m_writer;
+    ItemExchange m_exchange;
+    int m_selectedColumn = 0;
+    int m_readColumn = 0;  // the selected column when the read began
+    int m_rowPointer = 0;  // grid row of the last answer that was placed
+    int m_placedAnswers = 0;
+    Connections m_connections;
+};
+
+}  // namespace korvex

@@ -1,0 +1,171 @@
+#include "menu/ui/frmDescription.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "app/ui/Colors.h"
+#include "app/ui/PanelLabel.h"
+#include "cat/CatLink.h"
+#include "menu/MenuManager.h"
+#include "menu/ui/frmTitle.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int yellow = 0x00FFFF;
+
+QString fromUtf8(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+}  // namespace
+
+frmDescription::frmDescription(MenuManager& logic, CatLink& link, SettingsStore& settings,
+                               std::function<bool()> endProgram)
+    : ToolWindow(geometry::menuManager, settings),
+      m_logic(logic),
+      m_endProgram(std::move(endProgram)),
+      FlexGrid1(new FlexGridView(logic.FlexGrid1)),
+      Label1(new QLabel),
+      m_title(std::make_unique<frmTitle>(logic, this)) {
+    setObjectName(QStringLiteral("frmDescription"));
+    setWindowTitle(QStringLiteral("Menu Manager"));
+    makeMenus(link);
+    makeGrid();
+    makeBody();
+    makeStatusBar(link);
+    wire();
+    loadPlace();
+    m_logic.Form_Load();
+}
+
+frmDescription::~frmDescription() = default;
+
+QAction* frmDescription::entry(QMenu* menu, const char* name, const char* caption, void (MenuManager::*run)()) {
+    QAction* action = menu->addAction(QLatin1String(caption));
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this, [this, run] {
+        writeBack();
+        (m_logic.*run)();
+    });
+    return action;
+}
+
+void frmDescription::makeMenus(CatLink& link) {
+    QMenu* file = menuBar()->addMenu(QStringLiteral("File"));
+    file->setObjectName(QStringLiteral("mnu_File"));
+    entry(file, "mnu_loadFlexgrid", "Load Settings from File", &MenuManager::mnu_loadFlexgrid_Click);
+    entry(file, "Flexgrid_toGrid", "Save Settings in File", &MenuManager::Flexgrid_toGrid_Click);
+    QAction* read =
+        entry(file, "mnu_readSettings", "Read Menu Settings of FT-2000", &MenuManager::mnu_readSettings_Click);
+    QAction* restore = entry(file, "mnuRestore", "Restore Menu Settings to FT-2000", &MenuManager::mnuRestore_Click);
+    entry(file, "mnu_exit", "Exit program", &MenuManager::mnu_exit_Click);
+    QMenu* table = menuBar()->addMenu(QStringLiteral("Table"));
+    table->setObjectName(QStringLiteral("mnu_Tabel"));
+    entry(table, "mnu_editTitle", "Edit Title", &MenuManager::mnu_editTitle_Click);
+    m_connections += link.indicators().open.bind([read, restore](bool open) {
+        read->setEnabled(open);
+        restore->setEnabled(open);
+    });
+}
+
+void frmDescription::makeGrid() {
+    FlexGrid1->setObjectName(QStringLiteral("FlexGrid1"));
+    FlexGrid1->setAccessibleName(QStringLiteral("Menu items"));
+    FlexGrid1->setAccessibleDescription(
+        QStringLiteral("The right mouse button or the menu key selects a settings column; S sends an item to the radio "
+                       "and R reads it"));
+    m_editable = std::make_unique<QtEditableGrid>(*FlexGrid1);
+}
+
+void frmDescription::makeBody() {
+    auto* body = new QWidget;
+    auto* column = new QVBoxLayout(body);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(FlexGrid1, 1);
+    Label1->setObjectName(QStringLiteral("Label1"));
+    Label1->setAccessibleDescription(QStringLiteral("Whether there are settings to be saved"));
+    Label1->setTextFormat(Qt::PlainText);
+    Label1->setAutoFillBackground(true);
+    // A long text must not hold the window wide open.
+    Label1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    column->addWidget(Label1);
+    setCentralWidget(body);
+}
+
+void frmDescription::addField(Property<std::string>& text, const char* name, const char* word, const char* meaning) {
+    auto* edit = new QLineEdit;
+    edit->setObjectName(QLatin1String(name));
+    edit->setAccessibleName(QLatin1String(meaning));
+    edit->setToolTip(QLatin1String(meaning));
+    edit->setPlaceholderText(QLatin1String(word));
+    edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("EX000-0000;  ")));
+    edit->setReadOnly(true);
+    edit->setFocusPolicy(Qt::ClickFocus);
+    m_connections += text.bind([edit](const std::string& value) { edit->setText(fromUtf8(value)); });
+    statusBar()->addPermanentWidget(edit);
+}
+
+void frmDescription::makeStatusBar(CatLink& link) {
+    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    statusBar()->addWidget(new PanelLabel(link.indicators().menuManager, QStringLiteral("portstatus"),
+                                          QStringLiteral("State of the serial port"), this));
+    ItemExchange& exchange = m_logic.exchange();
+    addField(exchange.Text1, "Text1", "Command", "Command of the last single item");
+    addField(exchange.Text2, "Text2", "Answer", "Value that the radio answered");
+    addField(exchange.Text7, "Text7", "Before", "Value that the answer is compared with");
+}
+
+void frmDescription::wire() {
+    connect(FlexGrid1, &FlexGridView::cellPressed, this, [this](int, int col, Qt::MouseButton button) {
+        if (button == Qt::LeftButton) bindEditor();
+        if (button == Qt::RightButton) m_logic.FlexGrid1_RightClick(col);
+    });
+    connect(FlexGrid1, &FlexGridView::keyDown, this, &frmDescription::onKey);
+    m_connections += m_logic.exchange().releaseEditor.connect([this] {
+        writeBack();  // what was being typed into another cell is not lost
+        m_editor.reset();
+    });
+    m_connections +=
+        m_logic.showTitleDialog.connect([this](const std::string& title) { m_title->ask(fromUtf8(title)); });
+    m_connections += m_logic.Label1.bind([this](const std::string& text) { Label1->setText(fromUtf8(text)); });
+    m_connections += m_logic.Label1Yellow.bind([this](bool isYellow) {
+        Label1->setPalette(QPalette());
+        if (isYellow) setBackColor(*Label1, yellow);
+    });
+    m_connections += m_logic.storePlace.connect([this] { storePlace(); });
+    m_connections += m_logic.hide.connect([this] { hide(); });
+}
+
+void frmDescription::onKey(int key, Qt::KeyboardModifiers modifiers) {
+    if (!m_editor) bindEditor();
+    if (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return;
+    if (key == Qt::Key_Menu) m_logic.FlexGrid1_RightClick(m_logic.FlexGrid1.Col());
+    if (m_logic.FlexGrid1_KeyDown(key)) FlexGrid1->swallowKey();
+}
+
+void frmDescription::bindEditor() {
+    if (!m_logic.isCurrentCellEditable()) return;
+    writeBack();
+    m_editor = std::make_unique<clsFlexGridEdit>();
+    m_editor->refuseCharacters(";", "A value cannot hold \";\": it ends a command");
+    m_editor->setFlexGridControl(*m_editable);
+}
+
+void frmDescription::writeBack() {
+    if (m_editor) m_editor->writeBack();
+}
+
+bool frmDescription::closeBox() {
+    writeBack();
+    storePlace();
+    return m_endProgram();
+}
+
+}  // namespace korvex
