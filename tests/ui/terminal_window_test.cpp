@@ -1,0 +1,160 @@
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+#include "cat/ui/frmProperties.h"
+#include "fakes/ProgramBench.h"
+#include "fakes/ScriptedDevice.h"
+#include "terminal/ui/TrafficView.h"
+#include "terminal/ui/frmTerm.h"
+
+namespace korvex {
+namespace {
+
+class TerminalWindow : public testing::Test {
+protected:
+    using Bench = fakes::ProgramBench<fakes::ScriptedPorts>;
+
+    TerminalWindow() {
+        bench.program.terminal.Form_Load();
+        window = std::make_unique<frmTerm>(bench.program.terminal, bench.program.windows, bench.settings,
+                                           TerminalActions{.saveMenu = [this] { started += "save "; },
+                                                           .restoreMenu = [this] { started += "restore "; },
+                                                           .saveMemories = {},
+                                                           .restoreMemories = {},
+                                                           .portSettings = [this] { started += "settings "; },
+                                                           .about = [this] { started += "about "; },
+                                                           .endProgram = [] { return false; }});
+        window->show();
+    }
+    template <class T>
+    T* control(const char* name) {
+        return window->findChild<T*>(QLatin1String(name));
+    }
+    QPlainTextEdit* pane(const char* name) { return control<QPlainTextEdit>(name); }
+    static void settle() { QTest::qWait(2 * TrafficView::batchMs); }
+
+    Bench bench;
+    fakes::ScriptedLine& line = bench.ports.plug(1);
+    std::string started;
+    std::unique_ptr<frmTerm> window;
+};
+
+TEST_F(TerminalWindow, EntriesAndButtonsFollowThePort) {
+    const auto enabled = [this](const char* name) { return control<QAction>(name)->isEnabled(); };
+    for (const char* name : {"mnu_Store", "mnu_Restore", "OpenLogFile", "TransmitTextFile"})
+        EXPECT_FALSE(enabled(name));
+    EXPECT_EQ(control<QLabel>("Label3")->text(), QStringLiteral("click to open"));
+    control<QToolButton>("imgNotConnected")->click();
+    settle();
+    ASSERT_TRUE(bench.program.link.PortOpen());
+    for (const char* name : {"mnu_Store", "mnu_Restore", "OpenLogFile", "TransmitTextFile"}) EXPECT_TRUE(enabled(name));
+    EXPECT_FALSE(enabled("mnu_saveMem"));  // nobody has given it anything to do
+    EXPECT_TRUE(control<QAction>("mnu_openPort")->isChecked());
+    EXPECT_NE(control<QToolButton>("imgConnected"), nullptr);
+    control<QAction>("mnu_Store")->trigger();
+    control<QAction>("TransmitTextFile")->trigger();
+    control<QAction>("Properties")->trigger();
+    settle();
+    EXPECT_EQ(started, "save restore settings ");
+
+    line.openFailure = RuntimeError{errors::PortAlreadyOpen, "held"};
+    bench.program.link.togglePort();
+    bench.msgBox.foresee("held");
+    control<QAction>("mnu_openPort")->trigger();
+    settle();
+    EXPECT_FALSE(control<QAction>("mnu_openPort")->isChecked());
+}
+
+TEST_F(TerminalWindow, ShowsWhatCameWhateverItIs) {
+    bench.program.link.togglePort();
+    bench.program.link.clearTraffic();
+    line.feed(std::string("FA1;\x01\xE4\x80\r", 8));
+    line.feed("\nA\rB;");
+    settle();
+    EXPECT_EQ(pane("Term2")->toPlainText(), QStringLiteral("FA1;\n\u2401\u00E4\u20AC\nA\u240DB;\n"));
+    bench.program.link.clearTraffic();
+    line.feed(std::string(2500, 'x'));
+    settle();
+    EXPECT_EQ(pane("Term2")->document()->blockCount(), 3);  // folded, so that noise stays readable
+    for (int i = 0; i < 3 * TrafficView::keptLines; ++i) line.feed("FA14250000;");
+    settle();
+    EXPECT_LE(pane("Term2")->document()->blockCount(), TrafficView::keptLines);
+    EXPECT_TRUE(pane("Term2")->toPlainText().endsWith(QStringLiteral("FA14250000;\n")));
+}
+
+TEST_F(TerminalWindow, TypingPastingAndAssistiveProgramsAllSendTheSame) {
+    bench.program.link.togglePort();
+    bench.clock.advance(2'000);
+    bench.program.link.clearTraffic();
+    line.forgetWrites();
+    auto* sent = pane("term3");
+    QTest::keyClicks(sent, QStringLiteral("FBX"));
+    QTest::keyClick(sent, Qt::Key_Backspace);
+    QTest::keyClick(sent, Qt::Key_Delete);
+    QTest::keyClick(sent, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(control<QLabel>("Label1")->text(), QStringLiteral("FB"));
+    QApplication::clipboard()->setText(QStringLiteral("1;\n"));
+    sent->paste();
+    EXPECT_EQ(line.story(), "");
+    QTest::keyClick(sent, Qt::Key_Return);
+    EXPECT_EQ(line.written(), "FB1;");
+
+    auto* access = QAccessible::queryAccessibleInterface(sent);
+    access->editableTextInterface()->insertText(access->textInterface()->characterCount(), QStringLiteral("ID;\n"));
+    settle();
+    EXPECT_EQ(line.written(), "FB1;ID;");
+    EXPECT_EQ(sent->toPlainText(), QStringLiteral("FB1;\nID;\n"));
+    control<QPushButton>("cmd3")->click();
+    settle();
+    EXPECT_EQ(sent->toPlainText(), QString());
+}
+
+TEST_F(TerminalWindow, EveryControlHasANameThatAPersonUnderstands) {
+    for (const char* name : {"Term2", "term3", "txtPath", "Text2", "cmd3"}) {
+        EXPECT_FALSE(control<QWidget>(name)->accessibleName().isEmpty()) << name;
+    }
+    for (const char* name : {"Status", "Settings", "Error", "ConnectTime", "Label1", "Label3"}) {
+        const auto* access = QAccessible::queryAccessibleInterface(control<QLabel>(name));
+        EXPECT_FALSE(access->text(QAccessible::Name).isEmpty()) << name;
+    }
+    bench.program.link.panels().Error = "Reading Menu 7";
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(control<QLabel>("Error"))->text(QAccessible::Name),
+              QStringLiteral("Reading Menu 7"));
+    const auto buttons = control<QToolBar>("tbrToolBar")->findChildren<QToolButton*>();
+    for (const auto* button : buttons) {
+        EXPECT_TRUE(!button->isVisible() || !button->accessibleName().isEmpty()) << button->objectName().toStdString();
+    }
+}
+
+TEST_F(TerminalWindow, ThePortSettingsDialogShowsAndStoresTheFormat) {
+    ASSERT_FALSE(bench.program.MSComm1.setSettings("9600,e,7,1.5"));
+    PortSettings logic = bench.program.makePortSettings();
+    logic.Form_Load();
+    frmProperties dialog(logic, window.get());
+    const auto shown = [&](const char* name) {
+        return dialog.findChild<QComboBox*>(QLatin1String(name))->currentText().toStdString();
+    };
+    EXPECT_EQ(shown("cboSpeed") + shown("cboParity") + shown("cboDataBits") + shown("cboStopBits") + shown("cboPort"),
+              "9600Even71.51");
+    dialog.findChild<QComboBox*>(QStringLiteral("cboParity"))->setCurrentText(QStringLiteral("None"));
+    dialog.findChild<QAbstractButton*>(QStringLiteral("optFlow_3"))->click();
+    dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+    settle();
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(bench.settings.values["Einstellungen/Einstellungen"], "9600,n,7,1.5");
+    EXPECT_EQ(bench.settings.values["Einstellungen/Handshaking"], "3");
+}
+
+}  // namespace
+}  // namespace korvex
