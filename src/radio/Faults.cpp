@@ -60,6 +60,7 @@ constexpr auto entries = std::to_array<Entry>({
     {"split", flag<&Faults::split>},
     {"glued", count<&Faults::glued, 2>},
     {"garbage", flag<&Faults::garbage>},
+    {"eighth-bit", flag<&Faults::eighthBit>},
     {"refuses", flag<&Faults::refuses>},
     {"refuses-item", refusesItem},
     {"unasked", flag<&Faults::unasked>},
@@ -93,6 +94,7 @@ std::string_view faultHelp() {
            "  split              answers come in pieces\n"
            "  glued[=N]          N answers come at once (2)\n"
            "  garbage            noise between answers\n"
+           "  eighth-bit         some characters of an answer come above 127\n"
            "  refuses            answers ?; to everything\n"
            "  refuses-item=X     answers ?; to a menu item (042) or to commands that begin with X (MD)\n"
            "  unasked            tells of its frequency without being asked\n"

@@ -19,6 +19,7 @@ struct Faults {
     bool split = false;                     ///< answers come in pieces, cut at odd places
     int glued = 0;                          ///< that many answers come at once; 0 and 1: each for itself
     bool garbage = false;                   ///< noise before every answer, most of it above 127, never a ";"
+    bool eighthBit = false;                 ///< every third character of an answer, but no ";", comes above 127
     bool refuses = false;                   ///< "?;" to everything
     std::vector<std::string> refusesItems;  ///< "?;" to commands that begin so
     bool unasked = false;                   ///< tells of the dial being turned between answers
@@ -27,8 +28,8 @@ struct Faults {
 };
 
 /// Sets one fault from NAME or NAME=VALUE: deaf, deaf-once[=N], deaf-after=N, slow=MS, split, glued[=N], garbage,
-/// refuses, refuses-item=NNN (a menu item) or refuses-item=MD (the beginning of a command), unasked, unplugged[=N],
-/// forgets-write[=N]; "none" ends them all. What cannot be understood changes nothing.
+/// eighth-bit, refuses, refuses-item=NNN (a menu item) or refuses-item=MD (the beginning of a command), unasked,
+/// unplugged[=N], forgets-write[=N]; "none" ends them all. What cannot be understood changes nothing.
 Failure setFault(Faults& faults, std::string_view text);
 
 /// The names that setFault takes, a line for each, for a help text.

@@ -24,6 +24,13 @@ bool countsDownToNow(std::optional<int>& counter) {
     return true;
 }
 
+/// As a line does that is set to another parity than the radio.
+void raiseEighthBit(std::string& answer) {
+    for (std::size_t i = 2; i < answer.size(); i += 3) {
+        if (answer[i] != ';') answer[i] = static_cast<char>(static_cast<unsigned char>(answer[i]) | 0x80U);
+    }
+}
+
 }  // namespace
 
 void RadioLine::hear(double nowMs, std::string_view characters) {
@@ -45,6 +52,7 @@ void RadioLine::dropIfTooSlow(double nowMs) {
 
 void RadioLine::hearCommand(double nowMs, const std::string& command) {
     if (m_goneAt) return;
+    ++commandsHeard;
     if (faults.unplugged && *faults.unplugged <= 0) {
         m_goneAt = std::max(nowMs, m_lineFreeAt);
         return;
@@ -95,6 +103,7 @@ bool RadioLine::forgets(bool isSet) {
 void RadioLine::send(double readyMs, std::string answer) {
     if (answer.empty()) return;
     if (faults.garbage) answer.insert(0, noise());
+    if (faults.eighthBit) raiseEighthBit(answer);
     if (faults.unasked) answer += m_radio.obey("FA");
     if (faults.glued > 1) {
         sendTogether(readyMs, answer);

@@ -22,6 +22,7 @@ public:
     double characterTimeMs = 0;    ///< of the line to the program; 0: every answer comes in one piece
     bool enforcesTimeOut = false;  ///< menu 029: a command whose characters come too slowly is refused and dropped
     bool speedsDiffer = false;     ///< the two ends cannot understand each other
+    int commandsHeard = 0;         ///< how many commands have come in, whatever became of them
 
     /// These characters have come to the radio by now.
     void hear(double nowMs, std::string_view characters);
