@@ -130,6 +130,7 @@ void Program::openTool(int tool) {
 
 bool Program::end() {
     if (!terminal.Form_Unload()) return false;
+    eqWindow.closePort();
     unloadingWindows.emit();
     ended.emit();
     return true;

@@ -46,4 +46,11 @@ void BandStack::setWireText(int row, int column, std::string_view wire) {
     FlexGrid1.setTextMatrix(row, column, utf8FromWire(wire));
 }
 
+bool BandStack::answersItsQuery(int row, int column) const {
+    const std::string answer = wireText(row, column);
+    const std::string query = wireText(row, 0);
+    const auto head = std::string_view(query).substr(0, query.find(';'));
+    return answer == "?;" || (answer.starts_with(head) && answer.size() > head.size() + 1);
+}
+
 }  // namespace korvex

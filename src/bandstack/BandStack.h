@@ -34,6 +34,8 @@ struct BandStack {
     /// A cell as wire text, for sending and for files.
     std::string wireText(int row, int column) const;
     void setWireText(int row, int column, std::string_view wire);
+    /// Whether an answer, or a refusal, to the query of its row stands in a cell.
+    bool answersItsQuery(int row, int column) const;
     /// The cell under the cursor.
     std::string current() const { return wireText(BandStackRow, BandStackColumn); }
 };

@@ -17,9 +17,7 @@ BandStackReader::BandStackReader(Terminal& terminal, Clock& clock, BandStack& st
     : m_terminal(terminal), m_link(terminal.link()), m_stack(stack), m_timer1(clock.makeTimer()) {
     m_timer1->setInterval(50);
     m_connections += m_timer1->tick.connect([this] { Timer1_Timer(); });
-    m_connections += m_link.closed.connect([this] {
-        if (running()) ended.emit(TransferEnd::PortClosed);
-    });
+    m_connections += m_link.closed.connect([this] { onPortClosed(); });
     m_link.answers().onAnswer(ActiveOperation::BandStackRead, [this] { return takeAnswer(); });
 }
 
@@ -60,6 +58,7 @@ void BandStackReader::stop() {
 
 void BandStackReader::Timer1_Timer() {
     if (!m_timer1->Enabled()) return;
+    if (m_link.PortOpen() && m_link.activeOperation() != ActiveOperation::BandStackRead) return giveWay();
     if (m_phase.isSet()) {
         if (!m_link.PortOpen()) {
             stop();
@@ -76,6 +75,22 @@ void BandStackReader::sendQuery() {
     m_link.sent().append(query);
     m_link.sent().append(crLf);
     m_link.panels().Error = "Reading Band Stack ";
+}
+
+/// The steps that end it are taken at once: a port that is opened again quickly must not be asked by a reading that is
+/// over.
+void BandStackReader::onPortClosed() {
+    if (!running()) return;
+    while (running()) Timer1_Timer();
+    ended.emit(TransferEnd::PortClosed);
+}
+
+/// Another operation has taken over the answers: without them the same query would go out for ever.
+void BandStackReader::giveWay() {
+    stop();
+    const ActiveOperation other = m_link.activeOperation();
+    if (other == ActiveOperation::Idle || other == ActiveOperation::ReadOneChannel) m_link.progress().hide();
+    ended.emit(TransferEnd::NoAnswer);
 }
 
 Rest BandStackReader::takeAnswer() {
@@ -124,7 +139,21 @@ void BandStackReader::finish() {
     progress.caption = "";
     progress.hide();
     progress.value = 1;
-    ended.emit(saveBandStackFile ? saveBandStackFile() : TransferEnd::Done);
+    const TransferEnd end = saveBandStackFile ? saveBandStackFile() : TransferEnd::Done;
+    tellStrangeAnswers();
+    ended.emit(end);
+}
+
+/// The file is what the radio said, but the owner must know when that is not what was asked for.
+void BandStackReader::tellStrangeAnswers() {
+    int fitting = 0;
+    for (int column = 1; column < BandStack::columns; ++column) {
+        for (int row = 1; row <= BandStack::lastQueried; ++row) fitting += m_stack.answersItsQuery(row, column) ? 1 : 0;
+    }
+    constexpr int all = BandStack::lastQueried * (BandStack::columns - 1);
+    if (fitting == all) return;
+    m_link.received().set(" Attention: only " + std::to_string(fitting) + " of " + std::to_string(all) +
+                          " answers belong to their question. \r\n Please read the band stack again. \r\n");
 }
 
 }  // namespace korvex

@@ -19,7 +19,8 @@ namespace korvex {
 ///     idle                                                             started from the menu
 ///     reading column   band-select command, then the query of the      answer 22 has come: next column;
 ///                      present row every 100 ms until its answer       after column 33: idle, file dialog;
-///                      has come, row by row                            the port is closed: stopped
+///                      has come, row by row                            the port is closed, or another
+///                                                                      operation takes the answers: stopped
 ///
 /// An answer belongs to the row that the cursor is at, whatever it says. A silent radio is asked for ever; closing the
 /// port ends it.
@@ -46,6 +47,9 @@ private:
     void normalise(int row, char highest, const char* replacement);
     void nextReadColumn();
     void finish();
+    void tellStrangeAnswers();
+    void onPortClosed();
+    void giveWay();
 
     Terminal& m_terminal;
     CatLink& m_link;

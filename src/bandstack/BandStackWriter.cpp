@@ -22,9 +22,7 @@ BandStackWriter::BandStackWriter(Terminal& terminal, Clock& clock, BandStack& st
     setUp(m_timer4, clock, 200, &BandStackWriter::Timer4_Timer);
     setUp(m_timer5, clock, 200, &BandStackWriter::Timer5_Timer);
     setUp(m_timer6, clock, 200, &BandStackWriter::Timer6_Timer);
-    m_connections += m_link.closed.connect([this] {
-        if (running()) ended.emit(TransferEnd::PortClosed);
-    });
+    m_connections += m_link.closed.connect([this] { onPortClosed(); });
     m_link.answers().onAnswer(ActiveOperation::AntennaQuery, [this] { return takeAntennaAnswer(); });
 }
 
@@ -42,6 +40,19 @@ void BandStackWriter::stop() {
     for (auto* phased : {&m_timer2, &m_timer3, &m_timer4, &m_timer5, &m_timer6}) phased->stop();
 }
 
+/// The steps that end it are taken at once, or a port that is opened again quickly would find the write going on. Only
+/// the question for the antenna waits for the port to come back.
+void BandStackWriter::onPortClosed() {
+    if (!running()) return;
+    m_timer4.stop();
+    while (m_timer6.Enabled()) Timer6_Timer();
+    while (m_timer5.Enabled()) Timer5_Timer();
+    if (m_timer2.Enabled()) Timer2_Timer();
+    if (m_stack.BandStackColumn >= BandStack::pastLastColumn) return;  // the last register was done: it ended well
+    m_waitsForPort = true;
+    ended.emit(TransferEnd::PortClosed);
+}
+
 void BandStackWriter::mnu_writeBandStack_Click() {
     if (!m_link.PortOpen()) {
         ended.emit(TransferEnd::PortClosed);
@@ -49,6 +60,7 @@ void BandStackWriter::mnu_writeBandStack_Click() {
     }
     m_link.port().clearInBuffer();
     m_link.setActiveOperation(ActiveOperation::BandStackWrite);
+    m_waitsForPort = false;
     m_stack.BandStackRow = 0;
     m_stack.BandStackColumn = 1;
     m_link.clearTraffic();
@@ -115,6 +127,12 @@ void BandStackWriter::Timer3_Timer() {
 }
 
 void BandStackWriter::queryAntenna() {
+    if (m_link.testing()) return;  // the answer to the test would be taken for the antenna
+    if (m_waitsForPort && m_link.PortOpen()) {
+        m_waitsForPort = false;
+        // Whatever has been started since the port came back is not to lose its answers to this.
+        if (m_link.activeOperation() != ActiveOperation::Idle) return stop();
+    }
     clearTextFields();
     m_link.port().clearInBuffer();
     m_link.setActiveOperation(ActiveOperation::AntennaQuery);
@@ -137,7 +155,11 @@ void BandStackWriter::showSent(const std::string& wire) {
 }
 
 Rest BandStackWriter::takeAntennaAnswer() {
-    m_stack.setWireText(BandStack::antennaAnswer, m_stack.BandStackColumn, m_link.answers().takeAnswer());
+    const std::string answer = m_link.answers().takeAnswer();
+    // Line noise in front of the answer would be waited out for ever.
+    const auto start = answer.rfind("AN");
+    m_stack.setWireText(BandStack::antennaAnswer, m_stack.BandStackColumn,
+                        start == std::string::npos ? answer : answer.substr(start));
     m_link.progress().value = m_link.progress().value + 1;
     m_link.setActiveOperation(ActiveOperation::Idle);
     return Rest::Discard;

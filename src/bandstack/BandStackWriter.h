@@ -25,7 +25,7 @@ namespace korvex {
 /// Each timer works on every second call of its handler, and each hand-over calls the next handler once at once. A
 /// column whose first answer the radio had refused ("?;") is skipped, and the two after it.
 ///
-/// When the port closes, Timer2 and Timer5 stop at their next call; the antenna step waits for the port to come back.
+/// When the port closes, the write is over, but for Timer3, which waits for the port to come back.
 class BandStackWriter {
 public:
     BandStackWriter(Terminal& terminal, Clock& clock, BandStack& stack);
@@ -47,6 +47,7 @@ private:
     };
 
     void setUp(PhasedTimer& phased, Clock& clock, int interval, void (BandStackWriter::*handler)());
+    void onPortClosed();
     void clearTextFields();
     void showSent(const std::string& wire);
 
@@ -71,6 +72,7 @@ private:
     PhasedTimer m_timer4;
     PhasedTimer m_timer5;
     PhasedTimer m_timer6;
+    bool m_waitsForPort = false;  // it closed while Timer3 was running
     Connections m_connections;
 };
 

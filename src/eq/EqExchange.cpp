@@ -61,6 +61,7 @@ void EqExchange::startReading() {
     m_lastChanged = 0;
     m_readIndex = 0;
     m_phase = Phase::Reading;
+    m_answered.reset();
     m_finishTimer->setEnabled(false);  // it belongs to a reading that this one replaces
     m_readTimer->setEnabled(true);
     statusText = " Reading EQ Settings of FT-2000";
@@ -83,6 +84,7 @@ void EqExchange::finishTick() {
         m_phase = Phase::Live;
         m_finishTimer->setEnabled(false);
         statusText = "";
+        readingEnded.emit();
     }
     m_finishToggle.invert();
 }
@@ -111,6 +113,7 @@ void EqExchange::takeAnswer(std::size_t item) {
     const auto answer = m_receiveBuffer.substr(menuLength, m_receiveBuffer.find(';') - menuLength);
     m_receiveBuffer.clear();
     const auto read = eq::valueFromAnswer(eqItems[item], answer);
+    if (read) m_answered.set(item);
     if (read && *read != value[item]) applyValue(item, *read);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -45,6 +46,11 @@ public:
     /// open afterwards, whatever it was; when it cannot be opened nothing is sent and nothing is read.
     Failure switchProcessor(bool on);
 
+    /// How many of the items have been answered since the reading began.
+    int answered() const { return static_cast<int>(m_answered.count()); }
+    /// A reading is over; from now on values come from the user alone.
+    Signal<> readingEnded;
+
     Phase phase() const { return m_phase; }
     std::size_t lastChanged() const { return m_lastChanged; }
     /// The complete set command of an item.
@@ -68,6 +74,7 @@ private:
     int m_processorOffset = 0;
     Phase m_phase = Phase::Reading;
     std::size_t m_readIndex = 0;
+    std::bitset<eqItemCount> m_answered;
     std::size_t m_lastChanged = 0;
     std::string m_receiveBuffer;
     PhaseFlag m_readToggle;

@@ -17,6 +17,7 @@ EqWindow::EqWindow(SerialPorts& ports, Clock& clock, MsgBox& msgBox)
     m_connections += m_port.OnComm.connect([this](CommEvent event) {
         if (event == CommEvent::Receive) m_exchange.onReceive(m_port.Input());
     });
+    m_connections += m_exchange.readingEnded.connect([this] { onReadingEnded(); });
     m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
 }
 
@@ -42,6 +43,7 @@ void EqWindow::showPortState() {
     connected = open;
     if (open) {
         m_exchange.clearReceived();
+        errorPanel = "";
         settingsPanel = "Settings: Port " + std::to_string(m_port.CommPort()) + ", " + m_port.Settings();
         m_exchange.startReading();
     } else {
@@ -51,6 +53,13 @@ void EqWindow::showPortState() {
     Label5 = open ? "click to close" : "click to open";
 }
 
+/// Sliders that the radio has not set stand where they stood; the owner must know.
+void EqWindow::onReadingEnded() {
+    const int answered = m_exchange.answered();
+    if (!m_port.PortOpen() || answered == static_cast<int>(eqItemCount)) return;
+    errorPanel = "Only " + std::to_string(answered) + " of " + std::to_string(eqItemCount) + " values were read";
+}
+
 void EqWindow::onLost(const RuntimeError& error) {
     showPortState();
     m_msgBox.exclamation(error.text);
@@ -58,6 +67,7 @@ void EqWindow::onLost(const RuntimeError& error) {
 
 void EqWindow::Command1_Click(int index) {
     processorOn = index == 0;
+    errorPanel = "";
     if (auto failure = m_exchange.switchProcessor(processorOn)) {
         m_msgBox.exclamation(failure->text);
         showPortState();

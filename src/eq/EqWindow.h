@@ -52,6 +52,7 @@ public:
 private:
     void showPortState();
     void showClosed();
+    void onReadingEnded();
     void onLost(const RuntimeError& error);
     void Timer3_Timer();
 

@@ -83,9 +83,9 @@ Rest KeyerReader::takeKeyerAnswer() {
     if (!running() || row < 1 || row >= KeyerTable::rows) return Rest::Discard;
     const bool hasText = answer.size() > headLength;
     m_table.setText(row, hasText ? answer.substr(headLength, answer.size() - headLength - 1) : "");
-    if (answer.starts_with(KeyerTable::readCommand(row).substr(0, headLength))) {
-        m_answered.at(static_cast<std::size_t>(row)) = true;
-    }
+    // What comes behind the right answer stands in its place.
+    m_answered.at(static_cast<std::size_t>(row)) =
+        answer.starts_with(KeyerTable::readCommand(row).substr(0, headLength));
     m_link.progress().value = m_link.progress().value + 1;
     return Rest::Discard;
 }

@@ -39,7 +39,7 @@ void MemoryReader::start(Reading& reading, std::string_view caption) {
     m_link.progress().show();
     reading.timer->setEnabled(true);
     m_sendIndex = m_answerIndex = m_storeIndex = 1;
-    m_silentSteps = 0;
+    m_silentSteps = m_damaged = 0;
     m_link.clearTraffic();
     tick(reading);
 }
@@ -94,6 +94,7 @@ Rest MemoryReader::takeAnswer(Reading& reading) {
     if (!answer || m_answerIndex >= m_sendIndex) return Rest::GoOn;  // news that nobody asked for
     const std::string& command = m_commands[m_answerIndex];
     if (const auto stored = storedMemoryString(command, *answer)) {
+        if (!isUndamaged(*stored)) ++m_damaged;
         m_table.set(m_storeIndex++, *stored);
         m_link.received().append(command + *stored + std::string(crLf));
     }
@@ -112,6 +113,7 @@ void MemoryReader::finish(Reading& reading) {
     }
     m_link.closePort();
     m_list.fillListFromMemoryTable(m_table);
+    tellDamage();
     ended.emit(TransferEnd::Done);
 }
 
@@ -129,8 +131,16 @@ void MemoryReader::saveMemoryFile() {
         ended.emit(TransferEnd::FileFailed);
         return;
     }
+    tellDamage();
     m_link.panels().Error = "Terminated";
     ended.emit(TransferEnd::Done);
+}
+
+/// What the radio said is kept as it came, but the owner must know that it cannot be right.
+void MemoryReader::tellDamage() {
+    if (m_damaged == 0) return;
+    m_link.received().append("\r\n Attention: " + std::to_string(m_damaged) +
+                             " channels came damaged. \r\n Please read the memories again. \r\n");
 }
 
 /// Both readings end here for good: one that only paused would go on sending when the port is opened again.

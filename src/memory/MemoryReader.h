@@ -51,6 +51,7 @@ private:
     void giveWay(Reading& reading);
     Rest takeAnswer(Reading& reading);
     void finish(Reading& reading);
+    void tellDamage();
     void onPortClosed();
 
     Terminal& m_terminal;
@@ -64,6 +65,7 @@ private:
     int m_answerIndex = 1;  // command whose answer is expected next
     int m_storeIndex = 1;   // next slot of the table to fill
     int m_silentSteps = 0;  // since all commands are out, or since the last answer after that
+    int m_damaged = 0;      // answers that cannot be what the radio said
     Connections m_connections;
 };
 

@@ -1,5 +1,8 @@
 #include "memory/MemoryRecord.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "base/NumberText.h"
 
 namespace korvex {
@@ -70,6 +73,15 @@ std::optional<std::string> storedMemoryString(std::string_view readCommand, std:
     answer.remove_suffix(terminator.size());
     std::string stored(readCommand.substr(0, headLength));
     return stored.append(from(answer, headLength)).append(terminator);
+}
+
+bool isUndamaged(std::string_view storedString) {
+    const auto usual = [](char c) {
+        const char upper = asciiUpper(c);
+        return isDigit(c) || (upper >= 'A' && upper <= 'Z') || c == '+' || c == '-';
+    };
+    return storedString.size() == memoryStringLength && storedString.ends_with(terminator) &&
+           std::all_of(storedString.begin(), std::prev(storedString.end()), usual);
 }
 
 std::string memoryWriteCommand(std::string_view storedString) {

@@ -108,6 +108,9 @@ bool isErrorAnswer(std::string_view answer);
 /// behind a channel number.
 std::optional<std::string> storedMemoryString(std::string_view readCommand, std::string_view answer);
 
+/// Whether a stored string has the length of one and only characters that the radio uses.
+bool isUndamaged(std::string_view storedString);
+
 /// The command that restores a stored string: the same text with "MW" for "MR", no field encoded anew.
 std::string memoryWriteCommand(std::string_view storedString);
 

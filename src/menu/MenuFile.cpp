@@ -17,7 +17,10 @@ RuntimeError refused(const std::string& why) {
 std::string menuFileText(const MenuCommandTable& table) {
     std::string text;
     for (int item = 1; item <= menuItemCount; ++item) {
-        text += table.answer(item);
+        // A line is an item, whatever noise came with the answer.
+        for (const char c : table.answer(item)) {
+            if (c != '\r' && c != '\n') text += c;
+        }
         text += crLf;
     }
     return text;

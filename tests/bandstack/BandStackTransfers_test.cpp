@@ -241,5 +241,32 @@ TEST(BandStackWithARadio, ARestoreBringsTheRegistersBack) {
     EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
 }
 
+/// The port goes while the write is about to ask for the antenna, and comes back.
+TEST_F(BandStackWriteTest, TheAntennaStepGoesOnAfterTheTestOfANewPortUnlessSomethingElseWasStarted) {
+    for (const bool somethingElse : {false, true}) {
+        window.mnu_writeBandStack_Click();
+        clock.advance(2400);
+        bench.program.link.togglePort();
+        clock.advance(10'000);
+        line.answer = [](std::string_view wire) {
+            return wire.starts_with("FA") ? "FA014195000;"
+                   : wire == "AN0;"       ? "\xff\xfe"
+                                            "AN0110;"
+                                          : "";
+        };
+        line.forgetWrites();
+        bench.openPort();
+        EXPECT_EQ(line.story(), "0 FA;\r\n");
+        EXPECT_NE(bench.program.link.received().text().find("Communication OK"), std::string::npos);
+        if (somethingElse) bench.program.keyerWindow.readKeyer();
+        clock.advance(3'000);
+        EXPECT_EQ(count("AN0;"), somethingElse ? 0 : 1);
+        EXPECT_EQ(count("BS00;\r\n"), somethingElse ? 0 : 1);
+        EXPECT_EQ(window.writer().running(), !somethingElse);
+        bench.program.link.closePort();
+        bench.openPort();
+    }
+}
+
 }  // namespace
 }  // namespace korvex
