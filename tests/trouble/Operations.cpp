@@ -1,0 +1,225 @@
+#include <algorithm>
+
+#include "TroubleBench.h"
+#include "base/NumberText.h"
+#include "keyer/KeyerFile.h"
+#include "memory/MemoryRecord.h"
+#include "radio/StateText.h"
+
+namespace korvex {
+
+namespace {
+
+constexpr int menuItems = RadioState::menuItems;
+
+/// Another radio than the one that the files were read from: what is written can be seen.
+void changeRadio(TroubleBench& bench) {
+    auto& state = bench.ports.radio().state;
+    for (int item = 1; item <= menuItems; ++item) {
+        std::string answer = bench.ask("EX" + zeroPadded(item, 3));
+        char& digit = answer.at(answer.size() - 2);
+        digit = digit == '0' ? '1' : '0';
+        bench.ports.radio().answer(answer);
+    }
+    for (auto& memory : state.memories) memory.reset();
+    for (auto& text : state.keyer) text = "CQ TEST";
+    for (auto& values : state.registers) values["FA"] = "03500000";
+}
+
+std::string radioState(TroubleBench& bench) {
+    return stateText(bench.ports.radio().state);
+}
+
+std::string targetFile(TroubleBench& bench) {
+    return fakes::fileContent(bench.target);
+}
+
+/// What the operation saves from a healthy radio.
+std::string savedBy(void (*start)(TroubleBench&)) {
+    TroubleBench bench;
+    bench.openPort();
+    start(bench);
+    bench.clock.advanceUntil([&] { return !bench.ends.empty(); }, 300'000);
+    return targetFile(bench);
+}
+
+bool untold(TroubleBench&) {
+    return false;
+}
+
+void nothing(TroubleBench&) {}
+
+// --- the menu
+
+void readMenu(TroubleBench& bench) {
+    bench.program.menuReader.mnu_Store_Click();
+}
+
+void prepareMenuFile(TroubleBench& bench) {
+    static const std::string file = savedBy(readMenu);
+    fakes::writeFile(bench.source, file);
+    changeRadio(bench);
+}
+
+bool toldInTheReceiveDisplay(TroubleBench& bench) {
+    return bench.program.link.received().text().find("Attention") != std::string::npos;
+}
+
+// --- the memories
+
+void readMemories(TroubleBench& bench) {
+    bench.program.memory.reader.mnu_saveMem_Click();
+}
+
+void prepareMemoryFile(TroubleBench& bench) {
+    static const std::string file = savedBy(readMemories);
+    fakes::writeFile(bench.source, file);
+    changeRadio(bench);
+}
+
+void prepareMemoryList(TroubleBench& bench) {
+    const RadioState owners = ownersRadio();
+    for (int channel = 1; channel <= MemoryList::rows; ++channel) {
+        const auto& record = owners.memories.at(static_cast<std::size_t>(channel));
+        const auto parsed = parseMemoryString("MW" + channelText(channel) + record.value_or("") + ";");
+        if (parsed) bench.program.memory.list.place(channel, *parsed);
+    }
+    changeRadio(bench);
+}
+
+std::string memoryList(TroubleBench& bench) {
+    std::string text;
+    for (int row = 1; row <= MemoryList::rows; ++row) {
+        text += memoryWriteCommand(bench.program.memory.list.channelFields(row)) + "\n";
+    }
+    return text;
+}
+
+// --- the band stack
+
+void readBandStack(TroubleBench& bench) {
+    bench.program.bandStackWindow.mnu_readBandStack_Click();
+}
+
+void prepareBandStack(TroubleBench& bench) {
+    static const std::string file = savedBy(readBandStack);
+    fakes::writeFile(bench.source, file);
+    bench.program.bandStackWindow.loadBandStackFile();
+    changeRadio(bench);
+}
+
+std::string bandStackGrid(TroubleBench& bench) {
+    const auto& stack = bench.program.bandStackWindow.stack();
+    std::string text;
+    for (int row = 1; row <= BandStack::lastQueried; ++row) {
+        for (int column = 1; column < BandStack::columns; ++column) {
+            text += std::to_string(row) + " " + std::to_string(column) + " " + stack.wireText(row, column) + "\n";
+        }
+    }
+    return text;
+}
+
+// --- the equalizer
+
+void readEqualizer(TroubleBench& bench) {
+    if (!bench.program.eqWindow.isPortOpen()) bench.program.eqWindow.toggleEqPort();
+}
+
+bool equalizerRuns(TroubleBench& bench) {
+    return bench.program.eqWindow.isPortOpen() &&
+           bench.program.eqWindow.exchange().phase() == EqExchange::Phase::Reading;
+}
+
+std::string equalizerValues(TroubleBench& bench) {
+    std::string text;
+    for (std::size_t item = 0; item < eqItemCount; ++item) {
+        text += std::string(eqItems[item].name) + " " + std::to_string(bench.program.eqWindow.exchange().value[item]) +
+                "\n";
+    }
+    return text;
+}
+
+// --- the keyer
+
+void prepareKeyerTexts(TroubleBench& bench) {
+    for (int memory = 1; memory <= KeyerTable::memories; ++memory) {
+        bench.program.keyerWindow.table().setText(memory, "DE K0RVX " + std::to_string(memory));
+    }
+    changeRadio(bench);
+}
+
+std::string keyerTexts(TroubleBench& bench) {
+    return keyerFileText(bench.program.keyerWindow.table());
+}
+
+bool toldInThePanel(TroubleBench& bench) {
+    return !bench.program.eqWindow.errorPanel.get().empty();
+}
+
+bool toldInTheKeyer(TroubleBench& bench) {
+    return !bench.program.keyerWindow.hint.get().empty();
+}
+
+}  // namespace
+
+const std::vector<Operation>& operations() {
+    static const std::vector<Operation> all = {
+        {"menu read", nothing, readMenu, [](TroubleBench& b) { return b.program.menuReader.running(); }, "menu reader",
+         targetFile, toldInTheReceiveDisplay, "EX042"},
+        {"menu write", prepareMenuFile, [](TroubleBench& b) { b.program.menuWriter.mnu_Restore_Click(); },
+         [](TroubleBench& b) { return b.program.menuWriter.running(); }, "menu writer", radioState, untold, "EX042"},
+        {"memory read into a file", nothing, readMemories,
+         [](TroubleBench& b) { return b.program.memory.reader.running(); }, "memory reader", targetFile,
+         toldInTheReceiveDisplay, "MR001"},
+        {"memory write from a file", prepareMemoryFile,
+         [](TroubleBench& b) { b.program.memory.restorer.mnu_restMem_Click(); },
+         [](TroubleBench& b) { return b.program.memory.restorer.running(); }, "memory restorer", radioState, untold,
+         "MW001"},
+        {"memory read into the list", nothing,
+         [](TroubleBench& b) { b.program.memory.reader.mnu_MemSaveFromFT2000_Click(); },
+         [](TroubleBench& b) { return b.program.memory.reader.running(); }, "memory reader", memoryList,
+         toldInTheReceiveDisplay, "MR001"},
+        {"memory write from the list", prepareMemoryList,
+         [](TroubleBench& b) { b.program.memory.listWriter.mnu_MemRestoreTOFT2000_Click(); },
+         [](TroubleBench& b) { return b.program.memory.listWriter.running(); }, "memory list writer", radioState,
+         untold, "MW001"},
+        {"band stack read", nothing, readBandStack,
+         [](TroubleBench& b) { return b.program.bandStackWindow.reader().running(); }, "band stack reader",
+         bandStackGrid, toldInTheReceiveDisplay, "KR"},
+        {"band stack write", prepareBandStack,
+         [](TroubleBench& b) { b.program.bandStackWindow.mnu_writeBandStack_Click(); },
+         [](TroubleBench& b) { return b.program.bandStackWindow.writer().running(); }, "band stack writer", radioState,
+         untold, "KR"},
+        {"equalizer read", nothing, readEqualizer, equalizerRuns, "equalizer", equalizerValues, toldInThePanel,
+         "EX127"},
+        {"keyer write", prepareKeyerTexts, [](TroubleBench& b) { b.program.keyerWindow.mnu_WriteKeyer_Click(); },
+         [](TroubleBench& b) { return b.program.keyerWindow.writer().running(); }, "keyer writer", radioState,
+         toldInTheKeyer, "KM2"},
+        {"keyer read", nothing, [](TroubleBench& b) { b.program.keyerWindow.mnu_readKeyer_Click(); },
+         [](TroubleBench& b) { return b.program.keyerWindow.reader().running(); }, "keyer reader", keyerTexts,
+         toldInTheKeyer, "KM2"},
+    };
+    return all;
+}
+
+const Healthy& healthy(const Operation& operation) {
+    static std::map<std::string_view, Healthy> known;
+    const auto found = known.find(operation.name);
+    if (found != known.end()) return found->second;
+    TroubleBench bench;
+    bench.openPort();
+    operation.prepare(bench);
+    const auto before = linesOf(operation.result(bench));
+    const int heard = bench.heard();
+    const auto begin = bench.clock.now();
+    operation.start(bench);
+    bench.clock.advanceUntil([&] { return !operation.running(bench); }, 300'000);
+    bench.settle();
+    Healthy found2{bench.clock.now() - begin, bench.heard() - heard, {}, fakes::fileContent(bench.target)};
+    for (const auto& line : linesOf(operation.result(bench))) {
+        if (std::find(before.begin(), before.end(), line) == before.end()) found2.facts.push_back(line);
+    }
+    return known[operation.name] = found2;
+}
+
+}  // namespace korvex

@@ -1,0 +1,88 @@
+#include "TroubleBench.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace korvex {
+
+TroubleBench::TroubleBench() {
+    fileDialog.whileShown = [this] {
+        fileDialog.choose(fileDialog.shown.back().mode == FileDialogRequest::Mode::Save ? target : source);
+    };
+    msgBox.whileShown = [this] { msgBox.foresee(""); };
+    auto& bandStack = program.bandStackWindow;
+    auto& keyer = program.keyerWindow;
+    listenTo("menu reader", program.menuReader.ended);
+    listenTo("menu writer", program.menuWriter.ended);
+    listenTo("memory reader", program.memory.reader.ended);
+    listenTo("memory restorer", program.memory.restorer.ended);
+    listenTo("memory list writer", program.memory.listWriter.ended);
+    listenTo("band stack reader", bandStack.reader().ended);
+    listenTo("band stack writer", bandStack.writer().ended);
+    listenTo("keyer reader", keyer.reader().ended);
+    listenTo("keyer writer", keyer.writer().ended);
+    program.bandStackWindow.Form_Load();
+    program.eqWindow.Form_Load(settings);
+    fakes::writeFile(target, oldContent);
+}
+
+void TroubleBench::listenTo(const std::string& part, Signal<TransferEnd>& ended) {
+    m_connections += ended.connect([this, part](TransferEnd end) { ends[part] = end; });
+}
+
+std::optional<TransferEnd> TroubleBench::endOf(const Operation& operation) {
+    if (operation.endedBy == "equalizer") {
+        return program.eqWindow.isPortOpen() ? TransferEnd::Done : TransferEnd::PortClosed;
+    }
+    const auto end = ends.find(std::string(operation.endedBy));
+    return end == ends.end() ? std::nullopt : std::optional(end->second);
+}
+
+void TroubleBench::closePorts() {
+    program.link.closePort();
+    program.eqWindow.closePort();
+}
+
+bool TroubleBench::anythingRuns() {
+    return std::any_of(operations().begin(), operations().end(),
+                       [this](const Operation& operation) { return operation.running(*this); });
+}
+
+std::string TroubleBench::whatIsWrong() {
+    const bool open = program.link.PortOpen();
+    auto& shown = program.link.indicators();
+    std::string wrong;
+    const auto expect = [&wrong](bool holds, const char* what) {
+        if (!holds) wrong += std::string(what) + "; ";
+    };
+    expect(!program.progress.visible, "the progress window stays");
+    expect(shown.open == open, "the connect pictures lie");
+    expect(shown.clickLabel.get() == (open ? "click to close" : "click to open"), "the click label lies");
+    expect(shown.bandStack.get() == (open ? "RS232 open" : "RS232 closed"), "the band stack's panel lies");
+    expect(shown.menuManager.get() == (open ? "RS232 open " : "RS232 closed"), "the Menu Manager's panel lies");
+    expect((program.link.panels().Settings.get() == "Settings: ") == !open, "the settings panel lies");
+    expect(program.link.panels().ConnectTime.get().empty() || open, "the connect clock runs on");
+    expect(program.eqWindow.connected == program.eqWindow.isPortOpen(), "the equalizer's pictures lie");
+    expect(portOpen() == (open || program.eqWindow.isPortOpen()), "the device is open for nobody");
+    expect(ports.radio().timesKeyed == 0, "the transmitter was keyed");
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
+        const auto name = entry.path().filename();
+        expect(name == "source" || name == "target", "a stray file");
+    }
+    return wrong;
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+const Operation& secondOperation(const Operation& first) {
+    const auto& all = operations();
+    const bool isLast = &first == &all.back();
+    return isLast ? all.front() : all.back();
+}
+
+}  // namespace korvex

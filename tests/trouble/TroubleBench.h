@@ -1,0 +1,81 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "fakes/ProgramBench.h"
+#include "radio/SimulatedPorts.h"
+
+namespace korvex {
+
+struct Operation;
+
+/// The whole program with a simulated radio, and an owner who answers every dialog and box.
+struct TroubleBench : fakes::ProgramBench<SimulatedPorts> {
+    static constexpr const char* oldContent = "an old file\r\n";
+
+    TroubleBench();
+
+    const std::string source = folder.file("source");  ///< what an operation loads
+    const std::string target = folder.file("target");  ///< what it saves into; holds an old file
+
+    /// How the operations ended last, by the name of the part that tells it.
+    std::map<std::string, TransferEnd> ends;
+
+    void closePorts();
+    std::optional<TransferEnd> endOf(const Operation& operation);
+    void settle() { clock.advance(100); }  ///< what was written reaches the radio
+    bool portOpen() { return ports.cable.isOpen; }
+    int heard() const { return ports.cable.line.commandsHeard; }
+    bool anythingRuns();
+    std::string ask(const std::string& command) { return ports.radio().answer(command + ";"); }
+
+    /// What of the windows and files is not as it should be when nothing goes on; empty when all is well.
+    std::string whatIsWrong();
+
+private:
+    void listenTo(const std::string& part, Signal<TransferEnd>& ended);
+
+    Connections m_connections;
+};
+
+/// Something that a user starts and that takes its time on the line.
+struct Operation {
+    std::string_view name;
+    void (*prepare)(TroubleBench&);        ///< what has to be there before
+    void (*start)(TroubleBench&);          ///< the click
+    bool (*running)(TroubleBench&);        ///< it still goes on
+    std::string_view endedBy;              ///< the part that tells how it ended
+    std::string (*result)(TroubleBench&);  ///< what it brings about, a fact a line
+    bool (*told)(TroubleBench&);           ///< the owner is told that something is missing
+    std::string_view oneItem;              ///< the beginning of one of its commands
+};
+
+const std::vector<Operation>& operations();
+
+/// What an operation does when nothing is wrong.
+struct Healthy {
+    std::int64_t duration = 0;
+    int commands = 0;
+    std::vector<std::string> facts;  ///< the lines of its result that were not there before
+    std::string target;              ///< the content of the target file
+};
+
+const Healthy& healthy(const Operation& operation);
+
+/// What can go wrong. `arrange` runs with the port open, just before the operation starts.
+struct Trouble {
+    std::string_view name;
+    void (*arrange)(TroubleBench&, const Operation&, const Healthy&);
+};
+
+const std::vector<Trouble>& troubles();
+
+/// The operation that is started in the middle of this one.
+const Operation& secondOperation(const Operation& first);
+
+std::vector<std::string> linesOf(const std::string& text);
+
+}  // namespace korvex
