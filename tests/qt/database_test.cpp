@@ -142,7 +142,7 @@ TEST_F(QtDatabaseTest, ARecordThatAnotherProgramChangedIsNotOverwritten) {
 }
 
 TEST_F(QtDatabaseTest, WhatIsNotItsOwnIsRefusedAndLeftAlone) {
-    const std::string jet("\0\1\0\0Standard Jet DB\0\1\2\3 and more", 34);
+    const std::string jet("\0\1\0\0Standard Jet DB\0\1\2\3 and more", 32);
     const std::string good = fakes::fileContent(file);
     const std::vector<std::tuple<std::string, std::string, std::string>> files = {
         {"jet.mdb", jet, "Standard Jet DB"},
