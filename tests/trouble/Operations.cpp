@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 #include "keyer/KeyerFile.h"
 #include "memory/MemoryRecord.h"
+#include "menu/MenuRows.h"
 #include "radio/StateText.h"
 
 namespace korvex {
@@ -11,6 +12,7 @@ namespace korvex {
 namespace {
 
 constexpr int menuItems = RadioState::menuItems;
+constexpr int managerColumn = 7;
 
 /// Another radio than the one that the files were read from: what is written can be seen.
 void changeRadio(TroubleBench& bench) {
@@ -63,6 +65,33 @@ void prepareMenuFile(TroubleBench& bench) {
 
 bool toldInTheReceiveDisplay(TroubleBench& bench) {
     return bench.program.link.received().text().find("Attention") != std::string::npos;
+}
+
+/// The Menu Manager in sight, with an empty column selected.
+void prepareManager(TroubleBench& bench) {
+    bench.database.records.assign(190, std::vector<std::string>(15));
+    int item = 0;
+    for (int row = 1; row < 190; ++row) {
+        if (itemRowOf(row) == row) bench.database.records.at(static_cast<std::size_t>(row))[1] = zeroPadded(++item, 3);
+    }
+    bench.program.windows.menuManager.show();
+    bench.program.menuManager.Form_Load();
+    bench.clock.advance(50);
+    bench.program.menuManager.mnu_loadFlexgrid_Click();
+    bench.program.menuManager.FlexGrid1_RightClick(managerColumn);
+}
+
+std::string managerValues(TroubleBench& bench) {
+    const auto& grid = bench.program.menuManager.FlexGrid1;
+    std::string text;
+    for (int row = 1; row < grid.Rows(); ++row) {
+        if (itemRowOf(row) == row) text += grid.TextMatrix(row, 0) + " " + grid.TextMatrix(row, managerColumn) + "\n";
+    }
+    return text;
+}
+
+bool toldInTheManager(TroubleBench& bench) {
+    return bench.program.menuManager.Label1Yellow;
 }
 
 // --- the memories
@@ -168,6 +197,10 @@ const std::vector<Operation>& operations() {
          targetFile, toldInTheReceiveDisplay, "EX042"},
         {"menu write", prepareMenuFile, [](TroubleBench& b) { b.program.menuWriter.mnu_Restore_Click(); },
          [](TroubleBench& b) { return b.program.menuWriter.running(); }, "menu writer", radioState, untold, "EX042"},
+        {"menu read into the Menu Manager", prepareManager,
+         [](TroubleBench& b) { b.program.menuManager.mnu_readSettings_Click(); },
+         [](TroubleBench& b) { return b.program.menuReader.running(); }, "menu reader", managerValues, toldInTheManager,
+         "EX042"},
         {"memory read into a file", nothing, readMemories,
          [](TroubleBench& b) { return b.program.memory.reader.running(); }, "memory reader", targetFile,
          toldInTheReceiveDisplay, "MR001"},
