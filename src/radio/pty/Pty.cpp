@@ -8,6 +8,7 @@
 #include <poll.h>
 #include <stdlib.h>
 #include <sys/inotify.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <termios.h>
@@ -125,6 +126,8 @@ bool Pty::lastUserLeft() {
     const bool ownEndMissing = m_slave < 0;  // another program had locked the device
     if (!someoneLeft() && !ownEndMissing) return false;
     if (m_watch >= 0) inotify_rm_watch(m_watch, m_watched);
+    // A program that locked the device and left has left the lock behind; only root's programs would get past it.
+    if (m_slave >= 0) ::ioctl(m_slave, TIOCNXCL);
     if (m_slave >= 0) ::close(m_slave);
     pollfd master = {m_master, 0, 0};
     const bool alone = ::poll(&master, 1, 0) == 1 && (master.revents & POLLHUP) != 0;
