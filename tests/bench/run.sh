@@ -16,9 +16,9 @@ median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 ratio() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", a / b }'; }
 
 start_up() {
-    local empty=() start=() i
+    local empty=() start=()
     "$bin/bench_start_window" > /dev/null 2>&1  # the very first start fills the program's folder
-    for i in $(seq 21); do
+    for _ in $(seq 21); do
         empty+=("$(milliseconds "$bin/bench_empty_window")")
         start+=("$(milliseconds "$bin/bench_start_window")")
     done
