@@ -18,9 +18,9 @@ dependencies() {
         NF == 0 { next }
         {
             path = $1
-            sub("^" root, "", path)
-            while (sub("^[.][.]/", "", path)) { }
-            if (path ~ /^(src|tests)\//) line = line (line == "" ? "" : " ") path
+            outsideBuild = sub("^" root, "", path)
+            while (sub("^[.][.]/", "", path)) outsideBuild = 1
+            if (outsideBuild && path ~ /^(src|tests)\//) line = line (line == "" ? "" : " ") path
             else if (line == "") line = "-"
         }
         END { tell() }' | sort -u

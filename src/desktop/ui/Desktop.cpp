@@ -2,7 +2,7 @@
 
 #include <QApplication>
 #include <QSessionManager>
-#include <ranges>
+#include <algorithm>
 #include <utility>
 
 #include "app/ui/frmAbout.h"
@@ -101,7 +101,7 @@ void Desktop::showPortSettings() {
 }
 
 void Desktop::unloadWindows() {
-    for (auto& window : m_loaded | std::views::reverse) window->storePlace();
+    std::for_each(m_loaded.rbegin(), m_loaded.rend(), [](const auto& window) { window->storePlace(); });
     if (m_startWindow) m_startWindow->storePlace();
 }
 
