@@ -44,6 +44,7 @@ void CatLink::closePort() {
 
 void CatLink::send(std::string_view wire) {
     m_port.Output(wire);
+    went.emit(wire);
 }
 
 void CatLink::showPortState() {
@@ -92,7 +93,9 @@ void CatLink::onComm(CommEvent event) {
     if (!m_port.PortOpen()) return;
     m_panels.Status = "Status: " + messageFor(event);
     m_timer2->setEnabled(true);
-    m_router.take(m_port.Input());
+    const std::string wire = m_port.Input();
+    came.emit(wire);
+    m_router.take(wire);
 }
 
 void CatLink::onLost(const RuntimeError& error) {

@@ -58,6 +58,10 @@ public:
     Signal<> opening;  ///< the port is about to be opened: whoever holds the device lets it go
     Signal<> opened;   ///< the port has just been opened
 
+    /// All wire text as it goes and as it comes, for those who keep a record of it. What they do does not change it.
+    Signal<std::string_view> went;
+    Signal<std::string_view> came;
+
     /// Before the program ends: waits, letting other events run, until all output has left, then closes the port. After
     /// each 10 s without an end the user is asked; false when the user aborts, and the port then stays open.
     bool drainAndClose();
