@@ -43,6 +43,11 @@ Failure setHandshaking(Command& command, const std::string& value) {
     return {};
 }
 
+Failure setKind(Command& command, const std::string& value) {
+    command.kind = value;
+    return {};
+}
+
 struct Option {
     bool takesValue;
     std::function<Failure(Command&, const std::string&)> apply;
@@ -75,6 +80,10 @@ const std::map<std::string_view, Option>& options() {
         {"--database", text(&Command::database)},
         {"--settings", text(&Command::settingsFile)},
         {"--demo", flag(&Command::demo)},
+        {"--kind", {true, setKind}},
+        {"--verify", flag(&Command::verify)},
+        {"--dry-run", flag(&Command::dryRun)},
+        {"--with-cat", flag(&Command::withCat)},
         {"--allow-transmit", flag(&Command::allowTransmit)},
         {"-h", verb(Command::Verb::Help)},
         {"--help", verb(Command::Verb::Help)},
@@ -101,34 +110,55 @@ Failure takeDescription(Command& command, const std::vector<std::string>& words)
     return {};
 }
 
-Failure takeVerb(Command& command, const std::vector<std::string>& words) {
-    const std::string& verb = words.front();
-    const auto wants = [&](std::size_t count, const char* form) -> Failure {
-        if (words.size() == count) return {};
-        return wrong("\"" + verb + "\" is used so: korvexctl [options] " + form);
+struct VerbRow {
+    Command::Verb verb;
+    const char* form;
+    std::vector<std::string Command::*> operands;
+};
+
+const std::map<std::string_view, VerbRow>& verbs() {
+    using Verb = Command::Verb;
+    static const std::map<std::string_view, VerbRow> all = {
+        {"ports", {Verb::Ports, "ports", {}}},
+        {"send", {Verb::Send, "send 'FA;'", {&Command::text}}},
+        {"save", {Verb::Save, "save KIND FILE", {&Command::kind, &Command::file}}},
+        {"restore", {Verb::Restore, "restore KIND FILE", {&Command::kind, &Command::file}}},
+        {"backup", {Verb::Backup, "backup DIR", {&Command::file}}},
+        {"restore-all", {Verb::RestoreAll, "restore-all DIR", {&Command::file}}},
+        {"compare", {Verb::Compare, "compare FILE FILE, or FILE radio", {&Command::file, &Command::otherFile}}},
     };
-    if (verb == "ports") {
-        command.verb = Command::Verb::Ports;
-        return wants(1, "ports");
-    }
-    if (verb == "description") return takeDescription(command, words);
-    if (verb == "send") {
-        command.verb = Command::Verb::Send;
-        if (auto failure = wants(2, "send 'FA;'")) return failure;
-        const auto wire = wireFromUtf8(words[1]);
-        if (!wire) return wrong("the text to send holds characters that the radio does not have");
-        command.text = *wire;
-        if (keysTransmitter(command.text) && !command.allowTransmit) {
-            return wrong("this would key the transmitter; --allow-transmit says that you mean it");
-        }
-        return {};
-    }
-    if (verb != "save" && verb != "restore") return wrong("unknown command " + verb);
-    command.verb = verb == "save" ? Command::Verb::Save : Command::Verb::Restore;
-    if (auto failure = wants(3, (verb + " KIND FILE").c_str())) return failure;
-    command.kind = words[1];
-    command.file = words[2];
+    return all;
+}
+
+Failure checkText(Command& command) {
+    const auto wire = wireFromUtf8(command.text);
+    if (!wire) return wrong("the text to send holds characters that the radio does not have");
+    command.text = *wire;
+    if (!keysTransmitter(command.text) || command.allowTransmit) return {};
+    return wrong("this would key the transmitter; --allow-transmit says that you mean it");
+}
+
+Failure checkOptions(const Command& command) {
+    using Verb = Command::Verb;
+    const bool restores = command.verb == Verb::Restore || command.verb == Verb::RestoreAll;
+    if ((command.verify || command.dryRun) && !restores) return wrong("--verify and --dry-run belong to a restore");
+    if (command.verify && command.dryRun) return wrong("--verify and --dry-run exclude each other");
+    if (command.withCat && command.verb != Verb::RestoreAll) return wrong("--with-cat belongs to restore-all");
     return {};
+}
+
+Failure takeVerb(Command& command, const std::vector<std::string>& words) {
+    if (words.front() == "description") return takeDescription(command, words);
+    const auto row = verbs().find(words.front());
+    if (row == verbs().end()) return wrong("unknown command " + words.front());
+    const auto& [verb, form, operands] = row->second;
+    if (words.size() != operands.size() + 1) {
+        return wrong("\"" + words.front() + "\" is used so: korvexctl [options] " + form);
+    }
+    command.verb = verb;
+    for (std::size_t i = 0; i < operands.size(); ++i) command.*operands[i] = words[i + 1];
+    if (verb == Command::Verb::Send) return checkText(command);
+    return checkOptions(command);
 }
 
 }  // namespace
@@ -158,6 +188,9 @@ Result<Command> parseArguments(const std::vector<std::string>& arguments) {
 std::string usage() {
     return "Usage: korvexctl [options] save KIND FILE      radio -> file\n"
            "       korvexctl [options] restore KIND FILE   file -> radio\n"
+           "       korvexctl [options] backup DIR          the whole radio -> a new folder in DIR\n"
+           "       korvexctl [options] restore-all DIR     such a folder -> radio\n"
+           "       korvexctl [options] compare FILE FILE   item by item; \"radio\" in place of a FILE\n"
            "       korvexctl [options] send 'FA;'          sends a command, prints the answer\n"
            "       korvexctl [options] ports               lists the serial ports\n"
            "       korvexctl [options] description export FILE   menu descriptions -> table to edit\n"
@@ -172,9 +205,15 @@ std::string usage() {
            "  --database FILE       the menu descriptions (else those in Korvex's program folder)\n"
            "  --settings FILE       the settings file of Korvex\n"
            "  --allow-transmit      lets \"send\" send a command that keys the transmitter\n"
+           "  --verify              restore: reads back what was written and tells of every item\n"
+           "  --dry-run             restore: prints what would be sent, and sends nothing\n"
+           "  --with-cat            restore-all: the radio's CAT settings (menu items 028 to 030) too, last\n"
+           "  --kind KIND           compare: what the files are, where their ending does not tell\n"
            "  -h, --help  --version\n"
            "\n"
-           "Exit codes: 0 done, 2 usage, 3 port, 4 no or wrong answers, 5 file, 130 interrupted\n";
+           "Kinds: menu, memory, list, bandstack, keyer\n"
+           "Exit codes: 0 done, 1 compare: different, --verify: not all took, 2 usage, 3 port,\n"
+           "            4 no or wrong answers, 5 file, 130 interrupted\n";
 }
 
 }  // namespace korvex::cli

@@ -11,10 +11,23 @@ namespace korvex::cli {
 
 /// What korvexctl is asked to do.
 struct Command {
-    enum class Verb { Help, Version, Ports, Send, Save, Restore, DescriptionExport, DescriptionImport };
+    enum class Verb {
+        Help,
+        Version,
+        Ports,
+        Send,
+        Save,
+        Restore,
+        Backup,
+        RestoreAll,
+        Compare,
+        DescriptionExport,
+        DescriptionImport
+    };
     Verb verb = Verb::Help;
-    std::string kind;                         ///< of file, for Save and Restore
-    std::string file;                         ///< for Save, Restore and the descriptions
+    std::string kind;                         ///< of file; of Compare only where it is given
+    std::string file;                         ///< or folder, as the verb has it
+    std::string otherFile;                    ///< for Compare; "radio" is the radio
     std::string text;                         ///< for Send, wire text
     bool demo = false;                        ///< the simulated radio instead of a real one
     std::optional<std::string> device;        ///< -r; else the port that the windows use
@@ -23,11 +36,15 @@ struct Command {
     std::optional<std::string> settingsFile;  ///< where the program keeps its settings
     std::optional<std::string> database;      ///< the description database; else that of the program folder
     bool allowTransmit = false;
+    bool verify = false;   ///< read back what was written
+    bool dryRun = false;   ///< print what would be sent
+    bool withCat = false;  ///< the radio's own CAT settings too
 };
 
 /// Exit codes, for scripts.
 enum class ExitCode {
     Done = 0,
+    Different = 1,  ///< two sides of a comparison, or what was written and what the radio has
     Usage = 2,
     Port = 3,          ///< no such port, no permission, held by another program, gone
     Answers = 4,       ///< the radio answered nothing, not all, or refused

@@ -23,6 +23,16 @@ std::optional<std::string> GivenFile::show(const FileDialogRequest& request) {
     return file;
 }
 
+std::string BorrowedSettings::get(std::string_view application, std::string_view section, std::string_view key,
+                                  std::string_view fallback) const {
+    const auto changed = m_changed.find(std::string(section) + '/' + std::string(key));
+    return changed == m_changed.end() ? m_lender.get(application, section, key, fallback) : changed->second;
+}
+
+void BorrowedSettings::save(std::string_view, std::string_view section, std::string_view key, std::string_view value) {
+    m_changed[std::string(section) + '/' + std::string(key)] = value;
+}
+
 ProgressLine::ProgressLine(ProgressWindow& progress, std::ostream& stream) : m_progress(progress), m_stream(stream) {
     m_connections += progress.value.changed.connect([this](int) { draw(); });
     m_connections += progress.visible.changed.connect([this](bool visible) {

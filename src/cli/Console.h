@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <ostream>
 #include <string>
 
@@ -8,6 +9,7 @@
 #include "platform/FileDialog.h"
 #include "platform/MsgBox.h"
 #include "platform/ProgressWindow.h"
+#include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 
 namespace korvex::cli {
@@ -43,6 +45,21 @@ public:
 
 private:
     static Failure none() { return RuntimeError{errors::FileNotFound, "there is no desktop"}; }
+};
+
+/// The program's settings as they are; what is changed lasts for this run. The folders of a backup are no places that
+/// the windows should remember.
+class BorrowedSettings : public SettingsStore {
+public:
+    explicit BorrowedSettings(const SettingsStore& lender) : m_lender(lender) {}
+    std::string get(std::string_view application, std::string_view section, std::string_view key,
+                    std::string_view fallback) const override;
+    void save(std::string_view application, std::string_view section, std::string_view key,
+              std::string_view value) override;
+
+private:
+    const SettingsStore& m_lender;
+    std::map<std::string, std::string> m_changed;
 };
 
 /// The progress window as one line that is written over and over.

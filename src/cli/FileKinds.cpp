@@ -13,15 +13,24 @@ std::string menuObjection(const MenuCommandTable& table) {
            " menu items were answered in time and in order";
 }
 
+/// A firmware without one of the items refuses it; the others are in place all the same.
+std::string menuGap(const MenuCommandTable& table) {
+    int told = answersInPlace(table);
+    for (int item = 1; item <= menuItemCount; ++item) told += table.answer(item) == "?;" ? 1 : 0;
+    return told == menuItemCount ? "" : menuObjection(table);
+}
+
 FileKind menuKind(Program& program) {
     return {"menu",
+            "mnu",
             {[&program] {
                  program.menuReader.mnu_Store_Click();
                  return std::nullopt;
              },
              &program.menuReader.ended,
              [&program] { return menuObjection(program.menuCommandTable); },
-             {}},
+             {},
+             [&program] { return menuGap(program.menuCommandTable); }},
             {[&program] {
                  program.menuWriter.mnu_Restore_Click();
                  return std::nullopt;
@@ -33,6 +42,7 @@ FileKind menuKind(Program& program) {
 
 FileKind memoryKind(Program& program) {
     return {"memory",
+            "mem",
             {[&program] {
                  program.memory.reader.mnu_saveMem_Click();
                  return std::nullopt;
@@ -52,6 +62,7 @@ FileKind memoryKind(Program& program) {
 FileKind memoryListKind(Program& program) {
     MemoryManager& memory = program.memory;
     return {"list",
+            "mef",
             {[&memory] {
                  memory.list.replaceAll({});  // what the window shows as a sample is no channel
                  memory.reader.mnu_MemSaveFromFT2000_Click();
@@ -74,6 +85,7 @@ FileKind memoryListKind(Program& program) {
 FileKind bandStackKind(Program& program) {
     BandStackWindow& window = program.bandStackWindow;
     return {"bandstack",
+            "bsr",
             {[&window] {
                  window.mnu_readBandStack_Click();
                  return std::nullopt;
@@ -101,6 +113,7 @@ FileKind keyerKind(Program& program) {
                " keyer texts were answered in time";
     };
     return {"keyer",
+            "kem",
             {[&window] {
                  window.readKeyer();
                  return std::nullopt;

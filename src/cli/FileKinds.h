@@ -20,11 +20,14 @@ struct Transfer {
     /// What is still to be done when the transfer has ended well: writing the file, where a window leaves that to the
     /// user.
     std::function<TransferEnd()> finish;
+    /// As `objection`, but an item that the radio refuses to tell is none. Without it `objection` holds.
+    std::function<std::string()> gap = {};
 };
 
 /// A kind of file that can be saved and restored by name. Another tool adds a row.
 struct FileKind {
     std::string name;
+    std::string ending;  ///< of the files, as the dialogs propose it
     Transfer save;
     Transfer restore;
 };

@@ -1,6 +1,5 @@
 #include "cli/Session.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "base/CodePage.h"
@@ -14,43 +13,43 @@ constexpr int testMs = 1200;      // the communication test gives its verdict wi
 constexpr int silenceMs = 5'000;  // a transfer that waits for ever in the windows is given up here
 constexpr int listenMs = 600;     // a slow radio answers within half a second
 
-std::size_t refusals(const std::string& wire) {
-    std::size_t count = 0;
-    for (auto at = wire.find("?;"); at != std::string::npos; at = wire.find("?;", at + 2)) ++count;
-    return count;
-}
-
 }  // namespace
 
-Session::Session(Program& program, GivenFile& givenFile, const Command& command, std::ostream& out, std::ostream& err)
+Session::Session(Program& program, GivenFile& givenFile, Command command, Surroundings surroundings)
     : m_program(program),
       m_givenFile(givenFile),
-      m_command(command),
-      m_out(out),
-      m_err(err),
+      m_command(std::move(command)),
+      m_surroundings(std::move(surroundings)),
       m_poll(program.machine().clock.makeTimer()),
-      m_kinds(fileKinds(program)) {
+      m_kinds(fileKinds(program)),
+      m_record(program.link) {
     m_poll->setInterval(pollMs);
     m_connections += m_poll->tick.connect([this] { onPoll(); });
     m_connections += program.link.closed.connect([this] {
         if (m_stage == Stage::Testing || m_stage == Stage::Listening) finish(ExitCode::Port);
     });
+    m_connections += m_program.progress.value.changed.connect([this](int) {
+        if (m_stage == Stage::Working) m_deadline = m_program.machine().clock.now() + silenceMs;
+    });
 }
 
 void Session::tell(const std::string& text) {
-    m_err << "korvexctl: " << text << "\n";
+    m_surroundings.err << "korvexctl: " << (m_steps.size() > 1 ? step().name + ": " : "") << text << "\n";
 }
 
 void Session::start() {
-    const auto known = std::any_of(m_kinds.begin(), m_kinds.end(),
-                                   [this](const FileKind& kind) { return kind.name == m_command.kind; });
-    if (m_command.verb != Command::Verb::Send && !known) {
-        tell("there is no kind of file called " + m_command.kind);
-        finish(ExitCode::Usage);
-        return;
+    if (m_command.verb != Command::Verb::Send) {
+        m_job = makeJob({m_program, m_command, m_kinds, m_surroundings.out, m_surroundings.err,
+                         m_surroundings.timeOfDay, m_surroundings.titles});
+        if (const auto code = m_job->prepare()) {
+            finish(*code);
+            return;
+        }
+        m_jobGoesOn = true;
+        m_steps = m_job->steps();
     }
     configurePort();
-    if (m_stage != Stage::Finished && openPort()) waitForTest();
+    if (m_stage != Stage::Finished) openPort();
 }
 
 void Session::configurePort() {
@@ -66,14 +65,13 @@ void Session::configurePort() {
     finish(ExitCode::Usage);
 }
 
-bool Session::openPort() {
+void Session::openPort() {
+    m_stage = Stage::Idle;
     m_program.link.togglePort();
-    if (m_program.link.PortOpen()) return true;
-    finish(ExitCode::Port);
-    return false;
-}
-
-void Session::waitForTest() {
+    if (!m_program.link.PortOpen()) {
+        finish(ExitCode::Port);
+        return;
+    }
     m_stage = Stage::Testing;
     m_deadline = m_program.machine().clock.now() + testMs;
     m_poll->setEnabled(true);
@@ -82,15 +80,7 @@ void Session::waitForTest() {
 void Session::onPoll() {
     const bool late = m_program.machine().clock.now() >= m_deadline;
     if (m_stage == Stage::Testing) {
-        const std::string text = received();
-        const auto answer = text.find("FA");
-        const bool answered = answer != std::string::npos && text.find(';', answer) != std::string::npos;
-        if (answered && !m_program.link.testing()) {
-            begin();  // with the verdict behind us: nothing but answers comes from now on
-        } else if (late) {
-            tell("the radio does not answer; please check cable, speed and the radio's menus 28 to 30");
-            finish(ExitCode::Answers);
-        }
+        onTestPoll(late);
     } else if (m_stage == Stage::Listening && late) {
         onListened();
     } else if (m_stage == Stage::Working && late) {
@@ -99,31 +89,44 @@ void Session::onPoll() {
     }
 }
 
-void Session::begin() {
-    m_poll->setEnabled(false);
-    m_stage = Stage::Working;
-    if (m_command.verb == Command::Verb::Send) {
-        beginSend();
-    } else {
-        beginTransfer();
+void Session::onTestPoll(bool late) {
+    const std::string text = received();
+    const auto answer = text.find("FA");
+    const bool answered = answer != std::string::npos && text.find(';', answer) != std::string::npos;
+    if (answered && !m_program.link.testing()) {
+        beginNext();  // with the verdict behind us: nothing but answers comes from now on
+    } else if (late) {
+        tell("the radio does not answer; please check cable, speed and the radio's menus 28 to 30");
+        finish(ExitCode::Answers);
     }
 }
 
-void Session::beginTransfer() {
-    const auto kind = std::find_if(m_kinds.begin(), m_kinds.end(),
-                                   [this](const FileKind& row) { return row.name == m_command.kind; });
-    Transfer& transfer = m_command.verb == Command::Verb::Save ? kind->save : kind->restore;
-    m_givenFile.file = m_command.file;
+void Session::beginNext() {
+    m_poll->setEnabled(false);
+    if (!m_program.link.PortOpen()) {
+        openPort();
+    } else if (m_job) {
+        beginStep();
+    } else {
+        beginSend();
+    }
+}
+
+void Session::beginStep() {
+    m_stage = Stage::Working;
+    m_record.clear();
+    const Transfer& transfer = step().transfer;
+    m_givenFile.file = step().file;
     m_givenFile.objection = transfer.objection;
-    m_finishTransfer = transfer.finish;
+    m_givenFile.objected.clear();
     m_transferEnd = transfer.ended->connect([this](TransferEnd end) { onEnded(end); });
-    const auto watch = [this](int) { m_deadline = m_program.machine().clock.now() + silenceMs; };
-    m_connections += m_program.progress.value.bind(watch);
+    m_deadline = m_program.machine().clock.now() + silenceMs;
     m_poll->setEnabled(true);
     if (const auto end = transfer.start()) onEnded(*end);
 }
 
 void Session::beginSend() {
+    m_record.clear();
     m_program.link.clearTraffic();
     m_program.link.send(m_command.text);
     listen(listenMs);
@@ -131,15 +134,20 @@ void Session::beginSend() {
 
 void Session::onEnded(TransferEnd end) {
     if (m_stage != Stage::Working) return;
-    if (end == TransferEnd::Done && m_finishTransfer) end = std::exchange(m_finishTransfer, nullptr)();
+    const auto& finishTransfer = step().transfer.finish;
+    if (end == TransferEnd::Done && finishTransfer) end = finishTransfer();
+    if (end != TransferEnd::Done) {
+        onFailed(end);
+    } else if (step().writes) {
+        listen(listenMs);
+    } else {
+        // Not from inside the transfer's own end: the next step may be of the same kind.
+        listen(0);
+    }
+}
+
+void Session::onFailed(TransferEnd end) {
     switch (end) {
-        case TransferEnd::Done:
-            if (m_command.verb == Command::Verb::Restore) {
-                listen(listenMs);
-            } else {
-                finish(ExitCode::Done);
-            }
-            return;
         case TransferEnd::NoAnswer:
             tell("the radio's answers did not come in time");
             finish(ExitCode::Answers);
@@ -149,6 +157,7 @@ void Session::onEnded(TransferEnd end) {
             finish(ExitCode::Answers);
             return;
         case TransferEnd::PortClosed: finish(ExitCode::Port); return;
+        case TransferEnd::Done:
         case TransferEnd::FileFailed: break;
     }
     if (const std::string& why = m_program.link.panels().Error.get(); !why.empty()) tell(why);
@@ -162,16 +171,34 @@ void Session::listen(int ms) {
 }
 
 void Session::onListened() {
-    const std::string heard = received();
-    const auto refused = refusals(heard);
-    if (m_command.verb == Command::Verb::Send) {
-        std::string text = utf8FromWire(heard);
-        std::erase(text, '\r');
-        m_out << text << std::flush;
-    } else if (refused > 0) {
-        tell("the radio refused " + std::to_string(refused) + " of the lines");
+    if (m_job) {
+        stepDone();
+        return;
     }
-    finish(refused > 0 ? ExitCode::Answers : ExitCode::Done);
+    std::string text = utf8FromWire(received());
+    std::erase(text, '\r');
+    m_surroundings.out << text << std::flush;
+    finish(m_record.refusals() > 0 ? ExitCode::Answers : ExitCode::Done);
+}
+
+void Session::stepDone() {
+    if (step().writes && step().refusalsAreTold && m_record.refusals() > 0) {
+        tell("the radio refused " + std::to_string(m_record.refusals()) + " of the lines");
+        m_worst = ExitCode::Answers;
+    }
+    if (step().after) step().after(m_record);
+    if (m_stepIndex + 1 == m_steps.size()) {
+        conclude();
+    } else {
+        ++m_stepIndex;
+        beginNext();
+    }
+}
+
+void Session::conclude() {
+    m_jobGoesOn = false;
+    const ExitCode code = m_job->conclude();
+    finish(code == ExitCode::Done ? m_worst : code);
 }
 
 void Session::interrupt() {
@@ -182,6 +209,7 @@ void Session::finish(ExitCode code) {
     if (m_stage == Stage::Finished) return;
     m_stage = Stage::Finished;
     m_poll->setEnabled(false);
+    if (std::exchange(m_jobGoesOn, false)) m_job->abandon();
     if (code == ExitCode::Interrupted) {
         m_program.link.closePort();
     } else {

@@ -1,23 +1,38 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "app/Program.h"
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/FileKinds.h"
+#include "cli/Job.h"
+#include "cli/WriteRecord.h"
 
 namespace korvex::cli {
 
+/// What a session is told from outside.
+struct Surroundings {
+    std::ostream& out;
+    std::ostream& err;
+    std::function<std::string()> timeOfDay;  ///< "2026-11-22 23:42:54"
+    ItemTitles titles = {};                  ///< what the menu items are called
+};
+
 /// One command with a radio, from opening the port to the exit code, on the same logic as the windows:
 ///
-///     open the port -> wait for the answer to the communication test -> transfer, or send and listen
-///                   -> listen for refusals -> let the output drain, close the port -> finished
+///     open the port -> wait for the answer to the communication test -> step by step: transfer, listen for refusals
+///                   -> let the output drain, close the port -> finished
+///
+/// A job makes the steps. A step that closes the port at its end has it opened again for the next one. What needs no
+/// radio ends before the port is opened.
 class Session {
 public:
-    Session(Program& program, GivenFile& givenFile, const Command& command, std::ostream& out, std::ostream& err);
+    Session(Program& program, GivenFile& givenFile, Command command, Surroundings surroundings);
 
     /// Returns at once; `finished` comes later, or already during the call.
     void start();
@@ -28,32 +43,40 @@ public:
 
 private:
     void configurePort();
-    bool openPort();
+    void openPort();
     void onPoll();
-    void waitForTest();
-    void begin();
-    void beginTransfer();
+    void onTestPoll(bool late);
+    void beginNext();
+    void beginStep();
     void beginSend();
     void onEnded(TransferEnd end);
+    void onFailed(TransferEnd end);
+    void stepDone();
     void listen(int ms);
     void onListened();
+    void conclude();
     void finish(ExitCode code);
     void tell(const std::string& text);
+    const Step& step() const { return m_steps[m_stepIndex]; }
     std::string received() { return m_program.link.received().text(); }
 
     Program& m_program;
     GivenFile& m_givenFile;
     Command m_command;
-    std::ostream& m_out;
-    std::ostream& m_err;
+    Surroundings m_surroundings;
     enum class Stage { Idle, Testing, Working, Listening, Finished };
     Stage m_stage = Stage::Idle;
     std::unique_ptr<Timer> m_poll;
     std::int64_t m_deadline = 0;
     std::vector<FileKind> m_kinds;
+    WriteRecord m_record;
+    std::unique_ptr<Job> m_job;  // none for Send
+    bool m_jobGoesOn = false;
+    std::vector<Step> m_steps;
+    std::size_t m_stepIndex = 0;
+    ExitCode m_worst = ExitCode::Done;  // of the steps that went on in spite of it
     Connections m_connections;
     Connection m_transferEnd;
-    std::function<TransferEnd()> m_finishTransfer;
 };
 
 }  // namespace korvex::cli

@@ -1,47 +1,10 @@
-#include "cli/Session.h"
-
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <sstream>
 
-#include "fakes/ProgramBench.h"
-#include "radio/SimulatedPorts.h"
+#include "cli/CliBench.h"
 
 namespace korvex::cli {
 namespace {
-
-/// korvexctl on the simulated radio, on the virtual clock.
-struct CliBench {
-    fakes::VirtualClock clock;
-    SimulatedPorts ports{clock};
-    fakes::FakeSettings settings;
-    GivenFile givenFile;
-    std::ostringstream out;
-    std::ostringstream err;
-    ConsoleMsgBox msgBox{err};
-    NoShell shell;
-    fakes::FakeDatabase database;
-    fakes::TemporaryFolder folder;
-    std::optional<ExitCode> code;
-    std::function<void(Session&)> meanwhile;
-
-    ExitCode run(const std::vector<std::string>& arguments) {
-        const auto command = parseArguments(arguments);
-        EXPECT_TRUE(command) << command.error().text;
-        Program program({clock, ports, settings, givenFile, msgBox, shell, database, folder.path()});
-        Session session(program, givenFile, *command, out, err);
-        code.reset();
-        auto finished = session.finished.connect([this](ExitCode result) { code = result; });
-        session.start();
-        if (meanwhile) meanwhile(session);
-        EXPECT_TRUE(clock.advanceUntil([this] { return code.has_value(); }, 300'000)) << "never finished";
-        EXPECT_FALSE(program.link.PortOpen());
-        const auto sentSoFar = ports.radio().timesSet;
-        clock.advance(5'000);
-        EXPECT_EQ(ports.radio().timesSet, sentSoFar) << "something was sent after the end";
-        return code.value_or(ExitCode::Usage);
-    }
-};
 
 TEST(Session, SavesAndRestoresTheMenu) {
     CliBench bench;
@@ -162,6 +125,11 @@ TEST(CommandLine, RefusesWhatItDoesNotUnderstand) {
              {"--demo", "-r", "/dev/ttyS0", "send", "FA;"},
              {"send", "Ω;"},
              {"send", "TX1;"},
+             {"backup"},
+             {"backup", "a", "b"},
+             {"save", "menu", "a", "--verify"},
+             {"restore", "menu", "a", "--verify", "--dry-run"},
+             {"restore", "menu", "a", "--with-cat"},
          }) {
         EXPECT_FALSE(parseArguments(bad)) << testing::PrintToString(bad);
     }

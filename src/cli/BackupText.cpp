@@ -1,0 +1,98 @@
+#include "cli/BackupText.h"
+
+#include <algorithm>
+
+#include "base/CodePage.h"
+#include "base/NumberText.h"
+#include "eq/EqItems.h"
+#include "memory/MemoryTables.h"
+#include "menu/MenuCommandTable.h"
+
+namespace korvex::cli {
+
+namespace {
+
+std::string column(std::string text, std::size_t width) {
+    text.resize(std::max(text.size() + 2, width), ' ');
+    return text;
+}
+
+std::string radioName(const std::string& answer) {
+    if (answer.empty()) return "(did not tell its model)";
+    if (answer == "ID0251;") return answer + " (FT-2000)";
+    if (answer == "ID0252;") return answer + " (FT-2000D)";
+    return answer;
+}
+
+std::string count(std::size_t number, const std::string& what) {
+    return std::to_string(number) + " " + what;
+}
+
+std::size_t registersOf(const DataItems& items) {
+    return static_cast<std::size_t>(
+        std::count_if(items.begin(), items.end(), [](const DataItem& item) { return item.name.ends_with(" BS"); }));
+}
+
+std::string holds(const BackupSummary::Part& part) {
+    const std::size_t items = part.items.size();
+    if (part.kind == "menu") return count(items, "menu items");
+    if (part.kind == "memory") return count(items, "channels");
+    if (part.kind == "list") return count(items, "channels, the same, with room for remarks");
+    if (part.kind == "bandstack") return count(registersOf(part.items), "registers");
+    return count(items, "texts");
+}
+
+/// The names of the refused items, and what is missing as a whole.
+std::vector<std::string> refusals(const BackupSummary::Part& part) {
+    std::vector<std::string> lines;
+    for (const auto& item : part.items) {
+        if (wasRefused(item)) lines.push_back(part.kind + " " + utf8FromWire(item.name));
+    }
+    if (part.kind == "memory" && part.items.size() < std::size_t{lastMemoryChannel}) {
+        lines.push_back(count(std::size_t{lastMemoryChannel} - part.items.size(), "memory channels: they are empty"));
+    }
+    for (int band = 0; part.kind == "bandstack" && band <= 10; ++band) {
+        const std::string name = zeroPadded(band, 2);
+        const bool told = std::any_of(part.items.begin(), part.items.end(),
+                                      [&](const DataItem& item) { return item.name.starts_with(name); });
+        if (!told) lines.push_back("the band stack of band " + name);
+    }
+    return lines;
+}
+
+std::string equalizerLine(const EqItem& item, const std::string& menu, const std::string& told) {
+    const auto value = eq::valueFromAnswer(item, told);
+    return menu + "  " + column(std::string(item.name), 26) + (value ? eq::displayText(item, *value) : told) + "\n";
+}
+
+}  // namespace
+
+std::string summaryText(const BackupSummary& summary) {
+    std::string text = "Backup of " + summary.timeOfDay + "\n\n";
+    text += "Radio  " + radioName(summary.radio) + "\n";
+    text += "Port   " + summary.port + "\n\n";
+    std::string refused;
+    for (const auto& part : summary.parts) {
+        text += column(part.file, 18) + holds(part) + "\n";
+        for (const auto& line : refusals(part)) refused += "  " + line + "\n";
+    }
+    text += column("equalizer.txt", 18) + "menu items 125 to 142 by name; what is restored is in the menu file\n";
+    text += "\nThe radio refused to tell" + (refused.empty() ? " nothing\n" : ":\n" + refused);
+    return text;
+}
+
+std::string equalizerText(const DataItems& menu) {
+    std::string text;
+    for (const int offset : {0, processorMenuOffset}) {
+        text += offset == 0 ? "Speech processor off\n" : "\nSpeech processor on\n";
+        for (std::size_t i = 0; i < eqItemCount; ++i) {
+            const std::string name = zeroPadded(firstEqMenu + offset + static_cast<int>(i), 3);
+            const auto item =
+                std::find_if(menu.begin(), menu.end(), [&](const DataItem& one) { return one.name == name; });
+            text += equalizerLine(eqItems.at(i), name, item == menu.end() ? "" : utf8FromWire(item->value));
+        }
+    }
+    return text;
+}
+
+}  // namespace korvex::cli

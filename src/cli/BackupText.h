@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/DataItems.h"
+
+namespace korvex::cli {
+
+/// What a backup's summary tells, UTF-8.
+struct BackupSummary {
+    std::string timeOfDay;
+    std::string radio;  ///< the answer to ID;, empty when there was none
+    std::string port;   ///< number and settings
+    struct Part {
+        std::string kind;
+        std::string file;
+        DataItems items;
+    };
+    std::vector<Part> parts;
+};
+
+/// A page that a person reads: what was saved, and what the radio refused to tell.
+std::string summaryText(const BackupSummary& summary);
+
+/// The equalizer's 18 menu items by name, for people: what is restored is in the menu file.
+std::string equalizerText(const DataItems& menu);
+
+}  // namespace korvex::cli

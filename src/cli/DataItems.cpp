@@ -1,0 +1,150 @@
+#include "cli/DataItems.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+#include "bandstack/BandStack.h"
+#include "bandstack/BandStackFile.h"
+#include "base/NumberText.h"
+#include "keyer/KeyerFile.h"
+#include "memory/MemoryFile.h"
+#include "memory/MemoryList.h"
+#include "memory/MemoryListFile.h"
+#include "memory/MemoryListWriter.h"
+#include "memory/MemoryRecord.h"
+#include "menu/MenuFile.h"
+
+namespace korvex::cli {
+
+namespace {
+
+/// Without the command in front and the ";" behind.
+std::string valueBehind(std::size_t head, const std::string& command) {
+    if (command.size() <= head) return command;
+    return command.substr(head, command.size() - head - (command.ends_with(';') ? 1 : 0));
+}
+
+Result<DataItems> menuItems(std::string_view content) {
+    const auto lines = menuFileLines(content);
+    if (!lines) return lines.error();
+    DataItems items;
+    for (std::size_t i = 0; i < std::min(lines->size(), std::size_t{menuItemCount}); ++i) {
+        const std::string& line = (*lines)[i];
+        if (line.empty()) continue;
+        constexpr std::size_t head = 5;  // EX042
+        const bool whole = line.starts_with("EX") && line.size() > head + 1;
+        const std::string row = zeroPadded(static_cast<int>(i) + 1, 3);
+        items.push_back({whole ? line.substr(2, 3) : row, whole ? valueBehind(head, line) : line, line, {}});
+    }
+    return items;
+}
+
+constexpr std::size_t memoryHead = 5;  // MW007
+
+Result<DataItems> memoryItems(std::string_view content) {
+    const auto lines = parseMemoryFile(content);
+    if (!lines) return lines.error();
+    DataItems items;
+    for (const auto& line : *lines) {
+        const std::string command = memoryWriteCommand(line);
+        const auto channel = std::string(memoryFieldIn(line, MemoryField::Channel));
+        items.push_back({channel, valueBehind(memoryHead, command), command, {}});
+    }
+    return items;
+}
+
+Result<DataItems> listItems(std::string_view content) {
+    const auto records = parseMemoryListFile(content);
+    MemoryList list;
+    list.replaceAll(records);
+    DataItems items;
+    for (const auto& [row, record] : records) {
+        const std::string command = memoryListCommand(list, row).value_or("");
+        items.push_back({channelText(row), valueBehind(memoryHead, memoryWriteCommand(record)), command,
+                         record[MemoryField::Remark]});
+    }
+    return items;
+}
+
+/// Which register a column holds: "05.2".
+std::string registerName(int column) {
+    constexpr int perBand = 3;
+    return zeroPadded((column - 1) / perBand, 2) + "." + std::to_string((column - 1) % perBand + 1);
+}
+
+DataItem bandStackItem(const BandStack& stack, int row, int column) {
+    const std::string cell = stack.wireText(row, column);
+    const std::string name = registerName(column) + " ";
+    if (row == 0) return {name + "BS", {}, cell, {}};
+    const std::string query = stack.wireText(row, 0);
+    const bool antenna = cell.starts_with("AN0");  // told with more digits than it is set with
+    return {name + query.substr(0, query.find(';')), cell, antenna ? cell.substr(0, 4) + ";" : cell, {}};
+}
+
+/// The registers in the order in which they are written; a band that the radio had refused is passed over.
+Result<DataItems> bandStackItems(std::string_view content) {
+    BandStack stack;
+    stack.initBandStackGrid();
+    BandStackFields parsed;
+    if (auto failure = parseBandStackText(content, parsed)) return *failure;
+    fillGrid(stack, parsed);
+    DataItems items;
+    for (int column = 1; column < BandStack::pastLastColumn; ++column) {
+        if (stack.wireText(1, column) == "?;") {
+            column += 2;
+            continue;
+        }
+        for (int row = 0; row <= BandStack::lastQueried; ++row) items.push_back(bandStackItem(stack, row, column));
+    }
+    return items;
+}
+
+Result<DataItems> keyerItems(std::string_view content) {
+    const auto rows = parseKeyerFile(content);
+    if (!rows) return rows.error();
+    KeyerTable table;
+    fillKeyerTable(table, *rows);
+    DataItems items;
+    for (int row = 1; row < KeyerTable::rows; ++row) {
+        const std::string name = "KM" + std::to_string(row);
+        if (const auto why = table.whyNotSendable(row); !why.empty()) {
+            return RuntimeError{errors::TypeMismatch, "Memory " + std::to_string(row) + ": " + why};
+        }
+        const std::string text = table.wireText(row, KeyerTable::textColumn);
+        items.push_back({name, text, name + text + ";", {}});
+    }
+    return items;
+}
+
+}  // namespace
+
+Result<DataItems> dataItems(const std::string& kind, std::string_view content) {
+    using Reader = Result<DataItems> (*)(std::string_view);
+    static const std::map<std::string, Reader> readers = {{"menu", menuItems},
+                                                          {"memory", memoryItems},
+                                                          {"list", listItems},
+                                                          {"bandstack", bandStackItems},
+                                                          {"keyer", keyerItems}};
+    const auto reader = readers.find(kind);
+    if (reader == readers.end()) {
+        return RuntimeError{errors::TypeMismatch, "there is no kind of file called " + kind};
+    }
+    return reader->second(content);
+}
+
+bool wasRefused(const DataItem& item) {
+    return item.value == "?;" || item.value == "?";
+}
+
+bool setsCatLine(std::string_view command) {
+    std::string letters;
+    for (const char c : command) {
+        if (c != ' ') letters += asciiUpper(c);
+    }
+    constexpr std::array<std::string_view, 3> heads = {"EX028", "EX029", "EX030"};
+    return std::any_of(heads.begin(), heads.end(),
+                       [&](std::string_view head) { return letters.find(head) != std::string::npos; });
+}
+
+}  // namespace korvex::cli

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/RuntimeError.h"
+
+namespace korvex::cli {
+
+/// One item of a data file. All but the name is wire text.
+struct DataItem {
+    std::string name;     ///< "042" of the menu, "007" of the memories, "05.2 MD0" of the band stack, "KM1"
+    std::string value;    ///< what the radio has, or had; empty for what is a command and no setting
+    std::string command;  ///< what brings it into the radio; empty: nothing is sent for it
+    std::string remark;   ///< of a memory list, where the radio has no place for it
+};
+
+using DataItems = std::vector<DataItem>;
+
+/// What a file of this kind ("menu", "memory", "list", "bandstack", "keyer") says, in the order in which it is sent.
+/// Refused is what the kind's own restore refuses.
+Result<DataItems> dataItems(const std::string& kind, std::string_view content);
+
+/// The value of an item that the radio has refused to tell.
+bool wasRefused(const DataItem& item);
+
+/// The radio's own CAT settings, menu items 028 to 030: speed, time-out, RTS. Whoever changes them may cut the line.
+bool setsCatLine(std::string_view command);
+
+}  // namespace korvex::cli

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "cli/Job.h"
+#include "cli/LineSender.h"
+#include "cli/ScratchFolder.h"
+
+namespace korvex::cli {
+
+/// restore-all DIR: what a backup has saved goes back into the radio. The radio's own CAT settings are left out, or
+/// come last of all, so that no item can cut the line that the others need. The list is in the folder for its remarks:
+/// its channels are those of the memory file, which is written.
+class RestoreAllJob : public Job {
+public:
+    explicit RestoreAllJob(Workshop workshop);
+
+    std::optional<ExitCode> prepare() override;
+    std::vector<Step> steps() override;
+    ExitCode conclude() override;
+    void abandon() override;
+
+private:
+    struct Part {
+        const FileKind* kind;
+        std::string file;  ///< what is written
+        DataItems items;
+        std::set<std::string> refused;
+    };
+    std::optional<ExitCode> takeParts();
+    bool takePart(const std::string& name);
+    Failure separateCatLines(Part& menu);
+    void addSteps(std::vector<Step>& steps, Part& part);
+    Step catStep();
+
+    Workshop m_workshop;
+    ScratchFolder m_scratch;
+    LineSender m_sender;
+    std::vector<Part> m_parts;
+    DataItems m_catItems;
+    std::vector<std::string> m_finished;
+};
+
+}  // namespace korvex::cli

@@ -1,0 +1,215 @@
+#include <algorithm>
+#include <set>
+
+#include "cli/CliBench.h"
+#include "radio/StateText.h"
+
+namespace korvex::cli {
+namespace {
+
+/// Another owner's radio: everything differs somewhere, and its registers were left at other places.
+RadioState otherRadio() {
+    RadioState state = ownersRadio();
+    state.menu.at(20) = state.menu.at(20) == "0" ? "1" : "0";
+    state.menu.at(28) = state.menu.at(28) == "0" ? "3" : "0";
+    state.menu.at(29) = state.menu.at(29) == "0" ? "1" : "0";
+    state.menu.at(42) = "007";
+    state.menu.at(126) = "-20";
+    state.memories.at(1) = "07000000+000000300000";
+    state.memories.at(2).reset();
+    state.memories.at(60) = "21000000+000000300000";
+    state.memories.at(100) = "21000000+000000300000";
+    for (auto& text : state.keyer) text = "QRX";
+    for (auto& registers : state.registers) {
+        registers["MD0"] = "2";
+        registers["NB0"] = "0";
+        registers["AN5"] = "1";
+        registers["RF0"] = "1";
+    }
+    state.lastUsed.fill(1);
+    state.radio["FB"] = "14000000";
+    state.radio["KR"] = "0";
+    state.radio["MG"] = "001";
+    return state;
+}
+
+std::set<std::string> lines(const RadioState& state) {
+    std::set<std::string> all;
+    std::istringstream text(stateText(state));
+    for (std::string line; std::getline(text, line);) {
+        // Registers of a band have no fixed first one.
+        if (line.starts_with("register ")) line.erase(11, 2);
+        all.insert(line);
+    }
+    return all;
+}
+
+/// The keys of the lines of `one` that `other` does not have.
+std::set<std::string> keysOnlyIn(const RadioState& one, const RadioState& other) {
+    const auto present = lines(other);
+    std::set<std::string> keys;
+    for (const auto& line : lines(one)) {
+        if (!present.contains(line)) keys.insert(line.substr(0, line.find(" =")));
+    }
+    return keys;
+}
+
+struct WholeRadio : testing::Test {
+    CliBench bench;
+    const std::string dir = bench.folder.file("backups");
+    const std::string backup = dir + "/korvex-2026-11-22-234254";
+
+    std::string file(const std::string& name) const { return backup + "/" + name; }
+    std::string saved(const std::string& name) const { return fakes::fileContent(file(name)); }
+    bool said(const std::string& text) const { return bench.out.str().find(text) != std::string::npos; }
+    bool isEmpty() const { return !std::filesystem::exists(dir) || std::filesystem::is_empty(dir); }
+};
+
+TEST_F(WholeRadio, GoesFromOneRadioIntoAnother) {
+    const RadioState first = bench.ports.radio().state;
+    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done) << bench.err.str();
+    EXPECT_EQ(bench.out.str(), backup + "\n");
+    bench.ports.radio().state = otherRadio();
+    ASSERT_EQ(bench.run({"restore-all", backup}), ExitCode::Done) << bench.err.str();
+    const auto& second = bench.ports.radio().state;
+    const std::set<std::string> stays = {
+        "MG",                        // no file holds it
+        "keyer 4",                   // empty in the first radio
+        "memory 060", "memory 100",  // empty in the first radio; scan limits
+        "menu 028",   "menu 029",    // left out
+    };
+    auto differs = keysOnlyIn(first, second);
+    std::erase_if(differs, [](const std::string& key) { return key.starts_with("last used") || key == "band"; });
+    EXPECT_EQ(differs, stays);
+    EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
+
+    EXPECT_EQ(bench.run({"restore-all", "--with-cat", backup}), ExitCode::Done);
+    EXPECT_EQ(second.menu, first.menu);
+    EXPECT_TRUE(bench.sent.ends_with("EX0291;\nEX0300;\nEX0283;\n")) << bench.sent.substr(bench.sent.size() - 60);
+}
+
+TEST_F(WholeRadio, BackupHasTheFilesOfEachSaveAndAPageToRead) {
+    ASSERT_EQ(bench.run({"-s", "38400,n,8,2", "backup", dir}), ExitCode::Done);
+    for (const std::string kind : {"menu.mnu", "memory.mem", "list.mef", "keyer.kem"}) {
+        const std::string own = bench.folder.file(kind);
+        EXPECT_EQ(bench.run({"save", kind.substr(0, kind.find('.')), own}), ExitCode::Done);
+        EXPECT_EQ(fakes::fileContent(own), saved(kind)) << kind;
+    }
+    EXPECT_EQ(bench.run({"compare", file("bandstack.bsr"), "radio"}), ExitCode::Done);
+    const std::string summary = saved("summary.txt");
+    for (const std::string part : {"2026-11-22 23:42:54", "ID0251; (FT-2000)", "38400,n,8,2", "149 menu items",
+                                   "25 channels\n", "33 registers", "74 memory channels: they are empty"}) {
+        EXPECT_NE(summary.find(part), std::string::npos) << part << "\n" << summary;
+    }
+    const std::string equalizer = saved("equalizer.txt");
+    EXPECT_EQ(std::count(equalizer.begin(), equalizer.end(), '\n'), 21);
+    EXPECT_NE(bench.run({"backup", dir}), ExitCode::Done) << "a backup of the same second was overwritten";
+}
+
+TEST_F(WholeRadio, NoBackupIsHalf) {
+    auto& faults = bench.ports.faults();
+    for (const int commands : {0, 1, 100, 160, 300, 1000, 1010, 1080}) {
+        faults.deafAfter = commands;
+        EXPECT_EQ(bench.run({"backup", dir}), ExitCode::Answers) << commands;
+        faults = {};
+        faults.unplugged = commands;
+        EXPECT_EQ(bench.run({"backup", dir}), ExitCode::Port) << commands;
+        faults = {};
+        bench.ports.plugIn();
+        EXPECT_TRUE(isEmpty()) << commands;
+    }
+    bench.meanwhile = [this](Session& session) { bench.clock.after(40'000, [&session] { session.interrupt(); }); };
+    EXPECT_EQ(bench.run({"backup", dir}), ExitCode::Interrupted);
+    EXPECT_TRUE(isEmpty());
+    bench.meanwhile = nullptr;
+    fakes::writeFile(bench.folder.file("file"), "");
+    EXPECT_EQ(bench.run({"backup", bench.folder.file("file")}), ExitCode::File);
+}
+
+TEST_F(WholeRadio, WhatTheRadioRefusesToTellIsLeftOutAndTold) {
+    bench.ports.faults().refusesItems = {"EX042", "BS02"};
+    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done) << bench.err.str();
+    EXPECT_NE(saved("summary.txt").find("  menu 042\n"), std::string::npos) << saved("summary.txt");
+    bench.ports.faults() = {};
+    bench.ports.radio().state.menu.at(42) = "007";
+    bench.ports.radio().state.keyer.at(4) = "";
+    EXPECT_EQ(bench.run({"restore-all", "--verify", backup}), ExitCode::Done) << bench.out.str();
+    EXPECT_EQ(bench.ports.radio().state.menu.at(42), "007");
+}
+
+TEST_F(WholeRadio, RestoreTellsOfEachItemWhetherItTook) {
+    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
+    bench.ports.radio().state = otherRadio();
+    bench.ports.faults().refusesItems = {"EX042", "MW001", "KM2", "NB0"};
+    EXPECT_EQ(bench.run({"restore", "memory", "--verify", file("memory.mem")}), ExitCode::Different);
+    EXPECT_TRUE(said("001: refused, wanted \"14074000+000000C00000\", the radio has \"07000000+000000300000\"\n"));
+    EXPECT_TRUE(said("memory: 1 refused 24 written\n")) << bench.out.str();
+    EXPECT_EQ(bench.run({"restore", "list", "--verify", file("list.mef")}), ExitCode::Different);
+    EXPECT_TRUE(said("list: 1 refused 24 written\n")) << bench.out.str();
+    bench.ports.faults() = {};
+    bench.ports.faults().forgetsWrite = 2;
+    EXPECT_EQ(bench.run({"restore", "keyer", "--verify", file("keyer.kem")}), ExitCode::Different);
+    EXPECT_TRUE(said("KM2: different, wanted \"DE DL1XYZ\", the radio has \"QRX\"\n")) << bench.out.str();
+    bench.ports.faults() = {};
+    EXPECT_EQ(bench.run({"restore", "bandstack", "--verify", file("bandstack.bsr")}), ExitCode::Done);
+    EXPECT_EQ(bench.run({"restore", "menu", "--verify", file("menu.mnu")}), ExitCode::Done);
+    EXPECT_TRUE(said("042: written\n"));
+    bench.ports.faults().deafAfter = 200;
+    EXPECT_EQ(bench.run({"restore", "menu", "--verify", file("menu.mnu")}), ExitCode::Answers);
+}
+
+TEST_F(WholeRadio, DryRunSaysWhatWouldBeSentWithoutARadio) {
+    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
+    for (const std::string name : {"menu.mnu", "memory.mem", "list.mef", "bandstack.bsr", "keyer.kem"}) {
+        const std::string kind = name.substr(0, name.find('.'));
+        ASSERT_EQ(bench.run({"restore", kind, file(name)}), ExitCode::Done) << kind;
+        std::string sent = bench.sent;
+        // What is sent for the antennas depends on how the radio stands.
+        for (const std::string query : {"AN0;\n", "AN05;\n"}) {
+            for (auto at = sent.find(query); at != std::string::npos; at = sent.find(query))
+                sent.erase(at, query.size());
+        }
+        bench.ports.unplug();
+        EXPECT_EQ(bench.run({"restore", kind, "--dry-run", file(name)}), ExitCode::Done);
+        EXPECT_EQ(bench.out.str(), sent) << kind;
+        bench.ports.plugIn();
+    }
+    EXPECT_EQ(bench.run({"restore-all", "--dry-run", backup}), ExitCode::Done);
+    EXPECT_TRUE(said("EX031")) << bench.out.str();
+    EXPECT_FALSE(said("EX028"));
+    EXPECT_EQ(bench.sent, "");
+}
+
+TEST_F(WholeRadio, ComparesItemByItem) {
+    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
+    const std::string menu = file("menu.mnu");
+    EXPECT_EQ(bench.run({"compare", menu, menu}), ExitCode::Done);
+    EXPECT_EQ(bench.out.str(), "");
+    bench.ports.radio().state.menu.at(42) = "007";
+    EXPECT_EQ(bench.run({"compare", menu, "radio"}), ExitCode::Different);
+    EXPECT_TRUE(said("042: \"")) << bench.out.str();
+    EXPECT_TRUE(said(" | \"007\"\n")) << bench.out.str();
+    EXPECT_EQ(bench.out.str().find("\n"), bench.out.str().size() - 1) << bench.out.str();
+
+    std::string list = saved("list.mef");
+    list.insert(list.find("\r\n"), "beacon");
+    const std::string remarked = bench.folder.file("mine.mef");
+    fakes::writeFile(remarked, list);
+    EXPECT_EQ(bench.run({"compare", remarked, file("list.mef")}), ExitCode::Different);
+    EXPECT_EQ(bench.run({"compare", "radio", remarked}), ExitCode::Done) << bench.out.str();
+    EXPECT_EQ(bench.run({"compare", "--kind", "memory", file("memory.mem"), file("keyer.kem")}), ExitCode::Different);
+    EXPECT_EQ(bench.run({"compare", file("summary.txt"), "radio"}), ExitCode::Usage);
+    EXPECT_EQ(bench.run({"compare", menu, bench.folder.file("none.mnu")}), ExitCode::File);
+}
+
+TEST_F(WholeRadio, NothingIsSentWhenOneFileIsBad) {
+    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
+    fakes::writeFile(file("bandstack.bsr"), "||BS00;|\r\n|AC;|TX1;|\r\n|\r\n");
+    EXPECT_EQ(bench.run({"restore-all", backup}), ExitCode::File);
+    EXPECT_EQ(bench.sent, "");
+    EXPECT_EQ(bench.run({"restore-all", dir}), ExitCode::File) << "a folder without a backup";
+    EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
+}
+
+}  // namespace
+}  // namespace korvex::cli
