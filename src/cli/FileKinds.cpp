@@ -40,6 +40,21 @@ FileKind menuKind(Program& program) {
              {}}};
 }
 
+/// Noise on the line makes answers that no radio gives.
+std::string memoryObjection(const MemoryReader& reader) {
+    if (reader.damaged() == 0) return {};
+    return std::to_string(reader.damaged()) + " memories came through damaged";
+}
+
+std::string bandStackObjection(const BandStack& stack) {
+    int strange = 0;
+    for (int column = 1; column < BandStack::pastLastColumn; ++column) {
+        if (stack.wireText(1, column) == "?;") continue;  // a band that the radio does not have
+        for (int row = 1; row <= BandStack::lastQueried; ++row) strange += stack.answersItsQuery(row, column) ? 0 : 1;
+    }
+    return strange == 0 ? "" : std::to_string(strange) + " band stack values came through damaged or out of order";
+}
+
 FileKind memoryKind(Program& program) {
     return {"memory",
             "mem",
@@ -48,7 +63,7 @@ FileKind memoryKind(Program& program) {
                  return std::nullopt;
              },
              &program.memory.reader.ended,
-             {},
+             [&program] { return memoryObjection(program.memory.reader); },
              {}},
             {[&program] {
                  program.memory.restorer.mnu_restMem_Click();
@@ -68,8 +83,7 @@ FileKind memoryListKind(Program& program) {
                  memory.reader.mnu_MemSaveFromFT2000_Click();
                  return std::nullopt;
              },
-             &memory.reader.ended,
-             {},
+             &memory.reader.ended, [&memory] { return memoryObjection(memory.reader); },
              [&memory] { return memory.listFiles.saveListFile(); }},
             {[&memory]() -> std::optional<TransferEnd> {
                  const TransferEnd loaded = memory.listFiles.loadListFile();
@@ -91,7 +105,7 @@ FileKind bandStackKind(Program& program) {
                  return std::nullopt;
              },
              &window.reader().ended,
-             {},
+             [&window] { return bandStackObjection(window.stack()); },
              {}},
             {[&window]() -> std::optional<TransferEnd> {
                  const TransferEnd loaded = window.loadBandStackFile();

@@ -32,6 +32,8 @@ public:
     void saveMemoryFile();
 
     bool running() const { return m_toFile.timer->Enabled() || m_toList.timer->Enabled(); }
+    /// How many answers of the last reading cannot be what the radio said.
+    int damaged() const { return m_damaged; }
     Signal<TransferEnd> ended;
 
 private:
