@@ -13,7 +13,10 @@
 #include <QScrollBar>
 #include <QToolButton>
 #include <gtest/gtest.h>
+#include <sstream>
 
+#include "cli/Session.h"
+#include "desktop/ui/Desktop.h"
 #include "fakes/ProgramBench.h"
 #include "memory/ui/frmChannelinfo.h"
 #include "memory/ui/frmMem.h"
@@ -198,6 +201,57 @@ TEST_F(MemoryWindows, OpenWholeAndRememberTheirPlaces) {
     EXPECT_EQ(bench.settings.values["Settings/MemoryWidth"], "6165");
     EXPECT_EQ(bench.settings.values["Settings/SavePath3"], bench.folder.path() + "/files");
     EXPECT_FALSE(link.indicators().memoryEditorVisible);
+}
+
+/// The whole program with its windows, on the simulated radio.
+TEST(MemoryManagerFromTheStartWindow, SavesWhatTheCommandLineCarriesOn) {
+    fakes::ProgramBench<SimulatedPorts> bench;
+    Program& program = bench.program;
+    Desktop desktop(program);
+    desktop.showStartWindow();
+    const auto window = [](const char* name) -> QWidget* {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (widget->objectName() == QLatin1String(name)) return widget;
+        }
+        return nullptr;
+    };
+    const auto trigger = [&](const char* form, const char* entry) {
+        window(form)->findChild<QAction*>(QLatin1String(entry))->trigger();
+        QApplication::processEvents();
+    };
+    program.startWindow.Command1_Click(StartWindow::MemoryManager);
+    bench.clock.advance(400);
+    for (const char* name : {"frmMem", "frmChannelinfo", "frmTerm"}) EXPECT_TRUE(window(name)->isVisible()) << name;
+    EXPECT_EQ(window("frmMem")->findChild<QLabel*>(QStringLiteral("Port"))->text().toStdString(), "ComPort closed");
+
+    trigger("frmChannelinfo", "mnu_openCloseComPort");
+    bench.clock.advance(1200);
+    const std::string saved = bench.folder.file("saved.mem");
+    bench.fileDialog.choose(saved);
+    trigger("frmTerm", "mnu_saveMem");
+    bench.clock.advance(11'000);
+    trigger("frmMem", "mnu_Ende");
+    EXPECT_FALSE(window("frmMem")->isVisible());
+    program.link.closePort();
+
+    cli::GivenFile given;
+    std::ostringstream output;
+    const auto korvexctl = [&](const char* verb, const std::string& file) {
+        Program another({bench.clock, bench.ports, bench.settings, given, bench.msgBox, bench.shell, bench.database,
+                         bench.folder.path()});
+        cli::Session session(another, given, *cli::parseArguments({verb, "memory", file}), {output, output, {}});
+        std::optional<cli::ExitCode> code;
+        const auto finished = session.finished.connect([&](cli::ExitCode result) { code = result; });
+        session.start();
+        bench.clock.advance(20'000);
+        return code;
+    };
+    for (auto& channel : bench.ports.radio().state.memories) channel.reset();
+    const std::string again = bench.folder.file("again.mem");
+    EXPECT_EQ(korvexctl("restore", saved), cli::ExitCode::Done);
+    EXPECT_EQ(korvexctl("save", again), cli::ExitCode::Done);
+    EXPECT_EQ(fakes::fileContent(again), fakes::fileContent(saved));
+    EXPECT_GT(fakes::fileContent(saved).size(), 100U);
 }
 
 }  // namespace
