@@ -43,7 +43,11 @@ void Program::portSettingsStored() {
 StartWindowCalls Program::startWindowCalls() {
     return {
         .closeEqualizerPort = [this] { eqWindow.closePort(); },
-        .hideTools = [this] { windows.hideAll(); },
+        .hideTools =
+            [this] {
+                terminal.forgetEqualizerSwitch();
+                windows.hideAll();
+            },
         .openTool = [this](int tool) { openTool(tool); },
         .openHelp =
             [this] {

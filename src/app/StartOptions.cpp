@@ -64,6 +64,8 @@ Result<StartOptions> parseStartOptions(const std::vector<std::string>& arguments
         const std::string value = equals == std::string::npos ? arguments[++i] : argument.substr(equals + 1);
         if (auto failure = option->second(options, value)) return *failure;
     }
+    if (options.demo && options.ports.contains(1))
+        return wrong("--demo takes port 1; --port 1=... cannot stand beside it");
     return options;
 }
 

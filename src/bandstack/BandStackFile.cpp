@@ -61,7 +61,10 @@ Failure parseBandStackText(std::string_view content, BandStackFields& parsed) {
         parsed.fields.push_back(text.substr(bar + 1, next - bar - 1));
         bar = next;
     }
-    parsed.lacksQueryColumn = !parsed.fields.empty() && !parsed.fields.front().empty();
+    if (parsed.fields.empty()) {
+        return RuntimeError{errors::TypeMismatch, "The file holds no band stack registers."};
+    }
+    parsed.lacksQueryColumn = !parsed.fields.front().empty();
     if (std::any_of(parsed.fields.begin(), parsed.fields.end(), keysTransmitter)) {
         return RuntimeError{errors::TypeMismatch, "The file holds a command that would key the transmitter."};
     }
@@ -74,7 +77,7 @@ void fillGrid(BandStack& stack, const BandStackFields& parsed) {
     emptyCells(grid);
     // A spare column takes the line ends, which stand between two bars as any cell does.
     grid.setCols(grid.Cols() + 1);
-    if (parsed.rows) grid.setRows(*parsed.rows);
+    grid.setRows(parsed.rows.value_or(BandStack::rows));
     if (parsed.lacksQueryColumn) stack.setEarlierQueryLabels();
     auto field = parsed.fields.begin();
     for (int row = 0; row < grid.Rows(); ++row) {

@@ -36,6 +36,7 @@ BandStackWindow::BandStackWindow(BandStackNeeds needs)
       m_reader(m_needs.terminal, m_needs.clock, m_stack),
       m_writer(m_needs.terminal, m_needs.clock, m_stack) {
     m_reader.saveBandStackFile = [this] { return saveBandStackFile(); };
+    m_stack.initBandStackGrid();
     auto& grid = m_stack.FlexGrid1;
     grid.setFixed(1, 1);
     grid.setColWidth(0, queryColumnWidth);
@@ -59,6 +60,8 @@ void BandStackWindow::mnu_writeBandStack_Click() {
     if (m_needs.terminal.link().PortOpen()) {
         m_reader.stop();
         m_writer.stop();
+        // A file may have left fewer rows; the antenna step needs its own.
+        if (m_stack.FlexGrid1.Rows() < BandStack::rows) m_stack.FlexGrid1.setRows(BandStack::rows);
     }
     m_writer.mnu_writeBandStack_Click();
 }
@@ -76,7 +79,7 @@ void BandStackWindow::closeBox() {
 }
 
 FileDialogRequest BandStackWindow::request(FileDialogRequest::Mode mode) const {
-    return {mode, "", "Flat File (*.bsr)|*.bsr|All Files (*.*)|*.*", Text2, ""};
+    return {mode, "", "Flat File (*.bsr)|*.bsr|All Files (*.*)|*.*", Text2, "bsr"};
 }
 
 void BandStackWindow::remember(const std::string& file) {
@@ -106,6 +109,7 @@ TransferEnd BandStackWindow::loadBandStackFile() {
     remember(*file);
     const auto failure = readFile(*file);
     showLoadError(failure ? failure->number : 0);
+    if (failure) dateipath = "Not loaded: " + failure->text;
     return failure ? TransferEnd::FileFailed : TransferEnd::Done;
 }
 

@@ -46,7 +46,10 @@ void AnswerRouter::take(std::string_view wire) {
         accumulate(piece);
         if (end == std::string_view::npos) break;
         if (route->breaksLine) m_received.append(crLf);
-        if (runAnswerStep(code) == Rest::Discard) return;
+        m_rest = wire;
+        const Rest rest = runAnswerStep(code);
+        m_rest = {};
+        if (rest == Rest::Discard) return;
     }
     const auto batch = m_batchSteps.find(code);
     if (batch != m_batchSteps.end()) batch->second();

@@ -110,6 +110,16 @@ void CatLink::Timer2_Timer() {
 }
 
 bool CatLink::drainAndClose() {
+    if (m_draining) return false;  // asked again from an event that ran while the first one waits
+    m_draining = true;
+    const bool mayClose = drain();
+    m_draining = false;
+    // Closing drops what the user chose to ignore.
+    if (mayClose) closePort();
+    return mayClose;
+}
+
+bool CatLink::drain() {
     constexpr int stepMs = 20;
     constexpr std::int64_t patienceMs = 10'000;
     std::int64_t waitingSince = m_clock.now();
@@ -122,8 +132,6 @@ bool CatLink::drainAndClose() {
         if (answer == MsgAnswer::Ignore) break;
         waitingSince = m_clock.now();
     }
-    // Closing drops what the user chose to ignore.
-    closePort();
     return true;
 }
 

@@ -67,6 +67,7 @@ public:
     bool drainAndClose();
 
 private:
+    bool drain();
     void onComm(CommEvent event);
     void onLost(const RuntimeError& error);
     void Timer2_Timer();
@@ -86,6 +87,7 @@ private:
     CommTest m_commTest;
     ConnectClock m_connectClock;
     std::unique_ptr<Timer> m_timer2;
+    bool m_draining = false;
     Connections m_connections;
 };
 

@@ -23,18 +23,29 @@ void PortSettings::Form_Load() {
 void PortSettings::listAvailablePorts() {
     m_link.closePort();
     const int before = m_port.CommPort();
+    // Hardware handshaking would raise RTS, and behind any of these ports may be what keys a transmitter.
+    const int chosenHandshaking = m_port.Handshaking();
+    static_cast<void>(m_port.setHandshaking(0));
     const auto known = m_ports.list();
     cboPort.clear();
     for (int number = 1; number <= 20; ++number) {
-        if (m_port.setCommPort(number) || m_port.setPortOpen(true)) continue;
-        static_cast<void>(m_port.setPortOpen(false));
+        if (!canBeOpened(number)) continue;
         const auto info =
             std::find_if(known.begin(), known.end(), [number](const auto& port) { return port.number == number; });
         cboPort.push_back({number, info == known.end() ? std::string() : info->description});
     }
+    static_cast<void>(m_port.setHandshaking(chosenHandshaking));
     // Looking is not choosing: leaving the dialog by "Exit" must leave the port number as it was.
     const auto stored = parseWhole(m_settings.get(applicationName, portSection, portkeys::commPort, ""));
     if (!stored || m_port.setCommPort(*stored)) static_cast<void>(m_port.setCommPort(before));
+}
+
+bool PortSettings::canBeOpened(int number) {
+    if (m_port.setCommPort(number)) return false;
+    const Failure failure = m_port.setPortOpen(true);
+    static_cast<void>(m_port.setPortOpen(false));
+    // A port that is only asked for a format it cannot do is there; another format is chosen in this very dialog.
+    return !failure || failure->number == errors::LineNotSupported;
 }
 
 void PortSettings::loadPortSettingsIntoDialog() {

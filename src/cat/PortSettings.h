@@ -48,6 +48,7 @@ public:
 
 private:
     void listAvailablePorts();
+    bool canBeOpened(int number);
     void loadPortSettingsIntoDialog();
     void selectCurrentPort();
     Failure applyPortNumber();

@@ -27,9 +27,9 @@ void TrafficDisplay::set(std::string_view wire) {
     tell();
 }
 
-void TrafficDisplay::dropLast() {
-    if (m_text.empty()) return;
-    m_text.pop_back();
+void TrafficDisplay::dropLast(std::string_view wire) {
+    if (!m_text.ends_with(wire)) return;
+    m_text.resize(m_text.size() - wire.size());
     m_replaceAll = true;
     tell();
 }

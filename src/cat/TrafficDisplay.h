@@ -21,8 +21,8 @@ public:
     void append(std::string_view wire);
     void set(std::string_view wire);
     void clear() { set({}); }
-    /// Takes back the last character, as the Backspace key does while typing.
-    void dropLast();
+    /// Takes back what stands last, as the Backspace key does while typing; nothing happens when something else does.
+    void dropLast(std::string_view wire);
 
     const std::string& text() const { return m_text; }
 

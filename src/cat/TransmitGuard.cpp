@@ -8,11 +8,9 @@
 namespace korvex {
 
 bool keysTransmitter(std::string_view wire) {
-    constexpr std::array<std::string_view, 5> keying = {"TX1", "TX2", "MX1", "KY", "AC002"};
+    constexpr std::array<std::string_view, 6> keying = {"TX1", "TX2", "MX1", "VX1", "KY", "AC002"};
     while (!wire.empty()) {
-        while (!wire.empty() && (wire.front() == ' ' || wire.front() == '\r' || wire.front() == '\n')) {
-            wire.remove_prefix(1);
-        }
+        while (!wire.empty() && static_cast<unsigned char>(wire.front()) <= ' ') wire.remove_prefix(1);
         const auto command = wire.substr(0, wire.find(';'));
         for (const auto key : keying) {
             const bool same =

@@ -4,9 +4,9 @@
 
 namespace korvex {
 
-/// Whether a line of a data file holds a command that makes the radio transmit: TX1 TX2 (transmit), MX1 (MOX), KY
-/// (plays a keyer memory on the air), AC002 (starts the antenna tuner). Letters of either case, as the radio takes
-/// them.
+/// Whether a line of a data file holds a command that makes the radio transmit: TX1 TX2 (transmit), MX1 (MOX), VX1
+/// (VOX: the next noise keys it), KY (plays a keyer memory on the air), AC002 (starts the antenna tuner). Letters of
+/// either case, as the radio takes them.
 bool keysTransmitter(std::string_view wire);
 
 }  // namespace korvex

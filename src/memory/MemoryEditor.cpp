@@ -102,6 +102,7 @@ void MemoryEditor::loadEditorFromList() {
 
 std::optional<std::string> MemoryEditor::Text1_Change(const std::string& utf8) {
     if (const auto character = firstInexpressible(utf8)) return "\"" + *character + "\" cannot be kept in a list file";
+    if (utf8.find_first_of("\r\n") != std::string::npos) return "A line end cannot be kept in a list file";
     Text1 = utf8;
     return std::nullopt;
 }

@@ -53,7 +53,25 @@ void MenuReader::begin() {
     Timer4_Timer();
 }
 
+bool MenuReader::wasAskedFor(const std::string& answer) const {
+    // The late answer to the communication test, news of a turned dial or the rest of another operation would move
+    // every later answer into the wrong row.
+    if (m_answerIndex >= m_sendIndex) return false;
+    return answer.find("EX") != std::string::npos || answer.find('?') != std::string::npos;
+}
+
+bool MenuReader::ownsAnswers() const {
+    const auto active = m_link.activeOperation();
+    return active == ActiveOperation::MenuReadToFile || active == ActiveOperation::MenuReadToManager;
+}
+
 void MenuReader::Timer4_Timer() {
+    if (!ownsAnswers()) {
+        // Another operation was started meanwhile: progress and panels are its own now.
+        m_timer4->setEnabled(false);
+        ended.emit(TransferEnd::NoAnswer);
+        return;
+    }
     if (m_phase.isSet() && m_link.PortOpen()) {
         if (m_sendIndex == allSent) {
             fail();
@@ -88,6 +106,7 @@ void MenuReader::stop() {
 Rest MenuReader::takeAnswer(ActiveOperation code) {
     if (!m_timer4->Enabled()) return Rest::GoOn;
     const std::string answer = m_link.answers().takeAnswer();
+    if (!wasAskedFor(answer)) return Rest::GoOn;
     m_table.setAnswer(m_answerIndex, answer);
     // The answer to the communication test may still come in between: its digits are no item.
     const bool ofItem = answer.size() > 5 && answer.starts_with("EX");
@@ -95,7 +114,9 @@ Rest MenuReader::takeAnswer(ActiveOperation code) {
         placeAnswer(answer.substr(2, 3), answer.substr(5, answer.size() - 6));
     }
     ++m_answerIndex;
-    if (m_sendIndex != allSent) return Rest::GoOn;
+    // What has arrived already is not thrown away: answers that came together are all taken.
+    const bool moreHere = m_answerIndex <= menuItemCount && m_link.answers().moreInThisRead();
+    if (m_sendIndex != allSent || moreHere) return Rest::GoOn;
     stop();
     if (code == ActiveOperation::MenuReadToFile) {
         saveMenuFile();

@@ -44,6 +44,8 @@ public:
 private:
     void begin();
     void Timer4_Timer();
+    bool ownsAnswers() const;
+    bool wasAskedFor(const std::string& answer) const;
     void sendNext();
     void fail();
     void stop();

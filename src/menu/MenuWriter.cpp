@@ -57,6 +57,12 @@ bool MenuWriter::loadMenuFile() {
 }
 
 void MenuWriter::Timer6_Timer() {
+    if (m_link.activeOperation() != ActiveOperation::MenuWrite) {
+        // Another operation was started meanwhile: progress and panels are its own now.
+        m_timer6->setEnabled(false);
+        ended.emit(TransferEnd::NoAnswer);
+        return;
+    }
     if (m_phase.isSet()) writeNext();
     if (m_writeIndex == menuItemCount + 1) {
         finish();

@@ -69,9 +69,12 @@ void Terminal::term3_KeyPress(std::string_view character) {
 }
 
 void Terminal::term3_Backspace() {
-    if (Label1.get().empty() || Label1.get().back() == '\r') return;
-    Label1 = Label1.get().substr(0, Label1.get().size() - 1);
-    m_needs.link.sent().dropLast();
+    std::string typed = Label1;
+    if (typed.empty()) return;
+    const std::string shown = typed.back() == '\r' ? std::string(crLf) : typed.substr(typed.size() - 1);
+    typed.pop_back();
+    Label1 = typed;
+    m_needs.link.sent().dropLast(shown);
 }
 
 void Terminal::term3_Paste(std::string_view utf8) {

@@ -51,7 +51,7 @@ public:
     /// A typed character (UTF-8) or "\r" for Enter. What Windows-1252 cannot express is refused with a hint in the
     /// panel "Error". Enter sends what was typed, without the Enter, if the port is open.
     void term3_KeyPress(std::string_view character);
-    /// Takes back the last typed character.
+    /// Takes back the last typed character, or the Enter that did not send because the port was closed.
     void term3_Backspace();
     /// Typed as a whole; line ends in it are dropped, so that nothing is sent before Enter.
     void term3_Paste(std::string_view utf8);
@@ -64,6 +64,8 @@ public:
     void mnu_memory_Click();
     void mnu_equalizer_Click();
     void mnu_keyer_Click();
+    /// Another tool has been picked before the switch to the equalizer came about.
+    void forgetEqualizerSwitch() { m_timer10->setEnabled(false); }
 
     Property<std::string> Label1;   ///< the transmit buffer, wire text: typed and not yet sent
     Property<std::string> Text2;    ///< the line that a write has just sent, UTF-8

@@ -21,6 +21,7 @@ TEST(StartOptions, TakesPortsFoldersAndRefusesNonsense) {
                                                        {"--port", "1"},
                                                        {"--port", "1="},
                                                        {"--settings"},
+                                                       {"--demo", "--port", "1=/dev/x"},
                                                        {"shack.mnu"}}) {
         EXPECT_FALSE(parseStartOptions(bad)) << testing::PrintToString(bad);
     }

@@ -87,7 +87,9 @@ TEST_F(BandStackFileTest, AnyContentIsReadWithoutHarm) {
     for (const auto& content : {std::string(), std::string("|"), std::string(1 << 20, 'x'), std::string(1'000'000, '|'),
                                 noise, "99999999|" + half, "-1|" + half, "0|" + half, "1e3|" + half,
                                 std::string("|\0|\0;|", 6), std::string("|a,b|\"c|d\",|\r|e|\n|f")}) {
-        EXPECT_EQ(load(content), "0");
+        const bool hasFields = std::count(content.begin(), content.end(), '|') > 1;
+        if (!hasFields) bench.msgBox.foresee("Datei nicht für diese Version des Programms ");
+        EXPECT_EQ(load(content), hasFields ? "0" : "13");
         EXPECT_EQ(grid.Rows(), 25);
         EXPECT_EQ(grid.Cols(), 34);
     }

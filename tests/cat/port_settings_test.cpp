@@ -72,6 +72,18 @@ TEST_F(PortSettingsTest, TheDialogListsWhatCouldBeOpenedAndOkStoresItAll) {
     EXPECT_EQ(bench.ports.remembered, std::vector<int>{3});
 }
 
+TEST_F(PortSettingsTest, TheProbeRaisesNoLineAndFindsPortsThatCannotDoTheFormat) {
+    bench.ports.plug(1);
+    bench.ports.plug(2).openFailure = RuntimeError{errors::LineNotSupported, "4 data bits"};
+    ASSERT_FALSE(port.setHandshaking(2));
+    PortSettings dialog = program.makePortSettings();
+    dialog.Form_Load();
+    EXPECT_EQ(bench.ports.plug(1).handshaking, Handshaking::None);
+    EXPECT_EQ(dialog.cboPort.size(), 2U);
+    EXPECT_EQ(dialog.handshaking, 2);
+    EXPECT_EQ(port.Handshaking(), 2);
+}
+
 TEST_F(PortSettingsTest, EveryFormatSurvivesOpeningTheDialogAndOk) {
     for (const char* settings : {"4800,n,8,1.5", "110,o,7,1", "256000,m,4,2", "9600,s,5,1", "38400,e,6,1.5"}) {
         ASSERT_FALSE(port.setSettings(settings));

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "base/NumberText.h"
 #include "fakes/ProgramBench.h"
@@ -179,6 +180,33 @@ TEST_F(MenuTransferTest, FilesThatAreNoMenuFilesSendNothing) {
     EXPECT_EQ(bench.msgBox.shown.back().title, "File not found");
     bench.clock.advance(20'000);
     EXPECT_EQ(line.story(), "");
+}
+
+TEST_F(MenuTransferTest, AnswersThatNobodyAskedForOrThatComeTogetherMoveNoRow) {
+    bench.fileDialog.choose(file);
+    line.answer = nullptr;
+    program.menuReader.mnu_Store_Click();
+    line.feed("FA14250000;");  // the communication test's, late
+    std::string glued;
+    for (int item = 1; item <= 149; ++item) {
+        bench.clock.advance(100);
+        glued += "EX" + zeroPadded(item, 3) + "1;";
+        if (item % 50 == 0 || item == 149) line.feed("IF001;" + std::exchange(glued, {}));
+    }
+    EXPECT_EQ(bench.error(), "Terminated");
+    EXPECT_EQ(fakes::fileContent(file), wholeFile());
+}
+
+TEST_F(MenuTransferTest, TheOperationThatStartsLastIsAlone) {
+    fakes::writeFile(file, wholeFile());
+    bench.fileDialog.choose(file);
+    program.menuWriter.mnu_Restore_Click();
+    bench.clock.advance(1'000);
+    bench.fileDialog.choose(bench.folder.file("read.mnu"));
+    program.menuReader.mnu_Store_Click();
+    bench.clock.advance(20'000);
+    EXPECT_EQ(fakes::fileContent(bench.folder.file("read.mnu")), wholeFile());
+    EXPECT_EQ(ends, (std::vector<TransferEnd>{TransferEnd::NoAnswer, TransferEnd::Done}));
 }
 
 TEST_F(MenuTransferTest, AStallCausesNoBurst) {

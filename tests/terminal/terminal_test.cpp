@@ -37,6 +37,8 @@ TEST_F(TerminalTest, WithThePortClosedTheTextStaysInTheBuffer) {
     terminal.cmd3_Click();
     EXPECT_EQ(terminal.Label1.get(), "FA;\r");
     EXPECT_EQ(bench.program.link.sent().text(), "");
+    for (int i = 0; i < 10; ++i) terminal.term3_Backspace();  // what was not sent can be taken back
+    EXPECT_EQ(terminal.Label1.get(), "");
 }
 
 TEST_F(TerminalTest, PastedLinesWaitForEnterAndForeignCharactersAreRefused) {

@@ -107,6 +107,7 @@ TEST_F(StartWindowUi, ExitStoresThePlaceAndStaysWhenTheUserWantsToStay) {
     EXPECT_EQ(exit->text(), QStringLiteral("Exit Program"));
     mayUnload = false;
     exit->trigger();
+    QCoreApplication::processEvents();
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(settings.values["Settings/UtilitiesWidth"], "6165");
 
@@ -114,6 +115,7 @@ TEST_F(StartWindowUi, ExitStoresThePlaceAndStaysWhenTheUserWantsToStay) {
     window.resize(500, 520);
     mayUnload = true;
     exit->trigger();
+    QCoreApplication::processEvents();
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(settings.values["Settings/UtilitiesLeft"], "450");
     EXPECT_EQ(settings.values["Settings/UtilitiesTop"], "600");

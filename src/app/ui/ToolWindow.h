@@ -18,6 +18,9 @@ public:
     /// Writes the place to the store; not while the window is minimized.
     void storePlace();
 
+    /// The program ends: what the window keeps is stored.
+    virtual void unload() { storePlace(); }
+
     /// Makes the window visible at its normal size, in front of the others.
     void showRestored();
 

@@ -62,9 +62,10 @@ void frmUtilities::makeMenus() {
         return action;
     };
     connect(name(files->addAction(QStringLiteral("Exit Program")), "mnu_Exit", QKeySequence(Qt::CTRL | Qt::Key_Q)),
-            &QAction::triggered, this, &QWidget::close);
-    connect(name(menuBar()->addAction(QStringLiteral("Help")), "mnu_Help", QKeySequence(Qt::Key_F1)),
-            &QAction::triggered, this, [this] { m_logic.mnuHelp_Click(); });
+            &QAction::triggered, this, &QWidget::close, Qt::QueuedConnection);
+    connect(
+        name(menuBar()->addAction(QStringLiteral("Help")), "mnu_Help", QKeySequence(Qt::Key_F1)), &QAction::triggered,
+        this, [this] { m_logic.mnuHelp_Click(); }, Qt::QueuedConnection);
     connect(name(menuBar()->addAction(QStringLiteral("About")), "mnu_About", {}), &QAction::triggered, this,
             [this] { m_showAbout(this); });
 }

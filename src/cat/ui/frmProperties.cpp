@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "platform/LineSettings.h"
@@ -44,6 +45,8 @@ frmProperties::frmProperties(PortSettings& logic, QWidget* parent) : QDialog(par
     column->addWidget(makeButtons());
     column->setSizeConstraint(QLayout::SetFixedSize);
     showLogic();
+    adjustSize();
+    move(screen()->availableGeometry().center() - rect().center());
 }
 
 QComboBox* frmProperties::makeCombo(const char* name, const QString& meaning) {

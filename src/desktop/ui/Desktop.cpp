@@ -41,7 +41,7 @@ Desktop::Desktop(Program& program) : m_program(program), m_progress(program.prog
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, &m_context,
                      [this](QSessionManager& session) { onSessionEnd(session); });
     m_connections += program.unloadingWindows.connect([this] { unloadWindows(); });
-    m_connections += program.ended.connect([] { QApplication::quit(); });
+    m_connections += program.ended.connect([] { QApplication::exit(0); });
 }
 
 Desktop::~Desktop() = default;
@@ -75,7 +75,7 @@ std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
                                          .saveMemories = [this] { m_program.memory.reader.mnu_saveMem_Click(); },
                                          .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },
                                          .portSettings = [this] { showPortSettings(); },
-                                         .about = [this] { showAboutBox(QApplication::activeWindow()); },
+                                         .about = [this] { showAboutBox(terminalWindow()); },
                                          .endProgram = [this] { return m_program.end(); },
                                      });
 }
@@ -88,6 +88,13 @@ void Desktop::onSessionEnd(QSessionManager& session) {
     session.release();
 }
 
+QWidget* Desktop::terminalWindow() const {
+    const auto found = std::find_if(m_loaded.begin(), m_loaded.end(), [](const auto& window) {
+        return window->objectName() == QStringLiteral("frmTerm");
+    });
+    return found == m_loaded.end() ? nullptr : found->get();
+}
+
 void Desktop::showAboutBox(QWidget* owner) {
     showAbout(owner, QApplication::applicationFilePath().toStdString(), m_program.machine().shell,
               m_program.machine().msgBox);
@@ -96,12 +103,12 @@ void Desktop::showAboutBox(QWidget* owner) {
 void Desktop::showPortSettings() {
     PortSettings logic = m_program.makePortSettings();
     logic.Form_Load();
-    frmProperties dialog(logic, QApplication::activeWindow());
+    frmProperties dialog(logic, terminalWindow());
     if (dialog.exec() == QDialog::Accepted) m_program.portSettingsStored();
 }
 
 void Desktop::unloadWindows() {
-    std::for_each(m_loaded.rbegin(), m_loaded.rend(), [](const auto& window) { window->storePlace(); });
+    for (auto window = m_loaded.rbegin(); window != m_loaded.rend(); ++window) (*window)->unload();
     if (m_startWindow) m_startWindow->storePlace();
 }
 

@@ -32,6 +32,7 @@ private:
     void onSessionEnd(QSessionManager& session);
     void showAboutBox(QWidget* owner);
     void showPortSettings();
+    QWidget* terminalWindow() const;
     void unloadWindows();
 
     Program& m_program;

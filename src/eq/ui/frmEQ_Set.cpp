@@ -166,7 +166,7 @@ void frmEQ_Set::buildStrip() {
 
     Label6 = new QLabel(m_strip);
     Label6->setObjectName(QStringLiteral("Label6"));
-    Label6->setAccessibleName(QStringLiteral("Reading"));
+    Label6->setAccessibleDescription(QStringLiteral("Whether the settings are being read"));
     placeStrip();
 }
 

@@ -37,6 +37,10 @@ private:
     void chooseFromList1(int entry);
     void store();
 
+public:
+    void unload() override { store(); }
+
+private:
     MemoryManager& m_memory;
     CatLink& m_link;
     ToolWindows& m_windows;

@@ -119,6 +119,7 @@ void frmMem::makeForm() {
 
 QWidget* frmMem::makePortFrame() {
     auto* Frame1 = named(new QGroupBox, "Frame1");
+    Frame1->setAccessibleName(QStringLiteral("RS-232 Port"));
     auto* grid = tight(new QGridLayout(Frame1));
     grid->addWidget(caption("Label2", QStringLiteral("RS-232 Port")), 0, 0, Qt::AlignHCenter);
     grid->addWidget(new ConnectPicture(m_link), 1, 0, Qt::AlignHCenter);
@@ -130,6 +131,7 @@ QWidget* frmMem::makePortFrame() {
 
 QWidget* frmMem::makeRadioFrame() {
     auto* Frame2 = named(new QGroupBox, "Frame2");
+    Frame2->setAccessibleName(QStringLiteral("Channel and radio"));
     auto* grid = tight(new QGridLayout(Frame2));
     cmd3 = named(new ColorButton(QStringLiteral("Read Channel from FT-2000")), "cmd3");
     cmd2 = named(new ColorButton(QStringLiteral("Copy Channel to FT-2000")), "cmd2");
@@ -142,10 +144,13 @@ QWidget* frmMem::makeRadioFrame() {
 
 QWidget* frmMem::makeChannelFrame() {
     auto* frm4 = named(new QGroupBox, "frm4");
+    frm4->setAccessibleName(QStringLiteral("Memory channel"));
     auto* grid = tight(new QGridLayout(frm4));
     Combo1 = makeCombo("Combo1", QStringLiteral("Memory channel"));
     for (int channel = 1; channel <= MemoryList::rows; ++channel) Combo1->addItem(QString::number(channel));
     connect(Combo1, &QComboBox::currentIndexChanged, this, [this](int position) { m_editor.Combo1_Click(position); });
+    // Choosing the same channel again takes it from the list anew.
+    connect(Combo1, &QComboBox::activated, this, [this](int position) { m_editor.Combo1_Click(position); });
     m_connections += m_editor.Combo1.bind([this](int position) {
         const QSignalBlocker quiet(Combo1);
         Combo1->setCurrentIndex(position);
