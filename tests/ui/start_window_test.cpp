@@ -96,7 +96,9 @@ TEST_F(StartWindowUi, ItsMenusAct) {
     EXPECT_EQ(bar[1]->text(), QStringLiteral("Help"));
     EXPECT_EQ(bar[2]->text(), QStringLiteral("About"));
     bar[1]->trigger();
+    QCoreApplication::processEvents();
     bar[2]->trigger();
+    QCoreApplication::processEvents();
     EXPECT_EQ(calls, (std::vector<std::string>{"help", "about"}));
 }
 
