@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Holds the table of rooms in docs/ARCHITECTURE.md against the #include lines under src/, both ways: an include that the
 # table does not allow fails, and so does an arrow of the table that no include uses. Besides: every folder with sources
-# is a room of the table, a room includes only rooms that stand above it in the table (so that nothing goes in circles),
-# and only windows, platform/qt* and main files include Qt.
+# is a room of the table and the other way round, a room includes only rooms that stand above it in the table (so that
+# nothing goes in circles), and only windows, platform/qt* and main files include Qt.
 #
 # usage: tools/map_check.sh [TREE]    TREE holds docs/ARCHITECTURE.md and src/; without it, this repository
 #
@@ -85,6 +85,7 @@ awk '
             if (!(room in place)) complain("src/" room ": this folder is missing in the table of docs/ARCHITECTURE.md")
         for (i = 1; i <= rooms; i++) {
             room = order[i]
+            if (!(room in exists)) complain("docs/ARCHITECTURE.md: there is no source in room `" room "`")
             differs = 0
             row = ""
             for (j = 1; j <= rooms; j++) {

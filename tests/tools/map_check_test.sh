@@ -61,6 +61,10 @@ touch "$house/src/garden/Tree.h"
 expect 'src/garden: this folder is missing'
 
 build_house
+rm -r "$house/src/cat/ui"
+expect 'no source in room `cat/ui`'
+
+build_house
 echo '#include "Link.h"' >>"$house/src/cat/Link.cpp"
 expect 'write includes from src/ on'
 
