@@ -56,7 +56,7 @@ void frmUtilities::makeMenus() {
     menuBar()->setObjectName(QStringLiteral("menuBar"));
     QMenu* files = menuBar()->addMenu(QStringLiteral("Files"));
     files->setObjectName(QStringLiteral("mnu_Files"));
-    const auto name = [](QAction* action, const char* objectName, QKeySequence keys) {
+    const auto name = [](QAction* action, const char* objectName, const QKeySequence& keys) {
         action->setObjectName(QLatin1String(objectName));
         action->setShortcut(keys);
         return action;

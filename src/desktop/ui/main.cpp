@@ -30,6 +30,8 @@ int main(int argc, char** argv) {
         std::cout << "korvex " << versionText << "\n";
         return 0;
     }
+    // The menus stand in their windows; asking the desktop for a bar of its own takes part of the time of the start.
+    QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QApplication application(argc, argv);  // takes the toolkit's own arguments away
     QApplication::setApplicationName(QStringLiteral("Korvex"));
     QApplication::setDesktopFileName(QStringLiteral("korvex"));
