@@ -2,6 +2,7 @@
 
 #include "base/CodePage.h"
 #include "base/Lines.h"
+#include "cat/TransmitGuard.h"
 
 namespace korvex {
 
@@ -11,6 +12,15 @@ constexpr int columnsPerBand = 3;
 
 std::string fifthCharacter(const std::string& answer) {
     return answer.size() < 5 ? std::string() : answer.substr(4, 1);
+}
+
+/// The antenna is told with more digits than it is set with. And what was read while the tuner tuned, or news of a
+/// pressed key that took a row, must not key the transmitter now: the tuner is switched on instead of started, the rest
+/// is left out.
+std::string commandFor(const std::string& cell) {
+    if (cell.starts_with("AN0")) return cell.substr(0, 4) + ";";
+    if (!keysTransmitter(cell)) return cell;
+    return cell.starts_with("AC002") ? "AC001;" : "";
 }
 
 }  // namespace
@@ -90,8 +100,7 @@ void BandStackWriter::writeCell() {
     skipRefusedBand();
     if (m_stack.BandStackColumn >= BandStack::pastLastColumn) return;
     const std::string cell = m_stack.current();
-    // The antenna is told with more digits than it is set with.
-    const std::string staging = (cell.starts_with("AN0") ? cell.substr(0, 4) + ";" : cell) + std::string(crLf);
+    const std::string staging = commandFor(cell) + std::string(crLf);
     m_stack.Text3 = utf8FromWire(staging);
     m_link.send(staging);
     m_link.panels().Error = "Writing Band Stack Regiters";
@@ -137,7 +146,9 @@ void BandStackWriter::queryAntenna() {
     m_link.port().clearInBuffer();
     m_link.setActiveOperation(ActiveOperation::AntennaQuery);
     if (!m_link.PortOpen()) return;
-    const std::string query = m_stack.wireText(BandStack::antennaAnswer, 0);
+    // A file without the column of queries leaves this label empty.
+    const std::string label = m_stack.wireText(BandStack::antennaAnswer, 0);
+    const std::string query = label.empty() ? "AN0;" : label;
     m_link.send(query);
     showSent(query);
     m_timer3.stop();

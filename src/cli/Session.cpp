@@ -28,9 +28,11 @@ Session::Session(Program& program, GivenFile& givenFile, Command command, Surrou
     m_connections += program.link.closed.connect([this] {
         if (m_stage == Stage::Testing || m_stage == Stage::Listening) finish(ExitCode::Port);
     });
-    m_connections += m_program.progress.value.changed.connect([this](int) {
+    const auto alive = [this] {
         if (m_stage == Stage::Working) m_deadline = m_program.machine().clock.now() + silenceMs;
-    });
+    };
+    m_connections += m_program.progress.value.changed.connect([alive](int) { alive(); });
+    m_connections += m_program.link.came.connect([alive](std::string_view) { alive(); });
 }
 
 void Session::tell(const std::string& text) {

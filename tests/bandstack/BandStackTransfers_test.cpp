@@ -154,6 +154,18 @@ TEST_F(BandStackWriteTest, SendsEachCellEvery100msThenSetsTheAntennaRight) {
     EXPECT_EQ(line.writes.size(), 33U * 24 + 32);
 }
 
+TEST_F(BandStackWriteTest, NothingThatWasReadKeysTheTransmitter) {
+    bench.setCell(1, 1, "AC002;");
+    bench.setCell(2, 1, "TX1;");
+    bench.setCell(23, 0, "");
+    window.mnu_writeBandStack_Click();
+    bench.clock.advance(6'000);
+    const std::string written = line.written();
+    EXPECT_NE(written.find("AC001;\r\n\r\n"), std::string::npos) << written;
+    EXPECT_EQ(written.find("TX1"), std::string::npos);
+    EXPECT_NE(written.find("AN0;"), std::string::npos);
+}
+
 TEST_F(BandStackWriteTest, ARefusedRegisterSkipsThreeColumns) {
     bench.setCell(1, 1, "?;");
     bench.setCell(1, 5, "?;");   // the second of its band: the rest of it and the first of the next
