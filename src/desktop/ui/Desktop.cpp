@@ -108,7 +108,7 @@ void Desktop::showPortSettings() {
 }
 
 void Desktop::unloadWindows() {
-    for (auto window = m_loaded.rbegin(); window != m_loaded.rend(); ++window) (*window)->unload();
+    std::for_each(m_loaded.rbegin(), m_loaded.rend(), [](const auto& window) { window->unload(); });
     if (m_startWindow) m_startWindow->storePlace();
 }
 
