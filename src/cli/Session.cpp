@@ -162,8 +162,16 @@ void Session::onFailed(TransferEnd end) {
         case TransferEnd::Done:
         case TransferEnd::FileFailed: break;
     }
-    if (const std::string& why = m_program.link.panels().Error.get(); !why.empty()) tell(why);
+    tellFileTrouble();
     finish(ExitCode::File);
+}
+
+/// What windows say in a box has been printed already; this is what they say elsewhere.
+void Session::tellFileTrouble() {
+    if (const std::string& why = m_program.link.panels().Error.get(); !why.empty()) tell(why);
+    for (const std::string& why : {m_program.keyerWindow.hint.get(), m_program.bandStackWindow.dateipath.get()}) {
+        if (why.starts_with("Not saved: ")) tell(why);
+    }
 }
 
 void Session::listen(int ms) {

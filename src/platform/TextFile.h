@@ -17,8 +17,9 @@ inline constexpr std::size_t largestFile = std::size_t{64} * 1024 * 1024;
 
 Result<std::string> read(const std::string& path);
 
-/// Writes beside the file and renames, so that a crash or a full disk leaves the old file or the new one. Symbolic
-/// links are followed; permissions of an existing file are kept.
+/// Writes beside the file and renames, so that a crash or a full disk leaves the old file or the new one. A symbolic
+/// link is followed and stays, also one to a file that is not there yet; permissions and owner of an existing file are
+/// kept, and one that may not be written to is not replaced either. A device or a pipe is written to as it stands.
 Failure write(const std::string& path, std::string_view content);
 
 }  // namespace textfile

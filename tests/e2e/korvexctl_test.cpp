@@ -1,32 +1,13 @@
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/wait.h>
 
+#include "Shell.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/SimulatorProcess.h"
 
 namespace korvex {
 namespace {
-
-struct Outcome {
-    int code = -1;
-    std::string output;
-};
-
-/// Runs a command line in the shell; what it prints on both streams, and its exit code.
-Outcome run(const std::string& commandLine) {
-    Outcome outcome;
-    FILE* pipe = ::popen((commandLine + " 2>&1").c_str(), "r");
-    if (pipe == nullptr) return outcome;
-    std::array<char, 256> buffer{};
-    while (std::fgets(buffer.data(), buffer.size(), pipe) != nullptr) outcome.output += buffer.data();
-    const int status = ::pclose(pipe);
-    if (WIFEXITED(status)) outcome.code = WEXITSTATUS(status);
-    return outcome;
-}
 
 const std::string simulator = std::string(BINARY_DIR) + "/ft2000sim";
 const std::string korvexctl = std::string(BINARY_DIR) + "/korvexctl --settings /dev/null ";

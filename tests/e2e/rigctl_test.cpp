@@ -1,37 +1,21 @@
-#include <cstdio>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <stdlib.h>
 #include <string>
-#include <sys/wait.h>
 #include <unistd.h>
 
+#include "Shell.h"
 #include "fakes/SimulatorProcess.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
 namespace {
 
-struct Outcome {
-    int status = -1;
-    std::string output;
-};
-
-Outcome run(const std::string& command) {
-    std::FILE* pipe = ::popen((command + " 2>&1").c_str(), "re");
-    Outcome outcome;
-    if (pipe == nullptr) return outcome;
-    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) outcome.output += static_cast<char>(c);
-    const int status = ::pclose(pipe);
-    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return outcome;
-}
-
 /// The simulated radio as any program finds it, with hamlib's rigctl as that program.
 class RigctlTest : public testing::Test {
 protected:
     void SetUp() override {
-        if (run("command -v rigctl").status != 0) GTEST_SKIP() << "rigctl is not installed (libhamlib-utils)";
+        if (run("command -v rigctl").code != 0) GTEST_SKIP() << "rigctl is not installed (libhamlib-utils)";
         std::string folder = std::filesystem::temp_directory_path() / "korvex-rigctl-XXXXXX";
         ASSERT_NE(::mkdtemp(folder.data()), nullptr);
         m_folder = folder;
@@ -62,7 +46,7 @@ TEST_F(RigctlTest, ReadsTheRadio) {
     EXPECT_NE(memory.find("Freq:   7.0300000 MHz\tMode:   CW"), std::string::npos) << memory;
     EXPECT_NE(memory.find("RIT: -125.0 Hz"), std::string::npos) << memory;
     const auto empty = rigctl(device, "h 9 1");
-    EXPECT_EQ(empty.status, 0);
+    EXPECT_EQ(empty.code, 0);
     EXPECT_NE(empty.output.find("Freq:   0.0 Hz"), std::string::npos) << empty.output;
 
     EXPECT_EQ(rigctl(device, "W 'EX042;' ';' W 'EX126;' ';' W 'EX150;' ';'").output, "EX042050;\nEX126+05;\n?;\n");
@@ -97,15 +81,15 @@ TEST_F(RigctlTest, AStateOutlivesTheRadio) {
 
 TEST_F(RigctlTest, FaultsReachTheProgram) {
     fakes::SimulatorProcess gone(binary, {"--fault", "unplugged=3"});
-    EXPECT_NE(rigctl(gone.device(), "f").status, 0);
+    EXPECT_NE(rigctl(gone.device(), "f").code, 0);
     EXPECT_EQ(gone.waitForEnd(5000), 0);
     fakes::SimulatorProcess inPieces(binary, {"--fault", "split", "--turnaround=0"});
     EXPECT_EQ(rigctl(inPieces.device(), "W 'FA;' ';'").output, "FA14195000;\n");
     const auto wrong = run(binary + " --fault mute");
-    EXPECT_EQ(wrong.status, 2);
+    EXPECT_EQ(wrong.code, 2);
     EXPECT_NE(wrong.output.find("There is no fault \"mute\"."), std::string::npos);
-    EXPECT_EQ(run(binary + " --turnaround -1").status, 2);
-    EXPECT_EQ(run(binary + " --link " + inFolder("")).status, 1);
+    EXPECT_EQ(run(binary + " --turnaround -1").code, 2);
+    EXPECT_EQ(run(binary + " --link " + inFolder("")).code, 1);
 }
 
 }  // namespace

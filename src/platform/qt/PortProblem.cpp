@@ -68,7 +68,9 @@ RuntimeError noPermission(const std::string& device) {
 
 RuntimeError held(const std::string& device) {
     std::string text = "The serial port " + device + " is in use";
-    const auto holder = holderOf(device);
+    // A lock file that nobody holds any more, and that is not ours to remove, is the reason, whoever has the port open.
+    const bool locked = ::access(lockFileOf(device).c_str(), F_OK) == 0;
+    const auto holder = locked ? lockHolder(device) : holderOf(device);
     if (!holder) {
         text += inTheWay(device);
     } else if (holder->pid == ::getpid()) {

@@ -1,0 +1,294 @@
+#include <algorithm>
+#include <cmath>
+#include <fstream>
+#include <future>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <random>
+
+#include "KilledProgram.h"
+#include "Shell.h"
+#include "fakes/ProgramBench.h"
+#include "fakes/SimulatorProcess.h"
+
+namespace korvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Large enough that writing it takes a while and many pages.
+std::string longDescriptions() {
+    std::ifstream shipped(SOURCE_DIR "/data/menu-description.tsv");
+    std::string text;
+    for (std::string line; std::getline(shipped, line);) {
+        if (!line.starts_with('#')) line += std::string(1500, 'x');
+        text += line + "\n";
+    }
+    return text;
+}
+
+/// Whatever happens to the program while it saves, its target holds the old file or the whole new one. The export of
+/// the descriptions needs no radio and writes in the way of every other save.
+class WholeFile : public testing::Test {
+protected:
+    static constexpr int fileExit = 5;
+
+    void SetUp() override {
+        if (!fs::exists(korvexctl)) GTEST_SKIP() << "the build without Qt has no korvexctl";
+        fs::create_directory(dir);
+        fakes::writeFile(outside.file("long.tsv"), longDescriptions());
+        const auto imported = run(databaseOption + " description import " + outside.file("long.tsv"));
+        ASSERT_EQ(imported.code, 0) << imported.output;
+        ASSERT_EQ(save().code, 0);
+        content = fakes::fileContent(target);
+        putOldFile();
+    }
+
+    void putOldFile() const { fakes::writeFile(target, oldContent); }
+    Outcome save(const std::string& before = "") const { return run(before + program + target); }
+    KilledProgram exporting(const std::string& file) const {
+        return KilledProgram(
+            {korvexctl, "--settings", "/dev/null", "--database", database, "description", "export", file});
+    }
+
+    /// "old" or "new"; when it is anything else, what.
+    std::string kept(const std::string& file) const {
+        if (!fs::exists(file)) return "absent";
+        const std::string found = fakes::fileContent(file);
+        if (found == oldContent) return "old";
+        return found == content ? "new" : "mixture of " + std::to_string(found.size()) + " bytes";
+    }
+    std::string kept() const { return kept(target); }
+    static std::vector<std::string> names(const std::string& folder) {
+        std::vector<std::string> all;
+        for (const auto& entry : fs::directory_iterator(folder)) all.push_back(entry.path().filename().string());
+        std::sort(all.begin(), all.end());
+        return all;
+    }
+    /// What a killed program left stands in nobody's way: the next save goes through and leaves the file alone.
+    void expectNextSaveWhole() const {
+        const auto next = save();
+        EXPECT_EQ(next.code, 0) << next.output;
+        EXPECT_EQ(kept(), "new");
+        EXPECT_EQ(names(dir), std::vector<std::string>{"shack.tsv"});
+    }
+
+    const std::string korvexctl = std::string(BINARY_DIR) + "/korvexctl";
+    const std::string oldContent = std::string(100'000, 'o');
+    fakes::TemporaryFolder outside;
+    const std::string dir = outside.file("dir");
+    const std::string target = dir + "/shack.tsv";
+    const std::string database = outside.file("descriptions.mdb");
+    const std::string databaseOption = korvexctl + " --settings /dev/null --database " + database;
+    const std::string program = databaseOption + " description export ";
+    std::string content;  ///< what a save writes
+};
+
+TEST_F(WholeFile, KilledAtEverySystemCallOfASave) {
+    if (!KilledProgram::canBeWatched()) GTEST_SKIP() << "no program may watch another one here (ptrace)";
+    const std::string link = outside.file("link");
+    fs::create_symlink("dir/shack.tsv", link);
+    const auto killEverywhere = [this](const std::string& file, const std::string& before) {
+        std::string story;  // the first letters of what was there, moment by moment
+        for (bool killed = true; killed;) {
+            fs::remove(target);
+            if (before == "old") putOldFile();
+            KilledProgram saving = exporting(file);
+            killed = saving.killAtSystemCall(file, static_cast<int>(story.size()));
+            const std::string found = kept();
+            story += found.front();
+            EXPECT_TRUE(found == "new" || found == before) << found << " after " << story;
+            expectNextSaveWhole();
+        }
+        EXPECT_GT(story.find('n'), 10U) << story;
+        EXPECT_TRUE(story.ends_with("nnn")) << story;
+    };
+    killEverywhere(target, "old");
+    killEverywhere(link, "absent");
+    EXPECT_TRUE(fs::is_symlink(link));
+}
+
+TEST_F(WholeFile, KilledAtRandomMoments) {
+    using std::chrono::microseconds;
+    const auto begin = std::chrono::steady_clock::now();
+    expectNextSaveWhole();
+    const auto whole = std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - begin);
+    std::mt19937 random(std::random_device{}());
+    std::map<std::string, int> found;
+    for (int i = 0; i < 150; ++i) {
+        putOldFile();
+        KilledProgram saving = exporting(target);
+        // Some of them spread over the whole run, most over the write, which is a small part of it.
+        const double share = std::uniform_real_distribution(0.0, 1.0)(random);
+        const auto time = [&](double part) { return microseconds(std::lround(share * part * double(whole.count()))); };
+        i % 4 == 0 ? saving.killAfter(time(1)) : saving.killAfterFirstFileIn(dir, time(0.12));
+        ++found[kept() + (names(dir).size() > 1 ? " and a leftover" : "")];
+        if (i % 10 == 0) expectNextSaveWhole();
+    }
+    for (const auto& [what, times] : found) {
+        std::cout << times << " times " << what << "\n";
+        EXPECT_TRUE(what.starts_with("old") || what.starts_with("new")) << what;
+    }
+    expectNextSaveWhole();
+}
+
+/// The shell's children may only write files up to so many blocks of 512 bytes: the write fails in its middle, or the
+/// system kills the program there.
+TEST_F(WholeFile, StoppedInTheMiddleOfTheWrite) {
+    for (const int blocks : {0, 1, 300, 560}) {
+        const std::string limit = "ulimit -f " + std::to_string(blocks) + "; ";
+        const auto failed = save("trap '' XFSZ; " + limit);
+        EXPECT_EQ(failed.code, fileExit);
+        EXPECT_NE(failed.output.find("File too large"), std::string::npos) << failed.output;
+        EXPECT_EQ(kept(), "old");
+        EXPECT_EQ(names(dir), std::vector<std::string>{"shack.tsv"});
+        EXPECT_NE(save(limit).code, 0);
+        EXPECT_EQ(kept(), "old");
+        expectNextSaveWhole();
+        putOldFile();
+    }
+}
+
+/// A save onto a small disk of its own, where the machine allows to mount one.
+TEST_F(WholeFile, OntoAFullDisk) {
+    const std::string script = outside.file("disk.sh");
+    fakes::writeFile(script, R"(dir=$1 options=$2 room=$3
+shift 3
+cp "$dir/shack.tsv" "$0.old" && mount -t tmpfs -o "$options" none "$dir" || exit 77
+cp "$0.old" "$dir/shack.tsv"
+if [ "$room" = ro ]; then
+    mount -o remount,bind,ro "$dir"
+elif [ -n "$room" ]; then
+    head -c $(($(stat -f -c '%a * %S' "$dir") - room)) /dev/zero >"$dir/filler"
+fi
+"$@"
+code=$?
+cp "$dir/shack.tsv" "$0.kept"
+ls -A "$dir" >"$0.names"
+exit $code
+)");
+    const auto saveOnto = [&](const std::string& unshare, const std::string& options, const std::string& room) {
+        return run(unshare + " --mount sh " + script + " " + dir + " " + options + " '" + room + "' " + program +
+                   target);
+    };
+    const bool asRoot = saveOnto("unshare", "size=4m", "").code == 0;
+    const std::string unshare = asRoot ? "unshare" : "unshare --user --map-root-user";
+    if (const auto all = saveOnto(unshare, "size=4m", ""); all.code != 0) {
+        GTEST_SKIP() << "no disk can be mounted here: " << all.output;
+    }
+    EXPECT_EQ(kept(script + ".kept"), "new");
+    struct Case {
+        const char* options;
+        const char* room;
+        const char* told;
+        const char* left;
+    };
+    for (const Case& bad : {Case{"size=4m", "0", "Disk full", "filler\nshack.tsv\n"},
+                            Case{"size=4m", "4096", "Disk full", "filler\nshack.tsv\n"},
+                            Case{"size=4m", "200000", "Disk full", "filler\nshack.tsv\n"},
+                            Case{"size=4m,nr_inodes=2", "", "Disk full", "shack.tsv\n"},
+                            Case{"size=4m", "ro", "no permission", "shack.tsv\n"}}) {
+        const auto failed = saveOnto(unshare, bad.options, bad.room);
+        EXPECT_EQ(failed.code, fileExit) << bad.options << " " << bad.room;
+        EXPECT_NE(failed.output.find(bad.told), std::string::npos) << failed.output;
+        EXPECT_EQ(kept(script + ".kept"), "old");
+        EXPECT_EQ(fakes::fileContent(script + ".names"), bad.left);
+    }
+    EXPECT_EQ(saveOnto(unshare, "size=4m", "400000").code, 0);
+    EXPECT_EQ(kept(script + ".kept"), "new");
+    EXPECT_EQ(run(program + "/dev/full").code, fileExit);
+}
+
+TEST_F(WholeFile, WhereNothingMayBeWritten) {
+    // Root may write everywhere, unless that is taken away.
+    const std::string bound =
+        ::geteuid() == 0 ? "setpriv --bounding-set=-dac_override --inh-caps=-dac_override -- " : "";
+    const auto expectRefused = [&](const std::string& file, const std::string& told) {
+        const auto failed = run(bound + program + file);
+        EXPECT_EQ(failed.code, fileExit) << failed.output;
+        EXPECT_NE(failed.output.find(told), std::string::npos) << failed.output;
+    };
+    fs::permissions(dir, fs::perms{0555});
+    if (run(bound + "touch " + dir + "/probe").code == 0) {
+        fs::permissions(dir, fs::perms{0755});
+        GTEST_SKIP() << "nothing keeps this user from writing into a read-only folder";
+    }
+    expectRefused(target, "no permission for " + target);
+    expectRefused(dir + "/new.tsv", "no permission");
+    fs::permissions(dir, fs::perms{0755});
+    fs::permissions(target, fs::perms{0444});
+    expectRefused(target, "no permission for " + target);
+    EXPECT_EQ(kept(), "old");
+    EXPECT_EQ(names(dir), std::vector<std::string>{"shack.tsv"});
+}
+
+TEST_F(WholeFile, OntoFoldersAndThroughLinks) {
+    fs::create_directory(dir + "/folder");
+    fs::create_symlink("folder/missing.tsv", dir + "/dangling");
+    fs::create_symlink("nowhere/missing.tsv", dir + "/lost");
+    fs::create_symlink("shack.tsv", outside.file("dir/link"));
+    for (const std::string bad : {"folder", "folder/", "lost", "shack.tsv/x", ""}) {
+        const auto failed = run(program + "'" + dir + "/" + bad + "'");
+        EXPECT_EQ(failed.code, fileExit) << bad;
+        EXPECT_TRUE(failed.output.find("Path not found") != std::string::npos ||
+                    failed.output.find("is a folder") != std::string::npos)
+            << failed.output;
+    }
+    EXPECT_TRUE(fs::is_empty(dir + "/folder"));
+    EXPECT_EQ(kept(), "old");
+    for (const std::string name : {"dangling", "link"}) {
+        EXPECT_EQ(run("cd " + dir + " && " + program + name).code, 0) << name;
+        EXPECT_TRUE(fs::is_symlink(dir + "/" + name));
+        EXPECT_EQ(kept(dir + "/" + name), "new");
+    }
+    EXPECT_EQ(names(dir + "/folder"), std::vector<std::string>{"missing.tsv"});
+    EXPECT_EQ(names(dir), (std::vector<std::string>{"dangling", "folder", "link", "lost", "shack.tsv"}));
+}
+
+/// The windows' own ways of saving end in the same place; here the keyer's, each from a radio of its own.
+TEST_F(WholeFile, SavedFromARadio) {
+    fs::create_directory(dir + "/folder");
+    fs::create_symlink("fresh.kem", dir + "/dangling");
+    const auto onItsOwnRadio = [](auto work) {
+        return std::async(std::launch::async, [work] {
+            fakes::SimulatorProcess radio(BINARY_DIR "/ft2000sim");
+            return work(radio.device());
+        });
+    };
+    const auto saveKeyer = [&](const std::string& file) {
+        return onItsOwnRadio([this, file](const std::string& device) {
+            return run(korvexctl + " --settings /dev/null -r " + device + " save keyer " + file);
+        });
+    };
+    const auto killed = [&](int number) {
+        return onItsOwnRadio([this, number](const std::string& device) {
+            fakes::TemporaryFolder own;
+            fakes::writeFile(own.file("shack.kem"), "old");
+            KilledProgram saving(
+                {korvexctl, "--settings", "/dev/null", "-r", device, "save", "keyer", own.file("shack.kem")});
+            saving.killAfterFirstFileIn(own.path(), std::chrono::microseconds(number * 150));
+            fs::remove("/var/lock/LCK..pts_" + fs::path(device).filename().string());  // what it left of the port
+            return fakes::fileContent(own.file("shack.kem"));
+        });
+    };
+    auto ontoFullDisk = saveKeyer("/dev/full");
+    auto ontoFolder = saveKeyer(dir + "/folder");
+    auto throughLink = saveKeyer(dir + "/dangling");
+    std::vector<std::future<std::string>> found;
+    for (int i = 0; i < 5; ++i) found.push_back(killed(i));
+    const auto failed = ontoFullDisk.get();
+    EXPECT_EQ(failed.code, fileExit);
+    EXPECT_NE(failed.output.find("Disk full"), std::string::npos) << failed.output;
+    EXPECT_EQ(ontoFolder.get().code, fileExit);
+    EXPECT_EQ(throughLink.get().code, 0);
+    const std::string whole = fakes::fileContent(dir + "/fresh.kem");
+    EXPECT_NE(whole.find("|KM5;|"), std::string::npos);
+    for (auto& each : found) {
+        const std::string kept = each.get();
+        EXPECT_TRUE(kept == "old" || kept == whole) << kept;
+    }
+    EXPECT_EQ(names(dir), (std::vector<std::string>{"dangling", "folder", "fresh.kem", "shack.tsv"}));
+}
+
+}  // namespace
+}  // namespace korvex

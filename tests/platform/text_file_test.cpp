@@ -1,0 +1,75 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <set>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include "fakes/ProgramBench.h"
+#include "platform/Descriptor.h"
+#include "platform/TextFile.h"
+
+namespace korvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct TextFile : testing::Test {
+    fakes::TemporaryFolder folder;
+
+    std::set<std::string> names() const {
+        std::set<std::string> all;
+        for (const auto& entry : fs::directory_iterator(folder.path())) all.insert(entry.path().filename().string());
+        return all;
+    }
+};
+
+TEST_F(TextFile, LeftoversOfKilledSavesGoWithTheNextSaveButNothingElseDoes) {
+    const std::string file = folder.file("shack.mnu");
+    fakes::writeFile(folder.file("shack.mnu.unfinished-Ab12Cd"), "EX00");
+    fakes::writeFile(folder.file("shack.mnu.unfinished-Ef34Gh"), "");
+    const std::set<std::string> others = {"shack.mnu.unfinished-1", "shack.mnu.unfinished-mycopy.txt",
+                                          "other.mnu.unfinished-Ab12Cd", "shack.mnu.unfinished-Folder"};
+    for (const auto& name : others) fakes::writeFile(folder.file(name), "");
+    fs::remove(folder.file("shack.mnu.unfinished-Folder"));
+    fs::create_directory(folder.file("shack.mnu.unfinished-Folder"));
+    const std::string written = folder.file("shack.mnu.unfinished-InWork");
+    const Descriptor lock(::open(written.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600));
+    ASSERT_EQ(::flock(lock.get(), LOCK_EX), 0);
+    EXPECT_FALSE(textfile::write(file, "EX0011;\r\n"));
+    std::set<std::string> left = others;
+    left.insert({"shack.mnu", "shack.mnu.unfinished-InWork"});
+    EXPECT_EQ(names(), left);
+}
+
+TEST_F(TextFile, KeepsPermissionsAndOwner) {
+    const std::string file = folder.file("shack.mnu");
+    fakes::writeFile(file, "old");
+    fs::permissions(file, fs::perms{0640});
+    const bool isRoot = ::geteuid() == 0;
+    if (isRoot && ::chown(file.c_str(), 65534, 65534) != 0) GTEST_SKIP() << "no other user in this container";
+    EXPECT_FALSE(textfile::write(file, "new"));
+    struct stat status {};
+    ASSERT_EQ(::stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640U);
+    EXPECT_EQ(status.st_uid, isRoot ? 65534U : ::geteuid());
+    const std::string fresh = folder.file("fresh.mnu");
+    const mode_t mask = ::umask(027);
+    EXPECT_FALSE(textfile::write(fresh, "new"));
+    ::umask(mask);
+    ASSERT_EQ(::stat(fresh.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777, 0640U);
+}
+
+TEST_F(TextFile, TakesEveryNameThatTheSystemTakes) {
+    const std::string longest = std::string(119, 'x') + "ä" + std::string(130, 'y') + ".mnu";
+    EXPECT_FALSE(textfile::write(folder.file(longest), "EX0011;\r\n"));
+    EXPECT_EQ(*textfile::read(folder.file(longest)), "EX0011;\r\n");
+    EXPECT_EQ(textfile::write(folder.file("x" + longest), "")->number, errors::DeviceIo);
+    fs::create_symlink("loop", folder.file("loop"));
+    EXPECT_EQ(textfile::write(folder.file("loop"), "")->number, errors::DeviceIo);
+    EXPECT_TRUE(fs::is_symlink(folder.file("loop")));
+    EXPECT_EQ(names(), (std::set<std::string>{longest, "loop"}));
+}
+
+}  // namespace
+}  // namespace korvex
