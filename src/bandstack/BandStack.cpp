@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 
+#include "bandstack/QueryLedger.h"
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 
@@ -48,9 +49,7 @@ void BandStack::setWireText(int row, int column, std::string_view wire) {
 
 bool BandStack::answersItsQuery(int row, int column) const {
     const std::string answer = wireText(row, column);
-    const std::string query = wireText(row, 0);
-    const auto head = std::string_view(query).substr(0, query.find(';'));
-    return answer == "?;" || (answer.starts_with(head) && answer.size() > head.size() + 1);
+    return answer == "?;" || answersQuery(wireText(row, 0), answer);
 }
 
 }  // namespace korvex

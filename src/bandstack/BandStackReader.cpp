@@ -2,6 +2,7 @@
 
 #include "base/Lines.h"
 #include "base/NumberText.h"
+#include "cat/Noise.h"
 
 namespace korvex {
 
@@ -14,7 +15,7 @@ constexpr int roofingFilterRow = 19;
 }  // namespace
 
 BandStackReader::BandStackReader(Terminal& terminal, Clock& clock, BandStack& stack)
-    : m_terminal(terminal), m_link(terminal.link()), m_stack(stack), m_timer1(clock.makeTimer()) {
+    : m_terminal(terminal), m_link(terminal.link()), m_stack(stack), m_clock(clock), m_timer1(clock.makeTimer()) {
     m_timer1->setInterval(50);
     m_connections += m_timer1->tick.connect([this] { Timer1_Timer(); });
     m_connections += m_link.closed.connect([this] { onPortClosed(); });
@@ -33,6 +34,7 @@ void BandStackReader::mnu_readBandStack_Click() {
 }
 
 void BandStackReader::begin() {
+    ++m_run;
     auto& progress = m_link.progress();
     progress.caption = "Read Band Stack Registers of  FT-2000";
     progress.maximum = 800;
@@ -64,7 +66,7 @@ void BandStackReader::Timer1_Timer() {
             stop();
             return;
         }
-        sendQuery();
+        if (m_ledger.due(place(), m_clock.now())) sendQuery();
     }
     m_phase.invert();
 }
@@ -72,6 +74,7 @@ void BandStackReader::Timer1_Timer() {
 void BandStackReader::sendQuery() {
     const std::string query = m_stack.wireText(m_stack.BandStackRow, 0);
     m_link.send(query);
+    m_ledger.sent(place(), query, m_clock.now());
     m_link.sent().append(query);
     m_link.sent().append(crLf);
     m_link.panels().Error = "Reading Band Stack ";
@@ -80,6 +83,7 @@ void BandStackReader::sendQuery() {
 /// The steps that end it are taken at once: a port that is opened again quickly must not be asked by a reading that is
 /// over.
 void BandStackReader::onPortClosed() {
+    m_ledger.clear();
     if (!running()) return;
     while (running()) Timer1_Timer();
     ended.emit(TransferEnd::PortClosed);
@@ -93,9 +97,22 @@ void BandStackReader::giveWay() {
     ended.emit(TransferEnd::NoAnswer);
 }
 
+/// The answer to a query that the radio had not answered in time: its row has been taken by something else.
+void BandStackReader::takeLate(const QueryLedger::Place& owner, const std::string& answer) {
+    if (owner.run != m_run || m_stack.answersItsQuery(owner.row, owner.column)) return;
+    m_stack.setWireText(owner.row, owner.column, answer);
+}
+
 Rest BandStackReader::takeAnswer() {
     if (!m_timer1->Enabled()) return Rest::GoOn;
-    m_stack.setWireText(m_stack.BandStackRow, m_stack.BandStackColumn, m_link.answers().takeAnswer());
+    const std::string query = m_stack.wireText(m_stack.BandStackRow, 0);
+    const std::string answer = withoutNoiseBefore(queryHead(query), m_link.answers().takeAnswer());
+    const auto owner = m_ledger.ownerOf(answer, place(), query, m_clock.now());
+    if (owner != place()) {
+        if (owner) takeLate(*owner, answer);
+        return Rest::GoOn;
+    }
+    m_stack.setWireText(m_stack.BandStackRow, m_stack.BandStackColumn, answer);
     m_link.progress().value = m_link.progress().value + 1;
     ++m_stack.BandStackRow;
     if (m_stack.BandStackRow <= BandStack::lastQueried) return Rest::GoOn;

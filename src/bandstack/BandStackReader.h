@@ -5,6 +5,7 @@
 #include <string>
 
 #include "bandstack/BandStack.h"
+#include "bandstack/QueryLedger.h"
 #include "cat/PhaseFlag.h"
 #include "platform/Clock.h"
 #include "terminal/Terminal.h"
@@ -22,8 +23,8 @@ namespace korvex {
 ///                      has come, row by row                            the port is closed, or another
 ///                                                                      operation takes the answers: stopped
 ///
-/// An answer belongs to the row that the cursor is at, whatever it says. A silent radio is asked for ever; closing the
-/// port ends it.
+/// An answer belongs to the row that the cursor is at, whatever it says, unless it answers a query that was sent before
+/// (QueryLedger). A silent radio is asked for ever; closing the port ends it.
 class BandStackReader {
 public:
     BandStackReader(Terminal& terminal, Clock& clock, BandStack& stack);
@@ -42,7 +43,9 @@ private:
     void readColumn();
     void Timer1_Timer();
     void sendQuery();
+    QueryLedger::Place place() const { return {m_run, m_stack.BandStackColumn, m_stack.BandStackRow}; }
     Rest takeAnswer();
+    void takeLate(const QueryLedger::Place& owner, const std::string& answer);
     void normaliseColumn();
     void normalise(int row, char highest, const char* replacement);
     void nextReadColumn();
@@ -54,6 +57,9 @@ private:
     Terminal& m_terminal;
     CatLink& m_link;
     BandStack& m_stack;
+    Clock& m_clock;
+    QueryLedger m_ledger;
+    int m_run = 0;
     std::unique_ptr<Timer> m_timer1;
     PhaseFlag m_phase;
     Connections m_connections;

@@ -46,10 +46,7 @@ void AnswerRouter::take(std::string_view wire) {
         accumulate(piece);
         if (end == std::string_view::npos) break;
         if (route->breaksLine) m_received.append(crLf);
-        m_rest = wire;
-        const Rest rest = runAnswerStep(code);
-        m_rest = {};
-        if (rest == Rest::Discard) return;
+        if (runAnswerStep(code) == Rest::Discard) return;
     }
     const auto batch = m_batchSteps.find(code);
     if (batch != m_batchSteps.end()) batch->second();

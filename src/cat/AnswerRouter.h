@@ -40,8 +40,6 @@ public:
 
     /// One read of the port.
     void take(std::string_view wire);
-    /// Asked by an answer step: another complete answer came in the same read.
-    bool moreInThisRead() const { return m_rest.find(';') != std::string_view::npos; }
 
     static constexpr std::size_t keptCharacters = 65'536;  // the longest answer of the radio has 54
 
@@ -52,7 +50,6 @@ private:
     TrafficDisplay& m_received;
     ActiveOperation m_active = ActiveOperation::Idle;
     std::string m_accumulator;
-    std::string_view m_rest;  // of the read that is being walked through
     std::map<ActiveOperation, AnswerStep> m_answerSteps;
     std::map<ActiveOperation, BatchStep> m_batchSteps;
 };

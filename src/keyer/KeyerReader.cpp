@@ -1,8 +1,10 @@
 #include "keyer/KeyerReader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Lines.h"
+#include "cat/Noise.h"
 
 namespace korvex {
 
@@ -10,6 +12,11 @@ namespace {
 
 constexpr int intervalMs = 200;
 constexpr std::size_t headLength = 3;  // "KM1" in front of the text
+constexpr int patience = 3;            // steps of 400 ms without an answer
+
+std::string headOf(int row) {
+    return KeyerTable::readCommand(row).substr(0, headLength);
+}
 
 }  // namespace
 
@@ -34,7 +41,8 @@ void KeyerReader::readKeyer() {
     progress.show();
     m_table.clearTexts();
     m_table.keyerRow = 0;
-    m_answered.fill(false);
+    m_told.fill(Told::Nothing);
+    m_silentSteps = 0;
     m_timer->setEnabled(true);
 }
 
@@ -42,8 +50,8 @@ void KeyerReader::stop() {
     m_timer->setEnabled(false);
 }
 
-int KeyerReader::answered() const {
-    return static_cast<int>(std::count(m_answered.begin(), m_answered.end(), true));
+int KeyerReader::count(Told what) const {
+    return static_cast<int>(std::count(m_told.begin() + 1, m_told.end(), what));
 }
 
 void KeyerReader::onTimer() {
@@ -59,6 +67,7 @@ void KeyerReader::onTimer() {
 
 void KeyerReader::queryNext() {
     m_link.setActiveOperation(ActiveOperation::KeyerRead);
+    if (m_table.keyerRow == KeyerTable::memories && waitsForRest()) return;
     ++m_table.keyerRow;
     if (m_table.keyerRow == KeyerTable::rows) {
         finish(answered() == KeyerTable::memories ? TransferEnd::Done : TransferEnd::NoAnswer);
@@ -75,19 +84,40 @@ void KeyerReader::finish(TransferEnd end) {
     ended.emit(end);
 }
 
+/// Whether the answers that are still missing may come: not from a radio that has said nothing at all.
+bool KeyerReader::waitsForRest() {
+    const int untold = count(Told::Nothing);
+    return untold > 0 && untold < KeyerTable::memories && ++m_silentSteps <= patience;
+}
+
 Rest KeyerReader::takeKeyerAnswer() {
     m_link.received().append(crLf);
-    const std::string answer = m_link.answers().takeAnswer();
-    const int row = m_table.keyerRow;
+    std::string answer = m_link.answers().takeAnswer();
     // Before the first query nothing of what comes is an answer.
-    if (!running() || row < 1 || row >= KeyerTable::rows) return Rest::Discard;
+    if (!running() || m_table.keyerRow < 1 || m_table.keyerRow >= KeyerTable::rows) return Rest::Discard;
+    m_silentSteps = 0;
+    if (!answer.starts_with("KM")) answer = withoutNoiseBefore(headOf(m_table.keyerRow), std::move(answer));
+    store(answer);
+    return Rest::Discard;
+}
+
+void KeyerReader::store(const std::string& answer) {
+    const int owner = ownerOf(answer);
+    const int row = owner == 0 ? m_table.keyerRow : owner;
+    if (owner == 0 && told(row) == Told::Memory) return;  // news behind the answer
     const bool hasText = answer.size() > headLength;
     m_table.setText(row, hasText ? answer.substr(headLength, answer.size() - headLength - 1) : "");
-    // What comes behind the right answer stands in its place.
-    m_answered.at(static_cast<std::size_t>(row)) =
-        answer.starts_with(KeyerTable::readCommand(row).substr(0, headLength));
+    told(row) = owner == 0 ? Told::Else : Told::Memory;
     m_link.progress().value = m_link.progress().value + 1;
-    return Rest::Discard;
+}
+
+/// The memory that an answer tells of: the one that was asked for last, or one before it that has not been told yet.
+/// 0 when it names none of these; then it stands in the row that was asked for last, until the right one comes.
+int KeyerReader::ownerOf(const std::string& answer) const {
+    for (int row = m_table.keyerRow - 1; row > 0; --row) {
+        if (told(row) != Told::Memory && answer.starts_with(headOf(row))) return row;
+    }
+    return answer.starts_with(headOf(m_table.keyerRow)) ? m_table.keyerRow : 0;
 }
 
 }  // namespace korvex

@@ -95,7 +95,7 @@ Rest MemoryReader::takeAnswer(Reading& reading) {
     const std::string& command = m_commands[m_answerIndex];
     if (const auto stored = storedMemoryString(command, *answer)) {
         if (!isUndamaged(*stored)) ++m_damaged;
-        m_table.set(m_storeIndex++, *stored);
+        m_found.set(m_storeIndex++, *stored);
         m_link.received().append(command + *stored + std::string(crLf));
     }
     m_silentSteps = 0;
@@ -104,9 +104,14 @@ Rest MemoryReader::takeAnswer(Reading& reading) {
     return Rest::Discard;
 }
 
+void MemoryReader::keepFound() {
+    for (int slot = 1; slot < m_storeIndex; ++slot) m_table.set(slot, m_found[slot]);
+}
+
 void MemoryReader::finish(Reading& reading) {
     reading.timer->setEnabled(false);
     m_link.progress().hide();
+    keepFound();
     if (&reading == &m_toFile) {
         saveMemoryFile();
         return;

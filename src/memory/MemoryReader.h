@@ -19,6 +19,9 @@ namespace korvex {
 ///
 /// Into a file (Timer7): the save dialog comes at the end. Into the list (Timer9): the port is closed at the end, then
 /// the list is filled. A radio slower than 10 answers a second is waited for.
+///
+/// The table takes over what was read when the last answer is in. Answers of a reading that fails on the way may have
+/// been matched to the wrong commands; they must not come back with a later reading that fills fewer slots.
 class MemoryReader {
 public:
     MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table, MemoryList& list);
@@ -53,6 +56,7 @@ private:
     void giveWay(Reading& reading);
     Rest takeAnswer(Reading& reading);
     void finish(Reading& reading);
+    void keepFound();
     void tellDamage();
     void onPortClosed();
 
@@ -65,7 +69,8 @@ private:
     Reading m_toList{ActiveOperation::ReadAllToList, {}, {}};
     int m_sendIndex = 1;    // next command to send
     int m_answerIndex = 1;  // command whose answer is expected next
-    int m_storeIndex = 1;   // next slot of the table to fill
+    int m_storeIndex = 1;   // next slot to fill
+    MemoryTable m_found;    // by this reading; the table gets it at the end
     int m_silentSteps = 0;  // since all commands are out, or since the last answer after that
     int m_damaged = 0;      // answers that cannot be what the radio said
     Connections m_connections;

@@ -1,6 +1,7 @@
 #include "menu/MenuReader.h"
 
 #include "base/Lines.h"
+#include "cat/Noise.h"
 #include "menu/MenuFile.h"
 #include "platform/TextFile.h"
 
@@ -9,6 +10,7 @@ namespace korvex {
 namespace {
 
 constexpr int allSent = menuItemCount + 1;
+constexpr int patience = 20;  // steps of 100 ms without an answer
 
 }  // namespace
 
@@ -41,6 +43,8 @@ void MenuReader::startForManager() {
 void MenuReader::resetMenuReadCounters() {
     m_sendIndex = 1;
     m_answerIndex = 1;
+    m_silentSteps = 0;
+    m_answeredLast = false;
     m_table.clearAnswers();
 }
 
@@ -73,8 +77,9 @@ void MenuReader::Timer4_Timer() {
         return;
     }
     if (m_phase.isSet() && m_link.PortOpen()) {
+        ++m_silentSteps;
         if (m_sendIndex == allSent) {
-            fail();
+            waitForRest();
         } else {
             sendNext();
         }
@@ -92,6 +97,15 @@ void MenuReader::sendNext() {
     ++m_sendIndex;
 }
 
+void MenuReader::waitForRest() {
+    if (m_silentSteps < patience) return;
+    if (m_answeredLast) {
+        complete();
+    } else {
+        fail();
+    }
+}
+
 void MenuReader::fail() {
     stop();
     m_link.panels().Error = "Communication faild ";
@@ -105,7 +119,7 @@ void MenuReader::stop() {
 
 Rest MenuReader::takeAnswer(ActiveOperation code) {
     if (!m_timer4->Enabled()) return Rest::GoOn;
-    const std::string answer = m_link.answers().takeAnswer();
+    const std::string answer = withoutNoiseBefore("EX", m_link.answers().takeAnswer());
     if (!wasAskedFor(answer)) return Rest::GoOn;
     m_table.setAnswer(m_answerIndex, answer);
     // The answer to the communication test may still come in between: its digits are no item.
@@ -114,16 +128,20 @@ Rest MenuReader::takeAnswer(ActiveOperation code) {
         placeAnswer(answer.substr(2, 3), answer.substr(5, answer.size() - 6));
     }
     ++m_answerIndex;
-    // What has arrived already is not thrown away: answers that came together are all taken.
-    const bool moreHere = m_answerIndex <= menuItemCount && m_link.answers().moreInThisRead();
-    if (m_sendIndex != allSent || moreHere) return Rest::GoOn;
+    m_silentSteps = 0;
+    m_answeredLast = m_sendIndex == allSent;
+    if (m_answerIndex <= menuItemCount) return Rest::GoOn;
+    complete();
+    return Rest::Discard;
+}
+
+void MenuReader::complete() {
     stop();
-    if (code == ActiveOperation::MenuReadToFile) {
+    if (m_link.activeOperation() == ActiveOperation::MenuReadToFile) {
         saveMenuFile();
     } else {
         finishForManager();
     }
-    return Rest::Discard;
 }
 
 void MenuReader::saveMenuFile() {

@@ -13,11 +13,14 @@
 namespace korvex {
 
 /// Reads all menu items of the radio: one read command every 100 ms, whether or not the answer to the one before has
-/// come; answers are counted as they arrive. The read is complete with the first answer after the last command has gone
-/// out, and has failed if none comes within the next 100 ms.
+/// come; answers are counted as they arrive. The read is complete with the 149th answer, or when no more come behind
+/// the first one after the last command; it has failed when the radio says nothing after the last command.
 ///
-///     sends    EX001;  EX002;  ...  EX149;  (100 ms)  -> "Communication faild "
-///     answers     EX0011; EX00205; ...   EX1490;      -> complete
+///     sends    EX001;  EX002;  ...  EX149;  (2 s of silence)  -> "Communication faild "
+///     answers     EX0011; EX00205; ...          EX1490;       -> complete
+///
+/// A radio that answers late is waited for: what it still owes would be missing in the file. One that has been silent
+/// for 2 s when the last command is out is not.
 ///
 /// Into a file: the save dialog comes at the end. Into the Menu Manager: each answer is handed over as it arrives.
 class MenuReader {
@@ -47,6 +50,8 @@ private:
     bool ownsAnswers() const;
     bool wasAskedFor(const std::string& answer) const;
     void sendNext();
+    void waitForRest();
+    void complete();
     void fail();
     void stop();
     Rest takeAnswer(ActiveOperation code);
@@ -58,8 +63,10 @@ private:
     MenuCommandTable& m_table;
     std::unique_ptr<Timer> m_timer4;
     PhaseFlag m_phase;
-    int m_sendIndex = 1;    // next item to read; 150 when all commands are out
-    int m_answerIndex = 1;  // row of the next answer
+    int m_sendIndex = 1;          // next item to read; 150 when all commands are out
+    int m_answerIndex = 1;        // row of the next answer
+    int m_silentSteps = 0;        // of 100 ms, since the last answer
+    bool m_answeredLast = false;  // something has come since the last command went out
     Connections m_connections;
 };
 

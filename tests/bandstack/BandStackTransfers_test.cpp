@@ -104,6 +104,36 @@ TEST_F(BandStackTransferTest, AnswersAreStoredAsTheyComeAndAutomaticsMadeSettabl
     EXPECT_EQ(bench.cell(1, 2), "X;");  // the next register is under way
 }
 
+TEST_F(BandStackTransferTest, WhatComesLateTwiceOrUnaskedMovesNoRow) {
+    const auto expectRegisters = [this](int last) {
+        for (int column = 1; column <= last; ++column) {
+            for (int row = 1; row <= BandStack::lastQueried; ++row) {
+                const std::string query = window.stack().wireText(row, 0);
+                const std::string answer = query == "KR;" ? "?;" : query.substr(0, query.size() - 1) + "2;";
+                ASSERT_EQ(bench.cell(row, column), answer) << "row " << row << " of register " << column;
+            }
+        }
+    };
+    const auto sensible = line.answer;
+    line.answer = [sensible](std::string_view wire) { return wire == "KR;" ? "?;" : sensible(wire); };
+    line.answerDelay = 450;  // each query is out five times until the program knows that radio
+    window.mnu_readBandStack_Click();
+    clock.advance(60'000);
+    expectRegisters(3);
+    window.reader().stop();
+    clock.advance(2'000);
+
+    line.answerDelay = 40;
+    window.mnu_readBandStack_Click();
+    for (int news = 0; news < 300; ++news) {
+        clock.advance(37);
+        line.feed("FA14195000;");
+    }
+    clock.advance(1'000);
+    EXPECT_EQ(bench.cell(9, 2), "NA12;");
+    window.reader().stop();
+}
+
 struct BandStackWriteTest : BandStackTransferTest {
     BandStackWriteTest() {
         line.answer = [this](std::string_view wire) { return wire == "AN0;" ? antenna : std::string(); };

@@ -118,10 +118,10 @@ TEST_F(WholeRadio, NoBackupIsHalf) {
         bench.ports.plugIn();
         EXPECT_TRUE(isEmpty()) << commands;
     }
-    faults.garbage = true;
+    faults.eighthBit = true;
     EXPECT_NE(bench.run({"backup", dir}), ExitCode::Done);
     faults = {};
-    bench.meanwhile = [&](Session&) { bench.clock.after(60'000, [&] { faults.garbage = true; }); };
+    bench.meanwhile = [&](Session&) { bench.clock.after(60'000, [&] { faults.eighthBit = true; }); };
     EXPECT_EQ(bench.run({"backup", dir}), ExitCode::Answers);
     EXPECT_NE(bench.err.str().find("band stack values came through damaged"), std::string::npos) << bench.err.str();
     EXPECT_TRUE(isEmpty());
@@ -197,7 +197,7 @@ TEST_F(WholeRadio, ComparesItemByItem) {
     EXPECT_EQ(bench.run({"compare", menu, "radio"}), ExitCode::Different);
     EXPECT_TRUE(said("042: \"")) << bench.out.str();
     EXPECT_TRUE(said(" | \"007\"\n")) << bench.out.str();
-    EXPECT_EQ(bench.out.str().find("\n"), bench.out.str().size() - 1) << bench.out.str();
+    EXPECT_EQ(bench.out.str().find('\n'), bench.out.str().size() - 1) << bench.out.str();
 
     std::string list = saved("list.mef");
     list.insert(list.find("\r\n"), "beacon");

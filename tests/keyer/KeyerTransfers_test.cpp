@@ -69,11 +69,32 @@ TEST_F(KeyerTransferTest, StrayAndGluedAnswersDoNoHarm) {
     line.feed("KM3SP");
     line.feed("LIT;");
     EXPECT_EQ(bench.text(3), "SPLIT");
-    clock.advance(2000);
-    line.feed("KM5LATE;");
+    line.feed("IF001;");  // news behind the answer
+    EXPECT_EQ(bench.text(3), "SPLIT");
+    clock.advance(1000);
+    line.feed("KM4");  // late: the fifth has been asked for
+    line.feed("DE ME;");
+    EXPECT_EQ(bench.text(4) + bench.text(5), "DE ME");
+    clock.advance(1600);
+    EXPECT_FALSE(progress.visible);
+    line.feed("KM5TOO LATE;");
     EXPECT_EQ(bench.text(5), "");
     EXPECT_EQ(bench.ends, std::vector{TransferEnd::NoAnswer});
-    EXPECT_NE(window.hint.get().find("2 of 5"), std::string::npos);
+    EXPECT_NE(window.hint.get().find("3 of 5"), std::string::npos);
+}
+
+TEST_F(KeyerTransferTest, ASlowRadioIsWaitedForAndNoiseInFrontOfAnAnswerIsNoText) {
+    line.answer = [](std::string_view wire) { return "\xFF" + std::string(wire.substr(0, 3)) + "TEXT;"; };
+    line.answerDelay = 30;
+    window.readKeyer();
+    clock.advance(2400);
+    EXPECT_EQ(bench.text(5), "TEXT");
+    line.answer = [](std::string_view wire) { return std::string(wire.substr(0, 3)) + "LATE;"; };
+    line.answerDelay = 950;
+    window.readKeyer();
+    clock.advance(5000);
+    EXPECT_EQ(bench.ends, (std::vector{TransferEnd::Done, TransferEnd::Done}));
+    for (int row = 1; row < 6; ++row) EXPECT_EQ(bench.text(row), "LATE") << row;
 }
 
 TEST_F(KeyerTransferTest, WritesEachTextAsOneCommand) {

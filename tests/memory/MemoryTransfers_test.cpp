@@ -81,6 +81,7 @@ TEST_F(MemoryBench, AnAnswerThatIsMissingWritesNoFile) {
     EXPECT_EQ(link.panels().Error.get(), "Communication faild ");
     EXPECT_FALSE(progress.visible);
     EXPECT_TRUE(sentIn(link).ends_with("MR099; "));
+    EXPECT_EQ(memory.table[1], "");  // nothing that a later reading could take for its own
 }
 
 TEST_F(MemoryBench, ReadsIntoTheListAndClosesThePort) {

@@ -100,7 +100,7 @@ TEST_F(MenuManagerTest, AMissingOrForeignAnswerIsNotPlacedAndTheOwnerIsTold) {
     select(8);
     manager.mnu_readSettings_Click();
     bench.msgBox.foresee("Do you like to save", MsgAnswer::No);
-    bench.clock.advance(16'000);
+    bench.clock.advance(18'000);
     EXPECT_EQ(cell(30, 8), "");
     EXPECT_EQ(cell(53, 8), "");     // 042
     EXPECT_EQ(cell(54, 8), "043");  // what comes behind is found
@@ -114,7 +114,7 @@ TEST_F(MenuManagerTest, AMissingOrForeignAnswerIsNotPlacedAndTheOwnerIsTold) {
     manager.mnu_readSettings_Click();
     bench.msgBox.foresee("Do you like to save", MsgAnswer::No);
     grid.setTextMatrix(1, 8, "kept");
-    bench.clock.advance(16'000);
+    bench.clock.advance(18'000);
     EXPECT_EQ(cell(1, 8), "kept");
 }
 

@@ -83,7 +83,7 @@ TEST_F(MenuTransferTest, ARadioThatDoesNotAnswerInTimeEndsTheReadWithoutAFile) {
 TEST_F(MenuTransferTest, MissingAnswersBecomeEmptyLinesAndTheOwnerIsTold) {
     const auto answer = line.answer;
     line.answer = [answer](std::string_view wire) { return wire == "EX149;" ? "" : answer(wire); };
-    line.answerDelay = 130;  // the answer to 148 comes after 149 was sent and completes the read
+    line.answerDelay = 130;  // the answer to 148 comes after 149 was sent: the radio is there
     bench.fileDialog.choose(file);
     program.menuReader.mnu_Store_Click();
     bench.clock.advance(20'000);
@@ -92,6 +92,15 @@ TEST_F(MenuTransferTest, MissingAnswersBecomeEmptyLinesAndTheOwnerIsTold) {
     EXPECT_EQ(fakes::fileContent(file), expected);
     EXPECT_EQ(bench.error(), "Terminated");
     EXPECT_NE(program.link.received().text().find("only 148 of 149"), std::string::npos);
+}
+
+TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {
+    line.answerDelay = 1'900;
+    bench.fileDialog.choose(file);
+    program.menuReader.mnu_Store_Click();
+    bench.clock.advance(20'000);
+    EXPECT_EQ(fakes::fileContent(file), wholeFile());
+    EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::Done});
 }
 
 TEST_F(MenuTransferTest, ClosingThePortEndsEitherTransferAtOnceAndWritesNothing) {

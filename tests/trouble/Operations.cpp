@@ -246,7 +246,7 @@ const Healthy& healthy(const Operation& operation) {
     const int heard = bench.heard();
     const auto begin = bench.clock.now();
     operation.start(bench);
-    bench.clock.advanceUntil([&] { return !operation.running(bench); }, 300'000);
+    bench.clock.advanceUntil([&] { return !operation.running(bench); }, 900'000);
     bench.settle();
     Healthy found2{bench.clock.now() - begin, bench.heard() - heard, {}, fakes::fileContent(bench.target)};
     for (const auto& line : linesOf(operation.result(bench))) {

@@ -47,7 +47,7 @@ private:
     std::string ending() {
         const auto quiet = [this] { return !m_bench.anythingRuns(); };
         m_bench.clock.advance(m_usual.duration / 2 + 10);
-        const bool endsByItself = m_bench.clock.advanceUntil(quiet, 3 * m_usual.duration + 60'000);
+        const bool endsByItself = m_bench.clock.advanceUntil(quiet, 6 * m_usual.duration + 60'000);
         if (!endsByItself) m_bench.closePorts();
         m_bench.settle();
         return endsByItself ? nameOf(m_bench.endOf(m_operation)) : "waits";

@@ -82,7 +82,7 @@ TEST_F(EqFormTest, LooksLikeTheEqualizerThatItIs) {
     // Right edge of the processor's button: half the client width and 1000 twips.
     const auto* button = find<QPushButton>("Command1_0");
     const int right = button->mapTo(&window, QPoint(button->width(), 0)).x();
-    EXPECT_NEAR(right, 433 / 2 + 67, 1);
+    EXPECT_NEAR(right, 433 / 2.0 + 67, 1);
     window.resize(600, 600);
     QApplication::processEvents();
     window.resize(437, 367);
@@ -91,7 +91,7 @@ TEST_F(EqFormTest, LooksLikeTheEqualizerThatItIs) {
     picture("eq-small.png");
     window.resize(600, 600);
     const auto* frame = find<QFrame>("Frame8");
-    EXPECT_NEAR(frame->mapTo(&window, QPoint()).x(), 600 - frame->width() * 3 / 2, 1);
+    EXPECT_NEAR(frame->mapTo(&window, QPoint()).x(), 600 - frame->width() * 1.5, 1);
 }
 
 TEST_F(EqFormTest, IndicatorsFollowThePortAndTheButtonTheProcessor) {

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <functional>
 #include <utility>
 
 #include "app/ui/Colors.h"
@@ -51,7 +52,7 @@ QAction* frmDescription::entry(QMenu* menu, const char* name, const char* captio
     action->setObjectName(QLatin1String(name));
     connect(action, &QAction::triggered, this, [this, run] {
         writeBack();
-        (m_logic.*run)();
+        std::invoke(run, m_logic);  // g++ 12's sanitizer misreads "m_logic.*run" in here
     });
     return action;
 }

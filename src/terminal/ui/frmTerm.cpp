@@ -7,6 +7,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "app/ui/ConnectPicture.h"
 #include "app/ui/PanelLabel.h"
@@ -91,7 +92,7 @@ void frmTerm::makePortMenu() {
 void frmTerm::makeMoreMenu(ToolWindows& windows) {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("More"));
     const auto tool = [&](const char* name, const QString& caption, WindowState& window, void (Terminal::*open)()) {
-        QAction* action = entry(menu, name, caption, [this, open] { (m_terminal.*open)(); });
+        QAction* action = entry(menu, name, caption, [this, open] { std::invoke(open, m_terminal); });
         m_connections += window.available.bind([action](bool available) { action->setEnabled(available); });
     };
     tool("mnu_description", QStringLiteral("Menu Description"), windows.menuManager, &Terminal::mnu_description_Click);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvex {
+
+/// An answer from its head on: what a bad line put in front of it is no part of it. Without the head it stays as it is.
+inline std::string withoutNoiseBefore(std::string_view head, std::string answer) {
+    const auto begin = answer.find(head);
+    if (begin != std::string::npos) answer.erase(0, begin);
+    return answer;
+}
+
+}  // namespace korvex
