@@ -21,6 +21,9 @@ Program::Program(Machine machine)
           {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
       keyerWindow(
           {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
+      backup(terminal, machine.clock),
+      backupEntry({backup, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.timeOfDay,
+                   [this] { return whyNoBackup(); }, machine.programFolder}),
       startWindow(machine.clock, startWindowCalls()),
       m_machine(std::move(machine)) {
     announceTools();
@@ -106,6 +109,22 @@ void Program::introduceKeyer() {
     m_connections += keyerWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Keyer); });
 }
 
+bool Program::transferRuns() {
+    return menuReader.running() || menuWriter.running() || menuManager.writing() || memory.reader.running() ||
+           memory.restorer.running() || memory.listWriter.running() || bandStackWindow.reader().running() ||
+           bandStackWindow.writer().running() || keyerWindow.reader().running() || keyerWindow.writer().running();
+}
+
+std::string Program::whyNoBackup() {
+    if (backup.running()) return "The backup is going on already.";
+    if (eqWindow.isPortOpen()) {
+        return "The equalizer has the port.\r\nPlease open the terminal's port, which takes it back.";
+    }
+    if (!link.PortOpen()) return "The port is closed.\r\nPlease open it first.";
+    if (transferRuns()) return "Another operation is going on.\r\nPlease wait for its end.";
+    return {};
+}
+
 void Program::introduceMenuManager() {
     windows.menuManager.available = true;
     m_connections += menuManager.hide.connect([this] { windows.menuManager.hide(); });
@@ -134,6 +153,7 @@ void Program::openTool(int tool) {
 
 bool Program::end() {
     if (!terminal.Form_Unload()) return false;
+    backupEntry.tellNow();
     eqWindow.closePort();
     unloadingWindows.emit();
     ended.emit();

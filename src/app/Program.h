@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 
+#include "app/Backup.h"
+#include "app/BackupEntry.h"
 #include "app/StartWindow.h"
 #include "bandstack/BandStackWindow.h"
 #include "cat/CatLink.h"
@@ -23,6 +25,7 @@
 #include "platform/SerialDevice.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
+#include "platform/TimeOfDay.h"
 #include "terminal/Terminal.h"
 #include "terminal/ToolWindows.h"
 
@@ -38,6 +41,7 @@ struct Machine {
     Shell& shell;
     Database& database;
     std::string programFolder;  ///< UTF-8; holds `files`, `helpfile` and the description database
+    std::function<std::string()> timeOfDay = localTimeOfDay;
 };
 
 /// Makes the parts of the program and introduces them to each other. It owns all logic; windows are made by whoever
@@ -61,6 +65,8 @@ public:
     EqWindow eqWindow;
     BandStackWindow bandStackWindow;
     KeyerWindow keyerWindow;
+    Backup backup;
+    BackupEntry backupEntry;
     StartWindow startWindow;
 
     /// The logic of one opening of the port settings dialog.
@@ -81,6 +87,8 @@ private:
     void introduceMenuManager();
     void introduceBandStack();
     void introduceKeyer();
+    bool transferRuns();
+    std::string whyNoBackup();
     WindowState* toolWindow(int tool);
     void openTool(int tool);
 

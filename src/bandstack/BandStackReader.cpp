@@ -14,12 +14,17 @@ constexpr int roofingFilterRow = 19;
 
 }  // namespace
 
-BandStackReader::BandStackReader(Terminal& terminal, Clock& clock, BandStack& stack)
-    : m_terminal(terminal), m_link(terminal.link()), m_stack(stack), m_clock(clock), m_timer1(clock.makeTimer()) {
+BandStackReader::BandStackReader(Terminal& terminal, Clock& clock, BandStack& stack, ActiveOperation code)
+    : m_terminal(terminal),
+      m_link(terminal.link()),
+      m_stack(stack),
+      m_clock(clock),
+      m_timer1(clock.makeTimer()),
+      m_code(code) {
     m_timer1->setInterval(50);
     m_connections += m_timer1->tick.connect([this] { Timer1_Timer(); });
     m_connections += m_link.closed.connect([this] { onPortClosed(); });
-    m_link.answers().onAnswer(ActiveOperation::BandStackRead, [this] { return takeAnswer(); });
+    m_link.answers().onAnswer(m_code, [this] { return takeAnswer(); });
 }
 
 void BandStackReader::mnu_readBandStack_Click() {
@@ -45,7 +50,7 @@ void BandStackReader::begin() {
 }
 
 void BandStackReader::readColumn() {
-    m_link.setActiveOperation(ActiveOperation::BandStackRead);
+    m_link.setActiveOperation(m_code);
     m_timer1->setEnabled(true);
     m_stack.BandStackRow = 1;
     m_link.clearTraffic();
@@ -60,7 +65,7 @@ void BandStackReader::stop() {
 
 void BandStackReader::Timer1_Timer() {
     if (!m_timer1->Enabled()) return;
-    if (m_link.PortOpen() && m_link.activeOperation() != ActiveOperation::BandStackRead) return giveWay();
+    if (m_link.PortOpen() && m_link.activeOperation() != m_code) return giveWay();
     if (m_phase.isSet()) {
         if (!m_link.PortOpen()) {
             stop();

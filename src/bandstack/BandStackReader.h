@@ -27,7 +27,9 @@ namespace korvex {
 /// (QueryLedger). A silent radio is asked for ever; closing the port ends it.
 class BandStackReader {
 public:
-    BandStackReader(Terminal& terminal, Clock& clock, BandStack& stack);
+    /// `code` is the operation that it claims the answers with.
+    BandStackReader(Terminal& terminal, Clock& clock, BandStack& stack,
+                    ActiveOperation code = ActiveOperation::BandStackRead);
 
     void mnu_readBandStack_Click();
     void stop();
@@ -62,6 +64,7 @@ private:
     int m_run = 0;
     std::unique_ptr<Timer> m_timer1;
     PhaseFlag m_phase;
+    const ActiveOperation m_code;
     Connections m_connections;
 };
 

@@ -17,7 +17,7 @@ struct Route {
     bool breaksLine;  ///< a line end after each answer; others place their own
 };
 
-constexpr std::array<Route, 12> routes = {{
+constexpr std::array<Route, 17> routes = {{
     {ActiveOperation::Idle, true, true},
     {ActiveOperation::MenuReadToFile, true, true},
     {ActiveOperation::MenuReadToManager, true, true},
@@ -30,6 +30,11 @@ constexpr std::array<Route, 12> routes = {{
     {ActiveOperation::BandStackRead, true, true},
     {ActiveOperation::AntennaQuery, true, true},
     {ActiveOperation::KeyerRead, true, false},
+    {ActiveOperation::BackupModel, true, true},
+    {ActiveOperation::BackupMenu, true, true},
+    {ActiveOperation::BackupMemories, false, false},
+    {ActiveOperation::BackupBandStack, true, true},
+    {ActiveOperation::BackupKeyer, true, false},
 }};
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/Signal.h"
 #include "cat/ActiveOperation.h"
 #include "cat/TrafficDisplay.h"
 
@@ -25,7 +26,12 @@ public:
     explicit AnswerRouter(TrafficDisplay& received) : m_received(received) {}
 
     ActiveOperation active() const { return m_active; }
-    void setActive(ActiveOperation operation) { m_active = operation; }
+    void setActive(ActiveOperation operation) {
+        m_active = operation;
+        claimed.emit(operation);
+    }
+    /// An operation has just taken the answers, or given them back (Idle).
+    Signal<ActiveOperation> claimed;
 
     /// Runs after each ";" while `code` owns the answers; the accumulator holds the answer. The step clears it.
     void onAnswer(ActiveOperation code, AnswerStep step) { m_answerSteps[code] = std::move(step); }

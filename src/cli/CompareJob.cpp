@@ -13,7 +13,7 @@ const FileKind* CompareJob::chosenKind() const {
     if (!named.empty()) return m_workshop.kind(named);
     const std::string& file = m_left.radio ? m_right.file : m_left.file;
     for (const auto& kind : m_workshop.kinds) {
-        if (file.ends_with("." + kind.ending)) return &kind;
+        if (file.ends_with("." + endingOf(kind.name))) return &kind;
     }
     return nullptr;
 }

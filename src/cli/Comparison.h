@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/DataItems.h"
+#include "app/DataItems.h"
 
 namespace korvex::cli {
 

@@ -22,12 +22,13 @@ struct Transfer {
     std::function<TransferEnd()> finish;
     /// As `objection`, but an item that the radio refuses to tell is none. Without it `objection` holds.
     std::function<std::string()> gap = {};
+    /// Why it failed, where the transfer knows more than how it ended.
+    std::function<std::string()> why = {};
 };
 
 /// A kind of file that can be saved and restored by name. Another tool adds a row.
 struct FileKind {
     std::string name;
-    std::string ending;  ///< of the files, as the dialogs propose it
     Transfer save;
     Transfer restore;
 };

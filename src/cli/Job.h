@@ -32,7 +32,6 @@ struct Workshop {
     std::vector<FileKind>& kinds;
     std::ostream& out;
     std::ostream& err;
-    std::function<std::string()> timeOfDay;  ///< "2026-11-22 23:42:54"
     ItemTitles titles;
 
     FileKind* kind(const std::string& name) const;

@@ -4,8 +4,8 @@
 #include <array>
 #include <filesystem>
 
+#include "app/BackupFolder.h"
 #include "base/Lines.h"
-#include "cli/BackupFolder.h"
 #include "cli/Verification.h"
 #include "menu/MenuCommandTable.h"
 #include "menu/MenuFile.h"
@@ -43,10 +43,10 @@ std::optional<ExitCode> RestoreAllJob::takeParts() {
 
 bool RestoreAllJob::takePart(const std::string& name) {
     const FileKind* kind = m_workshop.kind(name);
-    const std::string file = m_workshop.command.file + "/" + backupFileName(*kind);
+    const std::string file = m_workshop.command.file + "/" + backupFileName(name);
     std::error_code ignored;
     if (!std::filesystem::exists(file, ignored)) {
-        m_workshop.tell("there is no " + backupFileName(*kind) + ": the radio keeps what it has");
+        m_workshop.tell("there is no " + backupFileName(name) + ": the radio keeps what it has");
         return true;
     }
     auto items = readItems(m_workshop, name, file);
@@ -95,7 +95,7 @@ void RestoreAllJob::addSteps(std::vector<Step>& steps, Part& part) {
         m_finished.push_back(part.kind->name);
     };
     steps.push_back(restore);
-    if (verifies) steps.push_back(readStep(*part.kind, m_scratch.file(backupFileName(*part.kind))));
+    if (verifies) steps.push_back(readStep(*part.kind, m_scratch.file(backupFileName(part.kind->name))));
 }
 
 /// Time-out and RTS, then the speed: the radio hears nothing more behind that.
@@ -120,7 +120,7 @@ ExitCode RestoreAllJob::conclude() {
     if (!m_workshop.command.verify) return ExitCode::Done;
     bool took = true;
     for (const auto& part : m_parts) {
-        const auto found = readItems(m_workshop, part.kind->name, m_scratch.file(backupFileName(*part.kind)));
+        const auto found = readItems(m_workshop, part.kind->name, m_scratch.file(backupFileName(part.kind->name)));
         if (!found) return ExitCode::File;
         took = reportWritten(m_workshop.out, {part.kind->name, part.items, *found, part.refused}, m_workshop.titles) &&
                took;

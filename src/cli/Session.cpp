@@ -13,6 +13,17 @@ constexpr int testMs = 1200;      // the communication test gives its verdict wi
 constexpr int silenceMs = 5'000;  // a transfer that waits for ever in the windows is given up here
 constexpr int listenMs = 600;     // a slow radio answers within half a second
 
+ExitCode exitCodeFor(TransferEnd end) {
+    switch (end) {
+        case TransferEnd::Done: return ExitCode::Done;
+        case TransferEnd::NoAnswer:
+        case TransferEnd::Cancelled: return ExitCode::Answers;
+        case TransferEnd::PortClosed: return ExitCode::Port;
+        case TransferEnd::FileFailed: break;
+    }
+    return ExitCode::File;
+}
+
 }  // namespace
 
 Session::Session(Program& program, GivenFile& givenFile, Command command, Surroundings surroundings)
@@ -41,8 +52,7 @@ void Session::tell(const std::string& text) {
 
 void Session::start() {
     if (m_command.verb != Command::Verb::Send) {
-        m_job = makeJob({m_program, m_command, m_kinds, m_surroundings.out, m_surroundings.err,
-                         m_surroundings.timeOfDay, m_surroundings.titles});
+        m_job = makeJob({m_program, m_command, m_kinds, m_surroundings.out, m_surroundings.err, m_surroundings.titles});
         if (const auto code = m_job->prepare()) {
             finish(*code);
             return;
@@ -149,6 +159,11 @@ void Session::onEnded(TransferEnd end) {
 }
 
 void Session::onFailed(TransferEnd end) {
+    if (step().transfer.why) {
+        tell(step().transfer.why());
+        finish(exitCodeFor(end));
+        return;
+    }
     switch (end) {
         case TransferEnd::NoAnswer:
             tell("the radio's answers did not come in time");

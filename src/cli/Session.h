@@ -19,8 +19,7 @@ namespace korvex::cli {
 struct Surroundings {
     std::ostream& out;
     std::ostream& err;
-    std::function<std::string()> timeOfDay;  ///< "2026-11-22 23:42:54"
-    ItemTitles titles = {};                  ///< what the menu items are called
+    ItemTitles titles = {};  ///< what the menu items are called
 };
 
 /// One command with a radio, from opening the port to the exit code, on the same logic as the windows:

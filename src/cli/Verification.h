@@ -4,8 +4,8 @@
 #include <set>
 #include <string>
 
+#include "app/DataItems.h"
 #include "cli/Comparison.h"
-#include "cli/DataItems.h"
 
 namespace korvex::cli {
 

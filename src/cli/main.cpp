@@ -2,7 +2,6 @@
 #include <QSocketNotifier>
 #include <array>
 #include <csignal>
-#include <ctime>
 #include <fcntl.h>
 #include <iostream>
 #include <memory>
@@ -56,15 +55,6 @@ int listPorts(SerialPorts& ports) {
     return static_cast<int>(ExitCode::Done);
 }
 
-std::string timeOfDay() {
-    const std::time_t now = std::time(nullptr);
-    std::tm parts{};
-    ::localtime_r(&now, &parts);
-    std::array<char, 32> text{};
-    const auto length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &parts);
-    return {text.data(), length};
-}
-
 int runSession(QCoreApplication& application, const Command& command, QtClock& clock, SerialPorts& ports,
                SettingsStore& settings) {
     GivenFile givenFile;
@@ -75,7 +65,7 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     Program program({clock, ports, borrowed, givenFile, msgBox, shell, database, "."});
     std::optional<ProgressLine> progressLine;
     if (::isatty(STDERR_FILENO) == 1) progressLine.emplace(program.progress, std::cerr);
-    Session session(program, givenFile, command, {std::cout, std::cerr, timeOfDay});
+    Session session(program, givenFile, command, {std::cout, std::cerr});
     std::optional<ExitCode> code;
     const Connection finished = session.finished.connect([&](ExitCode result) {
         code = result;

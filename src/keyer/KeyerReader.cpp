@@ -20,18 +20,18 @@ std::string headOf(int row) {
 
 }  // namespace
 
-KeyerReader::KeyerReader(Terminal& terminal, Clock& clock, KeyerTable& table)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_timer(clock.makeTimer()) {
+KeyerReader::KeyerReader(Terminal& terminal, Clock& clock, KeyerTable& table, ActiveOperation code)
+    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_timer(clock.makeTimer()), m_code(code) {
     m_timer->setInterval(intervalMs);
     m_connections += m_timer->tick.connect([this] { onTimer(); });
     m_connections += m_link.closed.connect([this] {
         if (running()) finish(TransferEnd::PortClosed);
     });
-    m_link.answers().onAnswer(ActiveOperation::KeyerRead, [this] { return takeKeyerAnswer(); });
+    m_link.answers().onAnswer(m_code, [this] { return takeKeyerAnswer(); });
 }
 
 void KeyerReader::readKeyer() {
-    m_link.setActiveOperation(ActiveOperation::KeyerRead);
+    m_link.setActiveOperation(m_code);
     m_link.clearTraffic();
     m_terminal.Text2 = "";
     auto& progress = m_link.progress();
@@ -66,7 +66,7 @@ void KeyerReader::onTimer() {
 }
 
 void KeyerReader::queryNext() {
-    m_link.setActiveOperation(ActiveOperation::KeyerRead);
+    m_link.setActiveOperation(m_code);
     if (m_table.keyerRow == KeyerTable::memories && waitsForRest()) return;
     ++m_table.keyerRow;
     if (m_table.keyerRow == KeyerTable::rows) {

@@ -19,7 +19,8 @@ namespace korvex {
 /// A radio that answers, but late, is waited for at the end, up to 1200 ms without an answer.
 class KeyerReader {
 public:
-    KeyerReader(Terminal& terminal, Clock& clock, KeyerTable& table);
+    /// `code` is the operation that it claims the answers with.
+    KeyerReader(Terminal& terminal, Clock& clock, KeyerTable& table, ActiveOperation code = ActiveOperation::KeyerRead);
 
     void readKeyer();
     void stop();
@@ -52,6 +53,7 @@ private:
     PhaseFlag m_phase;
     std::array<Told, KeyerTable::rows> m_told{};
     int m_silentSteps = 0;  // of 400 ms, after the last query
+    const ActiveOperation m_code;
     Connections m_connections;
 };
 

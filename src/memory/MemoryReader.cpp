@@ -13,11 +13,16 @@ constexpr int patience = 20;  // steps of 100 ms without an answer
 
 }  // namespace
 
-MemoryReader::MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table, MemoryList& list)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_list(list) {
+MemoryReader::MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table, MemoryList& list,
+                           ActiveOperation toFile)
+    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_list(list), m_toFile{toFile, {}, {}} {
     for (Reading* reading : {&m_toFile, &m_toList}) {
         reading->timer = clock.makeTimer();
         prepare(*reading);
+    }
+    m_link.answers().onAnswer(toFile, [this] { return takeAnswer(m_toFile); });
+    if (toFile == ActiveOperation::ReadAllToFile) {  // the windows' reader
+        m_link.answers().onAnswer(m_toList.code, [this] { return takeAnswer(m_toList); });
     }
     m_connections += m_link.closed.connect([this] { onPortClosed(); });
 }
@@ -25,7 +30,6 @@ MemoryReader::MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table,
 void MemoryReader::prepare(Reading& reading) {
     reading.timer->setInterval(50);
     m_connections += reading.timer->tick.connect([this, &reading] { tick(reading); });
-    m_link.answers().onAnswer(reading.code, [this, &reading] { return takeAnswer(reading); });
 }
 
 void MemoryReader::start(Reading& reading, std::string_view caption) {
@@ -122,8 +126,22 @@ void MemoryReader::finish(Reading& reading) {
     ended.emit(TransferEnd::Done);
 }
 
+void MemoryReader::stop() {
+    m_toFile.timer->setEnabled(false);
+    m_toList.timer->setEnabled(false);
+}
+
+std::string MemoryReader::fileText() const {
+    return memoryFileText(m_table, m_storeIndex - 1);
+}
+
 void MemoryReader::saveMemoryFile() {
-    const std::string content = memoryFileText(m_table, m_storeIndex - 1);
+    if (saveFile) {
+        m_link.setActiveOperation(ActiveOperation::Idle);
+        ended.emit(saveFile());
+        return;
+    }
+    const std::string content = fileText();
     const auto file = m_terminal.askForFile({FileDialogRequest::Mode::Save, "Save FT-2000 Memory",
                                              std::string(memoryFileFilter), "", std::string(memoryFileExtension)});
     m_link.setActiveOperation(ActiveOperation::Idle);
@@ -151,8 +169,7 @@ void MemoryReader::tellDamage() {
 /// Both readings end here for good: one that only paused would go on sending when the port is opened again.
 void MemoryReader::onPortClosed() {
     if (!running()) return;
-    m_toFile.timer->setEnabled(false);
-    m_toList.timer->setEnabled(false);
+    stop();
     ended.emit(TransferEnd::PortClosed);
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
 
 #include "cat/PhaseFlag.h"
 #include "memory/MemoryList.h"
@@ -24,7 +26,9 @@ namespace korvex {
 /// been matched to the wrong commands; they must not come back with a later reading that fills fewer slots.
 class MemoryReader {
 public:
-    MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table, MemoryList& list);
+    /// `toFile` is the operation that reads for a file.
+    MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table, MemoryList& list,
+                 ActiveOperation toFile = ActiveOperation::ReadAllToFile);
 
     /// "Save Memories of  FT-2000". Nothing happens while a reading is going on: answers on their way would be counted
     /// for the wrong channels.
@@ -33,8 +37,14 @@ public:
     void mnu_MemSaveFromFT2000_Click() { start(m_toList, {}); }
     /// Asks for a file name and writes what the last reading found.
     void saveMemoryFile();
+    /// When it is there: called when everything is read for a file, instead of asking for its name.
+    std::function<TransferEnd()> saveFile;
+    /// What stands in the file of the last reading.
+    std::string fileText() const;
 
     bool running() const { return m_toFile.timer->Enabled() || m_toList.timer->Enabled(); }
+    /// Sends nothing more. The progress window is left to the caller.
+    void stop();
     /// How many answers of the last reading cannot be what the radio said.
     int damaged() const { return m_damaged; }
     Signal<TransferEnd> ended;
@@ -65,7 +75,7 @@ private:
     MemoryTable& m_table;
     MemoryList& m_list;
     const MemorySlots m_commands = makeMemoryReadCommands();
-    Reading m_toFile{ActiveOperation::ReadAllToFile, {}, {}};
+    Reading m_toFile;
     Reading m_toList{ActiveOperation::ReadAllToList, {}, {}};
     int m_sendIndex = 1;    // next command to send
     int m_answerIndex = 1;  // command whose answer is expected next

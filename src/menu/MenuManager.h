@@ -44,6 +44,9 @@ public:
     void mnu_editTitle_Click();
     void Command1_Click(const std::string& title);
 
+    /// A column is on its way to the radio.
+    bool writing() const { return m_writer.running(); }
+
     /// The right mouse button on a cell: a settings column becomes the selected one and turns yellow.
     void FlexGrid1_RightClick(int column);
     /// A key's code, which for letters is the capital one; true when the key has been used up.

@@ -14,18 +14,24 @@ constexpr int patience = 20;  // steps of 100 ms without an answer
 
 }  // namespace
 
-MenuReader::MenuReader(Terminal& terminal, Clock& clock, MenuCommandTable& table)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_timer4(clock.makeTimer()) {
+MenuReader::MenuReader(Terminal& terminal, Clock& clock, MenuCommandTable& table, ActiveOperation toFile)
+    : m_terminal(terminal),
+      m_link(terminal.link()),
+      m_table(table),
+      m_timer4(clock.makeTimer()),
+      m_toFile(toFile),
+      m_code(toFile) {
     m_timer4->setInterval(50);
     m_connections += m_timer4->tick.connect([this] { Timer4_Timer(); });
     m_connections += m_link.closed.connect([this] { onPortClosed(); });
-    for (const auto code : {ActiveOperation::MenuReadToFile, ActiveOperation::MenuReadToManager}) {
-        m_link.answers().onAnswer(code, [this, code] { return takeAnswer(code); });
-    }
+    m_link.answers().onAnswer(toFile, [this] { return takeAnswer(); });
+    if (toFile != ActiveOperation::MenuReadToFile) return;  // not the windows' reader
+    m_link.answers().onAnswer(ActiveOperation::MenuReadToManager, [this] { return takeAnswer(); });
 }
 
 void MenuReader::mnu_Store_Click() {
-    m_link.setActiveOperation(ActiveOperation::MenuReadToFile);
+    m_code = m_toFile;
+    m_link.setActiveOperation(m_code);
     m_link.panels().Error = "";
     if (!m_link.PortOpen()) return;
     m_link.progress().caption = "Save Menu of FT-2000";
@@ -35,6 +41,7 @@ void MenuReader::mnu_Store_Click() {
 }
 
 void MenuReader::startForManager() {
+    m_code = ActiveOperation::MenuReadToManager;
     m_link.progress().caption = "Read Menu Settings of FT-2000";
     m_link.progress().value = 1;
     begin();
@@ -64,13 +71,8 @@ bool MenuReader::wasAskedFor(const std::string& answer) const {
     return answer.find("EX") != std::string::npos || answer.find('?') != std::string::npos;
 }
 
-bool MenuReader::ownsAnswers() const {
-    const auto active = m_link.activeOperation();
-    return active == ActiveOperation::MenuReadToFile || active == ActiveOperation::MenuReadToManager;
-}
-
 void MenuReader::Timer4_Timer() {
-    if (!ownsAnswers()) {
+    if (m_link.activeOperation() != m_code) {
         // Another operation was started meanwhile: progress and panels are its own now.
         m_timer4->setEnabled(false);
         ended.emit(TransferEnd::NoAnswer);
@@ -107,24 +109,24 @@ void MenuReader::waitForRest() {
 }
 
 void MenuReader::fail() {
-    stop();
+    stopShowing();
     m_link.panels().Error = "Communication faild ";
     ended.emit(TransferEnd::NoAnswer);
 }
 
-void MenuReader::stop() {
-    m_timer4->setEnabled(false);
+void MenuReader::stopShowing() {
+    stop();
     m_link.progress().hide();
 }
 
-Rest MenuReader::takeAnswer(ActiveOperation code) {
+Rest MenuReader::takeAnswer() {
     if (!m_timer4->Enabled()) return Rest::GoOn;
     const std::string answer = withoutNoiseBefore("EX", m_link.answers().takeAnswer());
     if (!wasAskedFor(answer)) return Rest::GoOn;
     m_table.setAnswer(m_answerIndex, answer);
     // The answer to the communication test may still come in between: its digits are no item.
     const bool ofItem = answer.size() > 5 && answer.starts_with("EX");
-    if (code == ActiveOperation::MenuReadToManager && placeAnswer && ofItem) {
+    if (m_code == ActiveOperation::MenuReadToManager && placeAnswer && ofItem) {
         placeAnswer(answer.substr(2, 3), answer.substr(5, answer.size() - 6));
     }
     ++m_answerIndex;
@@ -136,16 +138,20 @@ Rest MenuReader::takeAnswer(ActiveOperation code) {
 }
 
 void MenuReader::complete() {
-    stop();
-    if (m_link.activeOperation() == ActiveOperation::MenuReadToFile) {
-        saveMenuFile();
-    } else {
+    stopShowing();
+    if (m_code == ActiveOperation::MenuReadToManager) {
         finishForManager();
+    } else {
+        saveMenuFile();
     }
 }
 
 void MenuReader::saveMenuFile() {
     m_link.setActiveOperation(ActiveOperation::Idle);
+    if (saveFile) {
+        ended.emit(saveFile());
+        return;
+    }
     const auto file = m_terminal.askForFile(
         {FileDialogRequest::Mode::Save, "Save FT-2000 Menu", "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", "txt"});
     if (!file) {

@@ -25,12 +25,16 @@ namespace korvex {
 /// Into a file: the save dialog comes at the end. Into the Menu Manager: each answer is handed over as it arrives.
 class MenuReader {
 public:
-    MenuReader(Terminal& terminal, Clock& clock, MenuCommandTable& table);
+    /// `toFile` is the operation that reads for a file.
+    MenuReader(Terminal& terminal, Clock& clock, MenuCommandTable& table,
+               ActiveOperation toFile = ActiveOperation::MenuReadToFile);
 
     /// "Save Menu of  FT-2000".
     void mnu_Store_Click();
     /// Asks for a file name and writes the answers of the last read.
     void saveMenuFile();
+    /// When it is there: called when everything is read for a file, instead of asking for its name.
+    std::function<TransferEnd()> saveFile;
 
     /// The Menu Manager's read: counters first, then the start.
     void resetMenuReadCounters();
@@ -42,19 +46,20 @@ public:
     std::function<void()> readComplete;
 
     bool running() const { return m_timer4->Enabled(); }
+    /// Sends nothing more. The progress window is left to the caller.
+    void stop() { m_timer4->setEnabled(false); }
     Signal<TransferEnd> ended;
 
 private:
     void begin();
     void Timer4_Timer();
-    bool ownsAnswers() const;
     bool wasAskedFor(const std::string& answer) const;
     void sendNext();
     void waitForRest();
     void complete();
     void fail();
-    void stop();
-    Rest takeAnswer(ActiveOperation code);
+    void stopShowing();
+    Rest takeAnswer();
     void finishForManager();
     void onPortClosed();
 
@@ -63,6 +68,8 @@ private:
     MenuCommandTable& m_table;
     std::unique_ptr<Timer> m_timer4;
     PhaseFlag m_phase;
+    const ActiveOperation m_toFile;
+    ActiveOperation m_code;       // of the present reading
     int m_sendIndex = 1;          // next item to read; 150 when all commands are out
     int m_answerIndex = 1;        // row of the next answer
     int m_silentSteps = 0;        // of 100 ms, since the last answer

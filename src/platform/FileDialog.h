@@ -7,7 +7,7 @@ namespace korvex {
 
 /// What a file dialog shows. All texts UTF-8.
 struct FileDialogRequest {
-    enum class Mode { Open, Save };
+    enum class Mode { Open, Save, Folder };
     Mode mode = Mode::Open;
     std::string title;
     std::string filter;            ///< "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*"; the first entry is selected
@@ -15,7 +15,7 @@ struct FileDialogRequest {
     std::string defaultExtension;  ///< without dot; added to a name that has none; may be empty
 };
 
-/// Asks for a file name. A save dialog asks before an existing file is chosen.
+/// Asks for a file name, or a folder that exists or can be made. A save dialog asks before an existing file is chosen.
 class FileDialog {
 public:
     virtual ~FileDialog() = default;

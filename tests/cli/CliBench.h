@@ -33,8 +33,9 @@ struct CliBench {
     ExitCode run(const std::vector<std::string>& arguments) {
         const auto command = parseArguments(arguments);
         EXPECT_TRUE(command) << command.error().text;
-        Program program({clock, ports, settings, givenFile, msgBox, shell, database, folder.path()});
-        Session session(program, givenFile, *command, {out, err, [this] { return timeOfDay; }});
+        Program program(
+            {clock, ports, settings, givenFile, msgBox, shell, database, folder.path(), [this] { return timeOfDay; }});
+        Session session(program, givenFile, *command, {out, err});
         code.reset();
         out.str("");
         err.str("");

@@ -111,6 +111,20 @@ TEST_F(QtFileDialogTest, AsksBeforeItReplacesWhatTheExtensionLeadsTo) {
     EXPECT_EQ(questions, std::vector<std::string>{"home.mnu already exists.\nDo you want to replace it?"});
 }
 
+TEST_F(QtFileDialogTest, ChoosesAFolder) {
+    std::ofstream(path("home.mnu")) << "EX0011;";
+    std::filesystem::create_directory(path("backups"));
+    FileDialogRequest asked{FileDialogRequest::Mode::Folder, "Folder", "", path("backups/gone"), ""};
+    whenUp<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory().path().toStdString(), path("backups"));
+        type(dialog, folder.path());
+    });
+    EXPECT_EQ(QtFileDialog().show(asked), folder.path().toStdString());
+    asked.start = folder.path().toStdString();
+    whenUp<QFileDialog>([](QFileDialog& dialog) { QMetaObject::invokeMethod(&dialog, "accept"); });
+    EXPECT_EQ(QtFileDialog().show(asked), folder.path().toStdString()) << "the one that is shown";
+}
+
 TEST_F(QtFileDialogTest, OpensWhereItWasAndCancels) {
     std::ofstream(path("home.mnu")) << "EX0011;";
     whenUp<QFileDialog>([](QFileDialog& dialog) { QMetaObject::invokeMethod(&dialog, "accept"); });

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -13,8 +14,10 @@
 #include <gtest/gtest.h>
 
 #include "cat/ui/frmProperties.h"
+#include "desktop/ui/Desktop.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/ScriptedDevice.h"
+#include "radio/SimulatedPorts.h"
 #include "terminal/ui/TrafficView.h"
 #include "terminal/ui/frmTerm.h"
 
@@ -34,6 +37,7 @@ protected:
                                                            .restoreMemories = {},
                                                            .portSettings = [this] { started += "settings "; },
                                                            .about = [this] { started += "about "; },
+                                                           .backupRadio = [this] { started += "backup "; },
                                                            .endProgram = [] { return false; }});
         window->show();
     }
@@ -74,6 +78,33 @@ TEST_F(TerminalWindow, EntriesAndButtonsFollowThePort) {
     control<QAction>("mnu_openPort")->trigger();
     settle();
     EXPECT_FALSE(control<QAction>("mnu_openPort")->isChecked());
+}
+
+/// The entry is the last of its menu, comes back at once, and leads to a backup.
+TEST(TerminalEntries, BackupWholeRadio) {
+    fakes::ProgramBench<SimulatedPorts> bench;
+    Desktop desktop(bench.program);
+    bench.openPort();
+    bench.program.windows.terminal.show();
+    QAction* entry = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* found = window->findChild<QAction*>(QStringLiteral("mnu_BackupRadio"))) entry = found;
+    }
+    ASSERT_NE(entry, nullptr);
+    const auto* more = qobject_cast<QMenu*>(entry->parent());
+    ASSERT_NE(more, nullptr);
+    EXPECT_EQ(more->title(), QStringLiteral("More"));
+    EXPECT_EQ(more->actions().constLast(), entry);
+    EXPECT_EQ(entry->text(), QStringLiteral("Backup whole Radio..."));
+    const std::string dir = bench.folder.file("backups");
+    entry->trigger();
+    EXPECT_TRUE(bench.fileDialog.shown.empty()) << "an assistive program's call would wait for the dialog";
+    bench.fileDialog.choose(dir);
+    bench.msgBox.foresee("The backup is in");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(bench.clock.advanceUntil([&] { return !bench.msgBox.shown.empty(); }, 200'000));
+    EXPECT_TRUE(std::filesystem::exists(dir + "/korvex-2026-11-22-234254/summary.txt"));
+    bench.program.end();
 }
 
 TEST_F(TerminalWindow, ShowsWhatCameWhateverItIs) {

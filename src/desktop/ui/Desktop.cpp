@@ -76,6 +76,7 @@ std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
                                          .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },
                                          .portSettings = [this] { showPortSettings(); },
                                          .about = [this] { showAboutBox(terminalWindow()); },
+                                         .backupRadio = [this] { m_program.backupEntry.mnu_BackupRadio_Click(); },
                                          .endProgram = [this] { return m_program.end(); },
                                      });
 }

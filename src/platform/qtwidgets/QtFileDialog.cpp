@@ -25,12 +25,15 @@ QStringList nameFilters(const std::string& filter) {
 }
 
 void prepare(QFileDialog& dialog, const FileDialogRequest& request) {
-    const bool saving = request.mode == FileDialogRequest::Mode::Save;
+    using Mode = FileDialogRequest::Mode;
+    const bool saving = request.mode == Mode::Save;
+    const bool folder = request.mode == Mode::Folder;
     dialog.setWindowTitle(QString::fromStdString(request.title));
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setFileMode(saving ? QFileDialog::AnyFile : folder ? QFileDialog::Directory : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    dialog.setNameFilters(nameFilters(request.filter));
+    dialog.setOption(QFileDialog::ShowDirsOnly, folder);
+    if (!folder) dialog.setNameFilters(nameFilters(request.filter));
     dialog.setDefaultSuffix(QString::fromStdString(request.defaultExtension));
     const auto start = dialogStart(request);
     if (!start.folder.empty()) dialog.setDirectory(QString::fromStdString(start.folder));
@@ -51,7 +54,7 @@ std::optional<std::string> QtFileDialog::show(const FileDialogRequest& request) 
     prepare(dialog, request);
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
         const std::string chosen = dialog.selectedFiles().constFirst().toStdString();
-        if (request.mode == FileDialogRequest::Mode::Open) return chosen;
+        if (request.mode != FileDialogRequest::Mode::Save) return chosen;
         const std::string file = withDefaultExtension(chosen, request.defaultExtension);
         if (mayReplace(file)) return file;
         dialog.selectFile(QString::fromStdString(file));

@@ -102,6 +102,8 @@ void frmTerm::makeMoreMenu(ToolWindows& windows) {
     tool("mnu_keyer", QStringLiteral("CW Keyer Memory"), windows.keyer, &Terminal::mnu_keyer_Click);
     menu->addSeparator();
     entry(menu, "mnu_about", QStringLiteral("About"), m_actions.about);
+    menu->addSeparator();
+    entry(menu, "mnu_BackupRadio", QStringLiteral("Backup whole Radio..."), m_actions.backupRadio);
 }
 
 QAction* frmTerm::toolButton(const char* key, const QString& tip, const char* icon, const std::function<void()>& run) {

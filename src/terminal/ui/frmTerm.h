@@ -18,6 +18,7 @@ struct TerminalActions {
     std::function<void()> restoreMemories;  ///< empty: the entry stands disabled
     std::function<void()> portSettings;
     std::function<void()> about;
+    std::function<void()> backupRadio;
     std::function<bool()> endProgram;  ///< the close box; false keeps the window
 };
 

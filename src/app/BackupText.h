@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "cli/DataItems.h"
+#include "app/DataItems.h"
 
-namespace korvex::cli {
+namespace korvex {
 
 /// What a backup's summary tells, UTF-8.
 struct BackupSummary {
@@ -20,10 +20,15 @@ struct BackupSummary {
     std::vector<Part> parts;
 };
 
+/// A line for each part: "menu.mnu: 149 menu items".
+std::vector<std::string> savedLines(const BackupSummary& summary);
+/// What the radio refused to tell: items by name, and what is missing as a whole. A line each.
+std::vector<std::string> refusedLines(const BackupSummary& summary);
+
 /// A page that a person reads: what was saved, and what the radio refused to tell.
 std::string summaryText(const BackupSummary& summary);
 
 /// The equalizer's 18 menu items by name, for people: what is restored is in the menu file.
 std::string equalizerText(const DataItems& menu);
 
-}  // namespace korvex::cli
+}  // namespace korvex

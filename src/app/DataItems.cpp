@@ -1,4 +1,4 @@
-#include "cli/DataItems.h"
+#include "app/DataItems.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +15,7 @@
 #include "memory/MemoryRecord.h"
 #include "menu/MenuFile.h"
 
-namespace korvex::cli {
+namespace korvex {
 
 namespace {
 
@@ -133,6 +133,12 @@ Result<DataItems> dataItems(const std::string& kind, std::string_view content) {
     return reader->second(content);
 }
 
+std::string endingOf(std::string_view kind) {
+    const auto* found =
+        std::find_if(dataKinds.begin(), dataKinds.end(), [kind](const DataKind& row) { return row.name == kind; });
+    return std::string(found == dataKinds.end() ? std::string_view() : found->ending);
+}
+
 bool wasRefused(const DataItem& item) {
     return item.value == "?;" || item.value == "?";
 }
@@ -147,4 +153,4 @@ bool setsCatLine(std::string_view command) {
                        [&](std::string_view head) { return letters.find(head) != std::string::npos; });
 }
 
-}  // namespace korvex::cli
+}  // namespace korvex

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/RuntimeError.h"
 
-namespace korvex::cli {
+namespace korvex {
 
 /// One item of a data file. All but the name is wire text.
 struct DataItem {
@@ -18,6 +19,17 @@ struct DataItem {
 
 using DataItems = std::vector<DataItem>;
 
+/// A kind of data file and its ending, as the dialogs propose it.
+struct DataKind {
+    std::string_view name;
+    std::string_view ending;
+};
+inline constexpr std::array<DataKind, 5> dataKinds = {
+    {{"menu", "mnu"}, {"memory", "mem"}, {"list", "mef"}, {"bandstack", "bsr"}, {"keyer", "kem"}}};
+
+/// Empty for a kind that there is not.
+std::string endingOf(std::string_view kind);
+
 /// What a file of this kind ("menu", "memory", "list", "bandstack", "keyer") says, in the order in which it is sent.
 /// Refused is what the kind's own restore refuses.
 Result<DataItems> dataItems(const std::string& kind, std::string_view content);
@@ -28,4 +40,4 @@ bool wasRefused(const DataItem& item);
 /// The radio's own CAT settings, menu items 028 to 030: speed, time-out, RTS. Whoever changes them may cut the line.
 bool setsCatLine(std::string_view command);
 
-}  // namespace korvex::cli
+}  // namespace korvex

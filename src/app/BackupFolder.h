@@ -3,12 +3,11 @@
 #include <string>
 
 #include "base/RuntimeError.h"
-#include "cli/FileKinds.h"
 
-namespace korvex::cli {
+namespace korvex {
 
 /// "menu.mnu": what the file of a kind is called in a backup.
-std::string backupFileName(const FileKind& kind);
+std::string backupFileName(const std::string& kind);
 
 /// A new folder DIR/korvex-2026-11-22-234254. It is called "....incomplete" until it is whole, and is removed if it
 /// never gets so.
@@ -31,4 +30,4 @@ private:
     std::string m_incomplete;  // empty when there is none
 };
 
-}  // namespace korvex::cli
+}  // namespace korvex

@@ -1,4 +1,4 @@
-#include "cli/BackupText.h"
+#include "app/BackupText.h"
 
 #include <algorithm>
 
@@ -8,7 +8,7 @@
 #include "memory/MemoryTables.h"
 #include "menu/MenuCommandTable.h"
 
-namespace korvex::cli {
+namespace korvex {
 
 namespace {
 
@@ -67,15 +67,27 @@ std::string equalizerLine(const EqItem& item, const std::string& menu, const std
 
 }  // namespace
 
+std::vector<std::string> savedLines(const BackupSummary& summary) {
+    std::vector<std::string> lines;
+    for (const auto& part : summary.parts) lines.push_back(part.file + ": " + holds(part));
+    return lines;
+}
+
+std::vector<std::string> refusedLines(const BackupSummary& summary) {
+    std::vector<std::string> lines;
+    for (const auto& part : summary.parts) {
+        for (auto& line : refusals(part)) lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
 std::string summaryText(const BackupSummary& summary) {
     std::string text = "Backup of " + summary.timeOfDay + "\n\n";
     text += "Radio  " + radioName(summary.radio) + "\n";
     text += "Port   " + summary.port + "\n\n";
+    for (const auto& part : summary.parts) text += column(part.file, 18) + holds(part) + "\n";
     std::string refused;
-    for (const auto& part : summary.parts) {
-        text += column(part.file, 18) + holds(part) + "\n";
-        for (const auto& line : refusals(part)) refused += "  " + line + "\n";
-    }
+    for (const auto& line : refusedLines(summary)) refused += "  " + line + "\n";
     text += column("equalizer.txt", 18) + "menu items 125 to 142 by name; what is restored is in the menu file\n";
     text += "\nThe radio refused to tell" + (refused.empty() ? " nothing\n" : ":\n" + refused);
     return text;
@@ -95,4 +107,4 @@ std::string equalizerText(const DataItems& menu) {
     return text;
 }
 
-}  // namespace korvex::cli
+}  // namespace korvex

@@ -1,9 +1,11 @@
-#include "cli/BackupFolder.h"
+#include "app/BackupFolder.h"
 
 #include <algorithm>
 #include <filesystem>
 
-namespace korvex::cli {
+#include "app/DataItems.h"
+
+namespace korvex {
 
 namespace {
 
@@ -21,8 +23,8 @@ Failure failed(const std::string& path, const std::error_code& error) {
 
 }  // namespace
 
-std::string backupFileName(const FileKind& kind) {
-    return kind.name + "." + kind.ending;
+std::string backupFileName(const std::string& kind) {
+    return kind + "." + endingOf(kind);
 }
 
 Failure BackupFolder::make(const std::string& dir, const std::string& timeOfDay) {
@@ -55,4 +57,4 @@ void BackupFolder::drop() {
     m_incomplete.clear();
 }
 
-}  // namespace korvex::cli
+}  // namespace korvex

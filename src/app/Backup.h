@@ -1,0 +1,73 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/BackupFolder.h"
+#include "app/BackupReadings.h"
+#include "app/BackupText.h"
+
+namespace korvex {
+
+/// The whole radio into a new folder: the model, then menu, memories, band stack and keyer, one reading after the
+/// other, each file written as soon as it is read; a summary at the end. For the windows and for korvexctl.
+///
+///     folder "...incomplete" -> communication test over -> reading -> its files -> ... -> equalizer, summary
+///                            -> folder without that ending                                -> ended: Done
+///     5 s without an answer, 30 s without a step forward, answers that no radio gives, another operation  -> folder
+///     gone  -> ended: NoAnswer port closed                                                            -> folder gone
+///     -> ended: PortClosed a file or the folder cannot be written                                 -> folder gone  ->
+///     ended: FileFailed
+class Backup {
+public:
+    Backup(Terminal& terminal, Clock& clock);
+
+    /// Makes the folder for `read` in `dir`, named after the time of day, "2026-11-22 23:42:54".
+    Failure makeFolder(const std::string& dir, const std::string& timeOfDay);
+    void read();
+    /// Both. Nothing happens while a backup is going on.
+    void start(const std::string& dir, const std::string& timeOfDay);
+    /// Nothing is left of the folder. Ends as Cancelled if it was running.
+    void stop();
+    bool running() const { return m_running; }
+
+    /// `ended` may come during `start`.
+    Signal<TransferEnd> ended;
+    /// Why there is no backup, UTF-8, for the owner; empty after Done.
+    const std::string& why() const { return m_why; }
+    /// The folder of the last backup that was begun.
+    const std::string& path() const { return m_folder.path(); }
+    /// What is in it; whole after Done.
+    const BackupSummary& summary() const { return m_summary; }
+
+private:
+    const BackupReading& reading() const { return m_readings.all()[m_step]; }
+    void beginStep();
+    void showProgress();
+    void startAnew(Timer& watch) const;
+    void stopWatching();
+    void onStepEnded(TransferEnd end);
+    bool keep(const BackupFile& file);
+    void onClaimed(ActiveOperation operation);
+    void onSilence();
+    void conclude();
+    Failure writeTexts() const;
+    void fail(TransferEnd end, const std::string& why);
+    void finish(TransferEnd end, const std::string& why);
+
+    CatLink& m_link;
+    BackupReadings m_readings;
+    BackupFolder m_folder;
+    BackupSummary m_summary;
+    std::unique_ptr<Timer> m_next;        // not from inside the end of the reading before
+    std::unique_ptr<Timer> m_silence;     // since the last answer
+    std::unique_ptr<Timer> m_standstill;  // since the last step forward
+    bool m_running = false;
+    std::size_t m_step = 0;
+    std::string m_caption;  // of the progress window, while it is ours
+    std::string m_why;
+    Connection m_readingEnd;
+    Connections m_connections;
+};
+
+}  // namespace korvex

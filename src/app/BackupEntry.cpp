@@ -1,0 +1,65 @@
+#include "app/BackupEntry.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvex {
+
+namespace {
+
+constexpr std::string_view pathKey = "SavePathBackup";
+constexpr const char* title = "Backup whole Radio";
+constexpr std::size_t mostLines = 12;  // a box must fit the screen
+
+}  // namespace
+
+BackupEntry::BackupEntry(BackupEntryNeeds needs) : m_needs(std::move(needs)), m_tell(m_needs.clock.makeTimer()) {
+    m_connections += m_tell->tick.connect([this] { tellNow(); });
+    m_connections += m_needs.backup.ended.connect([this](TransferEnd end) { onEnded(end); });
+}
+
+void BackupEntry::mnu_BackupRadio_Click() {
+    if (!isFree()) return;
+    const std::string start =
+        m_needs.settings.get(applicationName, settingsSection, pathKey, m_needs.programFolder + "/files");
+    const auto folder =
+        m_needs.fileDialog.show({FileDialogRequest::Mode::Folder, "Folder for the Backup of the Radio", "", start, ""});
+    if (!folder) return;
+    m_needs.settings.save(applicationName, settingsSection, pathKey, *folder);
+    if (!isFree()) return;  // the line may be another's since the dialog came up
+    m_started = true;
+    m_needs.backup.start(*folder, m_needs.timeOfDay());
+}
+
+bool BackupEntry::isFree() {
+    const std::string why = m_needs.whyNotNow();
+    if (!why.empty()) m_needs.msgBox.exclamation(why, title);
+    return why.empty();
+}
+
+void BackupEntry::onEnded(TransferEnd end) {
+    if (!std::exchange(m_started, false)) return;
+    m_untold = {end == TransferEnd::Done ? savedText() : "No backup was made.\r\n\r\n" + m_needs.backup.why(), title,
+                end == TransferEnd::Done ? MsgIcon::Information : MsgIcon::Exclamation, MsgButtons::Ok};
+    m_tell->setEnabled(true);
+}
+
+std::string BackupEntry::savedText() const {
+    std::string text = "The backup is in\r\n" + m_needs.backup.path() + "\r\n\r\n";
+    for (const auto& line : savedLines(m_needs.backup.summary())) text += line + "\r\n";
+    const auto refused = refusedLines(m_needs.backup.summary());
+    text += "\r\nThe radio refused to tell" + std::string(refused.empty() ? " nothing." : ":");
+    for (std::size_t i = 0; i < std::min(refused.size(), mostLines); ++i) text += "\r\n" + refused[i];
+    if (refused.size() > mostLines) {
+        text += "\r\nand " + std::to_string(refused.size() - mostLines) + " more, which are in summary.txt";
+    }
+    return text;
+}
+
+void BackupEntry::tellNow() {
+    m_tell->setEnabled(false);
+    const MsgBoxRequest request = std::exchange(m_untold, {});
+    if (!request.text.empty()) m_needs.msgBox.show(request);
+}
+
+}  // namespace korvex

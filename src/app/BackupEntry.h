@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "app/Backup.h"
+#include "platform/Clock.h"
+#include "platform/FileDialog.h"
+#include "platform/MsgBox.h"
+#include "platform/SettingsStore.h"
+
+namespace korvex {
+
+/// What the entry needs of the rest.
+struct BackupEntryNeeds {
+    Backup& backup;
+    Clock& clock;
+    SettingsStore& settings;
+    FileDialog& fileDialog;
+    MsgBox& msgBox;
+    std::function<std::string()> timeOfDay;
+    std::function<std::string()> whyNotNow;  ///< why the line is not free, for the owner; empty when it is
+    std::string programFolder;               ///< UTF-8, without a slash at the end
+};
+
+/// "Backup whole Radio...": asks for a folder, lets the backup run and tells in a box what has become of it.
+class BackupEntry {
+public:
+    explicit BackupEntry(BackupEntryNeeds needs);
+
+    void mnu_BackupRadio_Click();
+    /// The end of a backup is told from the event loop; this tells it now, if it has not been told.
+    void tellNow();
+
+private:
+    bool isFree();
+    std::string savedText() const;
+    void onEnded(TransferEnd end);
+
+    BackupEntryNeeds m_needs;
+    bool m_started = false;  // from here, and not yet ended
+    MsgBoxRequest m_untold;
+    std::unique_ptr<Timer> m_tell;
+    Connections m_connections;
+};
+
+}  // namespace korvex

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/ModelReader.h"
+#include "bandstack/BandStackReader.h"
+#include "keyer/KeyerReader.h"
+#include "memory/MemoryReader.h"
+#include "menu/MenuReader.h"
+
+namespace korvex {
+
+/// A data file as it will be written.
+struct BackupFile {
+    std::string kind;  ///< "menu"
+    std::string content;
+};
+
+/// One part of the radio that is read at a time.
+struct BackupReading {
+    std::string name;      ///< for the owner
+    ActiveOperation code;  ///< what it claims the answers with
+    std::function<void()> start;
+    std::function<void()> stop;  ///< sends nothing more; does not tell an end
+    Signal<TransferEnd>* ended;
+    std::function<std::string()> objection;  ///< why what was read is not worth a file
+    std::function<std::vector<BackupFile>()> files;
+};
+
+/// Everything that a backup reads, in objects of its own: what the windows show and what their owner has typed into
+/// them stays as it is. The readers are those of the windows.
+class BackupReadings {
+public:
+    BackupReadings(Terminal& terminal, Clock& clock);
+
+    const std::vector<BackupReading>& all() const { return m_all; }
+    const std::string& model() const { return m_modelReader.model(); }
+
+private:
+    BackupReading modelReading();
+    BackupReading menuReading();
+    BackupReading memoryReading();
+    BackupReading bandStackReading();
+    BackupReading keyerReading();
+    std::string listFileText();
+
+    ModelReader m_modelReader;
+    MenuCommandTable m_menu;
+    MenuReader m_menuReader;
+    MemoryTable m_memories;
+    MemoryList m_list;
+    MemoryReader m_memoryReader;
+    BandStack m_bandStack;
+    BandStackReader m_bandStackReader;
+    KeyerTable m_keyerTable;
+    KeyerReader m_keyerReader;
+    std::vector<BackupReading> m_all;
+};
+
+}  // namespace korvex

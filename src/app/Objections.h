@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include "bandstack/BandStack.h"
+#include "keyer/KeyerReader.h"
+#include "memory/MemoryReader.h"
+#include "menu/MenuCommandTable.h"
+
+namespace korvex {
+
+/// What speaks against keeping what was read from the radio, for those who cannot ask anybody: empty when it is whole.
+namespace objections {
+
+std::string toMenu(const MenuCommandTable& table);
+/// A firmware without one of the items refuses it; the others are in place all the same.
+std::string toMenuWithRefusals(const MenuCommandTable& table);
+/// Noise on the line makes answers that no radio gives.
+std::string toMemories(const MemoryReader& reader);
+/// A band that the radio does not have is no objection.
+std::string toBandStack(const BandStack& stack);
+std::string toKeyerTexts(const KeyerReader& reader);
+
+}  // namespace objections
+
+}  // namespace korvex

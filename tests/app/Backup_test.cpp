@@ -1,0 +1,231 @@
+#include <gtest/gtest.h>
+
+#include "fakes/ProgramBench.h"
+#include "keyer/KeyerFile.h"
+#include "menu/MenuFile.h"
+#include "radio/SimulatedPorts.h"
+
+namespace korvex {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The entry of the terminal's menu, with an owner who keeps backups in a folder of his.
+struct WholeBackup : testing::Test {
+    fakes::ProgramBench<SimulatedPorts> bench;
+    Program& program = bench.program;
+    const std::string dir = bench.folder.file("backups");
+    std::optional<TransferEnd> end;
+    Connection listening = program.backup.ended.connect([this](TransferEnd how) { end = how; });
+
+    void click() {
+        bench.fileDialog.choose(dir);
+        program.backupEntry.mnu_BackupRadio_Click();
+    }
+    /// The box at the end of a backup that is going on.
+    std::string toldAtTheEnd() {
+        const auto before = bench.msgBox.shown.size();
+        bench.msgBox.foresee("");
+        EXPECT_TRUE(bench.clock.advanceUntil([&] { return bench.msgBox.shown.size() > before; }, 300'000));
+        return bench.msgBox.shown.back().text;
+    }
+    bool nothingIsLeft() const { return !fs::exists(dir) || fs::is_empty(dir); }
+    void expectItWorksAgain() {
+        bench.ports.plugIn();
+        bench.ports.faults() = {};
+        if (!program.link.PortOpen()) bench.openPort();
+        click();
+        EXPECT_NE(toldAtTheEnd().find("The backup is in"), std::string::npos) << bench.msgBox.shown.back().text;
+        EXPECT_EQ(end, TransferEnd::Done);
+        EXPECT_FALSE(program.progress.visible);
+        fs::remove_all(dir);
+    }
+    /// A backup that something happens to a second after its first to fourth reading was begun; 0: at once.
+    std::string brokenBy(int reading, std::function<void()> what) {
+        if (!program.link.PortOpen()) bench.openPort();
+        program.progress.caption = "";
+        click();
+        const std::string caption = "Backup " + std::to_string(reading);
+        bench.clock.advanceUntil([&] { return reading == 0 || program.progress.caption.get().starts_with(caption); },
+                                 200'000);
+        bench.clock.advance(reading == 0 ? 30 : 1'000);
+        EXPECT_TRUE(program.backup.running());
+        what();
+        const std::string text = toldAtTheEnd();
+        EXPECT_TRUE(text.starts_with("No backup was made.")) << text;
+        EXPECT_TRUE(nothingIsLeft());
+        EXPECT_FALSE(program.backup.running());
+        return text;
+    }
+};
+
+std::string everythingInTheWindows(Program& program) {
+    std::string text = keyerFileText(program.keyerWindow.table()) + menuFileText(program.menuCommandTable);
+    const std::vector<const MSFlexGrid*> grids = {
+        &program.memory.list.FlexGrid1, &program.bandStackWindow.stack().FlexGrid1, &program.menuManager.FlexGrid1};
+    for (const auto* grid : grids) {
+        for (int row = 0; row < grid->Rows(); ++row) {
+            for (int column = 0; column < grid->Cols(); ++column) text += grid->TextMatrix(row, column) + "|";
+        }
+    }
+    for (int slot = 0; slot <= MemoryTable::lastSlot; ++slot) text += program.memory.table[slot];
+    for (const std::string& shown :
+         {program.terminal.txtPath.get(), program.terminal.Label1.get(), program.memory.listFiles.txtPath.get(),
+          program.memory.editor.Text2.get(), program.bandStackWindow.dateipath.get(),
+          program.bandStackWindow.Text2.get(), program.keyerWindow.hint.get(), program.menuManager.Label1.get()}) {
+        text += shown + "\n";
+    }
+    return text;
+}
+
+TEST_F(WholeBackup, SavesTheRadioAndLeavesWhatTheWindowsHold) {
+    bench.openPort();
+    program.memory.list.setCell(7, MemoryField::Frequency, "typed");
+    program.memory.table.set(50, "MR05014250000+000000200080;");
+    program.keyerWindow.table().setText(2, "TYPED");
+    program.bandStackWindow.Form_Load();
+    program.bandStackWindow.stack().setWireText(3, 3, "TYPED");
+    program.menuManager.FlexGrid1.setTextMatrix(5, 5, "typed");
+    program.terminal.term3_KeyPress("F");
+    const std::string before = everythingInTheWindows(program);
+    bench.ports.faults().refusesItems = {"EX042", "BS02"};
+    click();
+    EXPECT_TRUE(program.backup.running());
+    bench.clock.advance(20'000);
+    EXPECT_TRUE(program.progress.visible);
+    EXPECT_EQ(program.progress.caption.get(), "Backup 2 of 4: memories");
+    const std::string text = toldAtTheEnd();
+    for (const char* part :
+         {"/backups/korvex-2026-11-22-234254\r\n", "149 menu items\r\n", "bandstack.bsr: 30 registers",
+          "refused to tell:\r\nmenu 042\r\n", "the band stack of band 02"}) {
+        EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
+    }
+    EXPECT_EQ(everythingInTheWindows(program), before);
+    EXPECT_TRUE(program.link.PortOpen());
+    EXPECT_FALSE(program.progress.visible);
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir), {}), 1);
+    click();
+    EXPECT_NE(toldAtTheEnd().find("is there already"), std::string::npos) << "the same second";
+}
+
+TEST_F(WholeBackup, WhateverGoesWrongIsToldAndLeavesNothing) {
+    for (const int reading : {0, 1, 2, 3, 4}) {
+        SCOPED_TRACE(reading);
+        brokenBy(reading, [this] { bench.ports.faults().deaf = true; });
+        EXPECT_EQ(end, TransferEnd::NoAnswer);
+        EXPECT_TRUE(program.link.PortOpen());
+        bench.ports.faults() = {};
+        EXPECT_NE(brokenBy(reading, [this] { program.link.closePort(); }).find("the port was closed"),
+                  std::string::npos);
+        EXPECT_EQ(end, TransferEnd::PortClosed);
+        brokenBy(reading, [this] {
+            bench.msgBox.foresee("not plugged in");
+            bench.ports.unplug();
+            bench.clock.advanceUntil([this] { return !program.link.PortOpen(); }, 1'000);
+        });
+        EXPECT_EQ(end, TransferEnd::PortClosed);
+        bench.ports.plugIn();
+        brokenBy(reading, [this] { bench.ports.faults().eighthBit = true; });
+        EXPECT_EQ(end, TransferEnd::NoAnswer);
+        expectItWorksAgain();
+    }
+    fakes::writeFile(dir, "a file where the folder should be");
+    click();
+    EXPECT_TRUE(toldAtTheEnd().starts_with("No backup was made.\r\n\r\n" + dir));
+    EXPECT_EQ(end, TransferEnd::FileFailed);
+}
+
+TEST_F(WholeBackup, AnotherOperationInTheMiddleGetsTheLineAndTheProgressWindow) {
+    struct Other {
+        std::function<void()> start;
+        std::function<bool()> running;
+    };
+    auto& band = program.bandStackWindow;
+    auto& keyer = program.keyerWindow;
+    const std::vector<Other> others = {
+        {[&] { program.menuReader.mnu_Store_Click(); }, [&] { return program.menuReader.running(); }},
+        {[&] { program.memory.reader.mnu_saveMem_Click(); }, [&] { return program.memory.reader.running(); }},
+        {[&] { band.mnu_readBandStack_Click(); }, [&] { return band.reader().running(); }},
+        {[&] { keyer.readKeyer(); }, [&] { return keyer.reader().running(); }}};
+    int number = 0;
+    for (const int reading : {0, 1, 2, 3, 4}) {
+        for (const auto& other : others) {
+            SCOPED_TRACE(std::to_string(reading) + " " + std::to_string(number % 4));
+            const std::string file = bench.folder.file("own" + std::to_string(number++));
+            const auto text = brokenBy(reading, [&] { other.start(); });
+            EXPECT_NE(text.find("another operation was started"), std::string::npos) << text;
+            EXPECT_TRUE(program.progress.visible);
+            if (number % 4 != 0) bench.fileDialog.choose(file);
+            EXPECT_TRUE(bench.clock.advanceUntil([&] { return !other.running(); }, 200'000));
+            EXPECT_FALSE(program.progress.visible);
+            EXPECT_EQ(number % 4 != 0, fs::exists(file));
+            EXPECT_EQ(keyer.hint.get(), "");
+        }
+    }
+    brokenBy(2, [this] { program.memory.editor.cmd3_Click(); });
+    EXPECT_FALSE(program.progress.visible) << "one channel needs none";
+    expectItWorksAgain();
+}
+
+TEST_F(WholeBackup, IsNotBegunWhenTheLineIsNotFree) {
+    const auto refused = [this](const char* why) {
+        bench.msgBox.foresee(why);
+        program.backupEntry.mnu_BackupRadio_Click();
+        EXPECT_FALSE(end.has_value());
+    };
+    refused("The port is closed");
+    program.eqWindow.Form_Load(bench.settings);
+    program.eqWindow.toggleEqPort();
+    refused("The equalizer has the port");
+    bench.openPort();
+    program.menuReader.mnu_Store_Click();
+    refused("Another operation");
+    program.link.closePort();
+    bench.openPort();
+    bench.fileDialog.whileShown = [this] { program.link.closePort(); };
+    bench.fileDialog.choose(dir);
+    refused("The port is closed");
+    bench.fileDialog.whileShown = nullptr;
+    bench.openPort();
+    bench.fileDialog.cancel();
+    program.backupEntry.mnu_BackupRadio_Click();
+    click();
+    refused("going on already");
+    EXPECT_NE(toldAtTheEnd().find("The backup is in"), std::string::npos);
+}
+
+TEST_F(WholeBackup, IsNotHungUpByARadioThatOnlyTellsNews) {
+    for (const std::string talk : {"FA14250000;", "\xF3\xE1"}) {
+        auto chatter = bench.clock.makeTimer();
+        chatter->setInterval(150);
+        const Connection talking = chatter->tick.connect([&] {
+            program.link.came.emit(talk);
+            program.link.answers().take(talk);
+        });
+        for (const int reading : {1, 2, 3, 4}) {
+            SCOPED_TRACE(talk + " " + std::to_string(reading));
+            brokenBy(reading, [&] {
+                bench.ports.faults().deaf = true;
+                chatter->setEnabled(true);
+            });
+            chatter->setEnabled(false);
+            bench.ports.faults() = {};
+        }
+    }
+    expectItWorksAgain();
+}
+
+TEST_F(WholeBackup, TheEndOfTheProgramIsTold) {
+    bench.openPort();
+    click();
+    bench.clock.advance(30'000);
+    bench.msgBox.foresee("No backup was made");
+    EXPECT_TRUE(program.end());
+    EXPECT_TRUE(nothingIsLeft());
+    const auto sent = bench.ports.cable.line.commandsHeard;
+    bench.clock.advance(10'000);
+    EXPECT_EQ(bench.ports.cable.line.commandsHeard, sent);
+}
+
+}  // namespace
+}  // namespace korvex
