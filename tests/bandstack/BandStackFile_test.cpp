@@ -80,12 +80,9 @@ TEST_F(BandStackFileTest, TheEarlierLayoutHasNoQueriesAndMayCountItsRows) {
 }
 
 TEST_F(BandStackFileTest, AnyContentIsReadWithoutHarm) {
-    std::string noise;
-    unsigned seed = 1;
-    for (int i = 0; i < 300'000; ++i) noise += static_cast<char>((seed = seed * 1103515245 + 12345) >> 16);
     const std::string half = "||BS00;|";
     for (const auto& content : {std::string(), std::string("|"), std::string(1 << 20, 'x'), std::string(1'000'000, '|'),
-                                noise, "99999999|" + half, "-1|" + half, "0|" + half, "1e3|" + half,
+                                "99999999|" + half, "-1|" + half, "0|" + half, "1e3|" + half,
                                 std::string("|\0|\0;|", 6), std::string("|a,b|\"c|d\",|\r|e|\n|f")}) {
         const bool hasFields = std::count(content.begin(), content.end(), '|') > 1;
         if (!hasFields) bench.msgBox.foresee("Datei nicht für diese Version des Programms ");

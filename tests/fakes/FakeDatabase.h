@@ -70,9 +70,9 @@ private:
     class FakeConnection : public DatabaseConnection {
     public:
         explicit FakeConnection(FakeDatabase& database) : m_database(database) {}
-        Failure Open(const std::string& file, const std::string& password) override {
-            m_database.file = file;
-            m_database.password = password;
+        Failure Open(const std::string& path, const std::string& word) override {
+            m_database.file = path;
+            m_database.password = word;
             Errors = m_database.errors;
             m_open = !m_database.fails;
             m_database.opened += m_open ? 1 : 0;

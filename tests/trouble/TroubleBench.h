@@ -6,14 +6,14 @@
 #include <vector>
 
 #include "fakes/ProgramBench.h"
-#include "radio/SimulatedPorts.h"
+#include "fakes/TalkativePorts.h"
 
 namespace korvex {
 
 struct Operation;
 
 /// The whole program with a simulated radio, and an owner who answers every dialog and box.
-struct TroubleBench : fakes::ProgramBench<SimulatedPorts> {
+struct TroubleBench : fakes::ProgramBench<fakes::TalkativePorts> {
     static constexpr const char* oldContent = "an old file\r\n";
 
     TroubleBench();
