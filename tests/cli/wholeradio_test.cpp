@@ -1,8 +1,6 @@
 #include <algorithm>
-#include <set>
 
 #include "cli/CliBench.h"
-#include "radio/StateText.h"
 
 namespace korvex::cli {
 namespace {
@@ -33,27 +31,6 @@ RadioState otherRadio() {
     return state;
 }
 
-std::set<std::string> lines(const RadioState& state) {
-    std::set<std::string> all;
-    std::istringstream text(stateText(state));
-    for (std::string line; std::getline(text, line);) {
-        // Registers of a band have no fixed first one.
-        if (line.starts_with("register ")) line.erase(11, 2);
-        all.insert(line);
-    }
-    return all;
-}
-
-/// The keys of the lines of `one` that `other` does not have.
-std::set<std::string> keysOnlyIn(const RadioState& one, const RadioState& other) {
-    const auto present = lines(other);
-    std::set<std::string> keys;
-    for (const auto& line : lines(one)) {
-        if (!present.contains(line)) keys.insert(line.substr(0, line.find(" =")));
-    }
-    return keys;
-}
-
 struct WholeRadio : testing::Test {
     CliBench bench;
     const std::string dir = bench.folder.file("backups");
@@ -64,29 +41,6 @@ struct WholeRadio : testing::Test {
     bool said(const std::string& text) const { return bench.out.str().find(text) != std::string::npos; }
     bool isEmpty() const { return !std::filesystem::exists(dir) || std::filesystem::is_empty(dir); }
 };
-
-TEST_F(WholeRadio, GoesFromOneRadioIntoAnother) {
-    const RadioState first = bench.ports.radio().state;
-    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done) << bench.err.str();
-    EXPECT_EQ(bench.out.str(), backup + "\n");
-    bench.ports.radio().state = otherRadio();
-    ASSERT_EQ(bench.run({"restore-all", backup}), ExitCode::Done) << bench.err.str();
-    const auto& second = bench.ports.radio().state;
-    const std::set<std::string> stays = {
-        "MG",                        // no file holds it
-        "keyer 4",                   // empty in the first radio
-        "memory 060", "memory 100",  // empty in the first radio; scan limits
-        "menu 028",   "menu 029",    // left out
-    };
-    auto differs = keysOnlyIn(first, second);
-    std::erase_if(differs, [](const std::string& key) { return key.starts_with("last used") || key == "band"; });
-    EXPECT_EQ(differs, stays);
-    EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
-
-    EXPECT_EQ(bench.run({"restore-all", "--with-cat", backup}), ExitCode::Done);
-    EXPECT_EQ(second.menu, first.menu);
-    EXPECT_TRUE(bench.sent.ends_with("EX0291;\nEX0300;\nEX0283;\n")) << bench.sent.substr(bench.sent.size() - 60);
-}
 
 TEST_F(WholeRadio, BackupHasTheFilesOfEachSaveAndAPageToRead) {
     ASSERT_EQ(bench.run({"-s", "38400,n,8,2", "backup", dir}), ExitCode::Done);
