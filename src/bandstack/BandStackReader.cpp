@@ -20,7 +20,8 @@ BandStackReader::BandStackReader(Terminal& terminal, Clock& clock, BandStack& st
       m_stack(stack),
       m_clock(clock),
       m_timer1(clock.makeTimer()),
-      m_code(code) {
+      m_code(code),
+      m_patience(clock, [this] { tellSilence(); }) {
     m_timer1->setInterval(50);
     m_connections += m_timer1->tick.connect([this] { Timer1_Timer(); });
     m_connections += m_link.closed.connect([this] { onPortClosed(); });
@@ -52,6 +53,7 @@ void BandStackReader::begin() {
 void BandStackReader::readColumn() {
     m_link.setActiveOperation(m_code);
     m_timer1->setEnabled(true);
+    m_patience.begin();
     m_stack.BandStackRow = 1;
     m_link.clearTraffic();
     m_terminal.Text2 = "";
@@ -61,6 +63,7 @@ void BandStackReader::readColumn() {
 
 void BandStackReader::stop() {
     m_timer1->setEnabled(false);
+    m_patience.end();
 }
 
 void BandStackReader::Timer1_Timer() {
@@ -97,8 +100,7 @@ void BandStackReader::onPortClosed() {
 /// Another operation has taken over the answers: without them the same query would go out for ever.
 void BandStackReader::giveWay() {
     stop();
-    const ActiveOperation other = m_link.activeOperation();
-    if (other == ActiveOperation::Idle || other == ActiveOperation::ReadOneChannel) m_link.progress().hide();
+    m_link.leaveProgress();
     ended.emit(TransferEnd::NoAnswer);
 }
 
@@ -118,6 +120,7 @@ Rest BandStackReader::takeAnswer() {
         return Rest::GoOn;
     }
     m_stack.setWireText(m_stack.BandStackRow, m_stack.BandStackColumn, answer);
+    m_patience.begin();
     m_link.progress().value = m_link.progress().value + 1;
     ++m_stack.BandStackRow;
     if (m_stack.BandStackRow <= BandStack::lastQueried) return Rest::GoOn;
@@ -164,6 +167,12 @@ void BandStackReader::finish() {
     const TransferEnd end = saveBandStackFile ? saveBandStackFile() : TransferEnd::Done;
     tellStrangeAnswers();
     ended.emit(end);
+}
+
+void BandStackReader::tellSilence() {
+    m_link.received().append(
+        "\r\n Attention: the radio has not answered for 5 seconds and is asked again and again. \r\n"
+        " Closing the port ends the reading. \r\n");
 }
 
 /// The file is what the radio said, but the owner must know when that is not what was asked for.

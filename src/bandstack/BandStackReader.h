@@ -6,6 +6,7 @@
 
 #include "bandstack/BandStack.h"
 #include "bandstack/QueryLedger.h"
+#include "cat/AnswerPatience.h"
 #include "cat/PhaseFlag.h"
 #include "platform/Clock.h"
 #include "terminal/Terminal.h"
@@ -24,7 +25,7 @@ namespace korvex {
 ///                                                                      operation takes the answers: stopped
 ///
 /// An answer belongs to the row that the cursor is at, whatever it says, unless it answers a query that was sent before
-/// (QueryLedger). A silent radio is asked for ever; closing the port ends it.
+/// (QueryLedger). A silent radio is asked for ever, and the owner is told; closing the port ends it.
 class BandStackReader {
 public:
     /// `code` is the operation that it claims the answers with.
@@ -53,6 +54,7 @@ private:
     void nextReadColumn();
     void finish();
     void tellStrangeAnswers();
+    void tellSilence();
     void onPortClosed();
     void giveWay();
 
@@ -65,6 +67,7 @@ private:
     std::unique_ptr<Timer> m_timer1;
     PhaseFlag m_phase;
     const ActiveOperation m_code;
+    AnswerPatience m_patience;
     Connections m_connections;
 };
 

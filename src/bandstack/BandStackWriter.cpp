@@ -26,7 +26,7 @@ std::string commandFor(const std::string& cell) {
 }  // namespace
 
 BandStackWriter::BandStackWriter(Terminal& terminal, Clock& clock, BandStack& stack)
-    : m_terminal(terminal), m_link(terminal.link()), m_stack(stack) {
+    : m_terminal(terminal), m_link(terminal.link()), m_stack(stack), m_patience(clock, [this] { tellSilence(); }) {
     setUp(m_timer2, clock, 50, &BandStackWriter::Timer2_Timer);
     setUp(m_timer3, clock, 300, &BandStackWriter::Timer3_Timer);
     setUp(m_timer4, clock, 200, &BandStackWriter::Timer4_Timer);
@@ -48,6 +48,7 @@ bool BandStackWriter::running() const {
 
 void BandStackWriter::stop() {
     for (auto* phased : {&m_timer2, &m_timer3, &m_timer4, &m_timer5, &m_timer6}) phased->stop();
+    m_patience.end();
 }
 
 /// The steps that end it are taken at once, or a port that is opened again quickly would find the write going on. Only
@@ -55,6 +56,7 @@ void BandStackWriter::stop() {
 void BandStackWriter::onPortClosed() {
     if (!running()) return;
     m_timer4.stop();
+    m_patience.end();
     while (m_timer6.Enabled()) Timer6_Timer();
     while (m_timer5.Enabled()) Timer5_Timer();
     if (m_timer2.Enabled()) Timer2_Timer();
@@ -153,6 +155,7 @@ void BandStackWriter::queryAntenna() {
     showSent(query);
     m_timer3.stop();
     m_timer4.start();
+    m_patience.begin();
     Timer4_Timer();
 }
 
@@ -183,9 +186,16 @@ void BandStackWriter::Timer4_Timer() {
         decideAntennaCommand();
         m_timer5.start();
         m_timer4.stop();
+        m_patience.end();
         Timer5_Timer();
     }
     m_timer4.phase.invert();
+}
+
+void BandStackWriter::tellSilence() {
+    m_link.received().append(
+        "\r\n Attention: the radio has not told its antenna for 5 seconds; the writing waits for that. \r\n"
+        " Closing the port ends it. \r\n");
 }
 
 void BandStackWriter::decideAntennaCommand() {

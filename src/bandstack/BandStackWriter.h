@@ -4,6 +4,7 @@
 #include <string>
 
 #include "bandstack/BandStack.h"
+#include "cat/AnswerPatience.h"
 #include "cat/PhaseFlag.h"
 #include "platform/Clock.h"
 #include "terminal/Terminal.h"
@@ -25,7 +26,8 @@ namespace korvex {
 /// Each timer works on every second call of its handler, and each hand-over calls the next handler once at once. A
 /// column whose first answer the radio had refused ("?;") is skipped, and the two after it.
 ///
-/// When the port closes, the write is over, but for Timer3, which waits for the port to come back.
+/// A radio that does not tell its antenna is waited for, and the owner is told. When the port closes, the write is
+/// over, but for Timer3, which waits for the port to come back.
 class BandStackWriter {
 public:
     BandStackWriter(Terminal& terminal, Clock& clock, BandStack& stack);
@@ -60,6 +62,7 @@ private:
     void queryAntenna();
     Rest takeAntennaAnswer();
     void Timer4_Timer();
+    void tellSilence();
     void decideAntennaCommand();
     void Timer5_Timer();
     void Timer6_Timer();
@@ -72,6 +75,7 @@ private:
     PhasedTimer m_timer4;
     PhasedTimer m_timer5;
     PhasedTimer m_timer6;
+    AnswerPatience m_patience;
     bool m_waitsForPort = false;  // it closed while Timer3 was running
     Connections m_connections;
 };

@@ -135,4 +135,9 @@ bool CatLink::drain() {
     return true;
 }
 
+void CatLink::leaveProgress() {
+    const auto other = activeOperation();
+    if (other == ActiveOperation::Idle || other == ActiveOperation::ReadOneChannel) m_progress.hide();
+}
+
 }  // namespace korvex

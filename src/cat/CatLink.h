@@ -49,6 +49,9 @@ public:
     StatusPanels& panels() { return m_panels; }
     PortIndicators& indicators() { return m_indicators; }
     ProgressWindow& progress() { return m_progress; }
+    /// For a transfer whose answers another operation has taken over: the progress window is the other one's now, and
+    /// goes when that one shows none.
+    void leaveProgress();
     /// Empties both displays and the accumulator.
     void clearTraffic();
 

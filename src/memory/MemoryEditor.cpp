@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "base/CodePage.h"
 #include "base/Lines.h"
@@ -25,7 +26,7 @@ bool canBeCarried(MemoryField field, std::string_view code) {
 }  // namespace
 
 MemoryEditor::MemoryEditor(CatLink& link, MemoryList& list, Clock& clock)
-    : m_link(link), m_list(list), m_timer2(clock.makeTimer()) {
+    : m_link(link), m_list(list), m_timer2(clock.makeTimer()), m_patience(clock, [this] { giveUp(); }) {
     m_choices.try_emplace(MemoryField::ClarifierDirection, directionTable);
     m_choices.try_emplace(MemoryField::RxClarifier, clarifierTable);
     m_choices.try_emplace(MemoryField::TxClarifier, clarifierTable);
@@ -37,6 +38,7 @@ MemoryEditor::MemoryEditor(CatLink& link, MemoryList& list, Clock& clock)
     m_connections += m_timer2->tick.connect([this] { Timer2_Timer(); });
     m_connections += txt1.text.changed.connect([this](const std::string&) { composeEditorWriteCommand(); });
     m_connections += txt2.text.changed.connect([this](const std::string&) { composeEditorWriteCommand(); });
+    m_connections += m_link.closed.connect([this] { endReading(TransferEnd::PortClosed); });
     m_link.answers().onAnswer(ActiveOperation::ReadOneChannel, [this] { return takeAnswer(); });
 }
 
@@ -125,6 +127,25 @@ void MemoryEditor::cmd3_Click() {
     m_list.setCell(m_currentRow, MemoryField::Channel, channelText(channel()));
     m_link.answers().clearAccumulator();
     m_link.send(memoryReadCommand(channel()) + std::string(crLf));
+    m_waits = true;
+    m_patience.begin();
+}
+
+bool MemoryEditor::isReading() const {
+    return m_waits && m_link.activeOperation() == ActiveOperation::ReadOneChannel;
+}
+
+void MemoryEditor::endReading(TransferEnd how) {
+    m_patience.end();
+    if (std::exchange(m_waits, false)) readingEnded.emit(how);
+}
+
+void MemoryEditor::giveUp() {
+    if (isReading()) {
+        m_link.setActiveOperation(ActiveOperation::Idle);
+        m_link.panels().Error = "Communication faild ";
+    }
+    endReading(TransferEnd::NoAnswer);
 }
 
 /// The error answer of a channel without data empties the row. Anything else that is no memory string (the radio tells
@@ -136,6 +157,7 @@ Rest MemoryEditor::takeAnswer() {
     if (!record) return Rest::GoOn;
     m_list.placeAnswer(m_currentRow, *record);
     loadEditorFromList();
+    endReading(TransferEnd::Done);
     return Rest::GoOn;
 }
 

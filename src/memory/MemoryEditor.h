@@ -6,12 +6,14 @@
 #include <string>
 
 #include "base/Property.h"
+#include "cat/AnswerPatience.h"
 #include "cat/CatLink.h"
 #include "memory/DigitBox.h"
 #include "memory/MemoryCodes.h"
 #include "memory/MemoryList.h"
 #include "memory/MemoryRecord.h"
 #include "platform/Clock.h"
+#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
@@ -47,7 +49,9 @@ public:
     std::optional<std::string> Text1_Change(const std::string& utf8);
     void Command1_Click();  ///< copies the channel into the list
     void cmd2_Click();      ///< writes the channel into the radio and reads it back
-    void cmd3_Click();      ///< reads the channel from the radio into the list and the form
+    void cmd3_Click();      ///< reads the channel from the radio into the list and the form; waits 5 s for it
+    bool isReading() const;
+    Signal<TransferEnd> readingEnded;
     /// A click on a row of the list.
     void chooseRow(int row);
 
@@ -67,6 +71,8 @@ private:
     void take(MemoryField field, std::string_view code);
     void Timer2_Timer();
     Rest takeAnswer();
+    void endReading(TransferEnd how);
+    void giveUp();
 
     CatLink& m_link;
     MemoryList& m_list;
@@ -76,6 +82,8 @@ private:
     bool m_followsList = false;
     bool m_loading = false;  // many fields change, one command is composed
     int m_currentRow = 0;    // of the list: where the answer goes
+    bool m_waits = false;    // for that answer
+    AnswerPatience m_patience;
     Connections m_connections;
 };
 

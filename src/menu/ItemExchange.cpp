@@ -9,10 +9,12 @@
 namespace korvex {
 
 ItemExchange::ItemExchange(CatLink& link, Clock& clock, MsgBox& msgBox, MSFlexGrid& grid)
-    : m_link(link), m_msgBox(msgBox), m_grid(grid), m_timer2(clock.makeTimer()) {
+    : m_link(link), m_msgBox(msgBox), m_grid(grid), m_timer2(clock.makeTimer()), m_patience(clock, [this] {
+          giveUp();
+      }) {
     m_timer2->setInterval(250);
     m_connections += m_timer2->tick.connect([this] { ask(); });
-    m_connections += m_link.closed.connect([this] { stop(); });
+    m_connections += m_link.closed.connect([this] { end(TransferEnd::PortClosed); });
     m_connections += Text3.changed.connect([this](const std::string&) { Text3_Change(); });
     m_link.answers().onAnswer(ActiveOperation::ManagerItemSend, [this] { return takeAnswer(); });
 }
@@ -20,6 +22,20 @@ ItemExchange::ItemExchange(CatLink& link, Clock& clock, MsgBox& msgBox, MSFlexGr
 void ItemExchange::stop() {
     m_waiting = false;
     m_timer2->setEnabled(false);
+    m_patience.end();
+}
+
+void ItemExchange::end(TransferEnd how) {
+    const bool ran = running();
+    stop();
+    if (ran) ended.emit(how);
+}
+
+void ItemExchange::giveUp() {
+    // A memory list that is being written has the same code.
+    const bool isOurs = m_link.activeOperation() == ActiveOperation::ManagerItemSend && !m_link.progress().visible;
+    if (isOurs) m_link.setActiveOperation(ActiveOperation::Idle);
+    end(TransferEnd::NoAnswer);
 }
 
 /// The item of the current cell; false when nothing can be exchanged.
@@ -64,6 +80,7 @@ void ItemExchange::ask() {
     m_timer2->setEnabled(false);
     m_link.answers().clearAccumulator();  // what came before is no answer to this
     m_waiting = true;
+    m_patience.begin();
     m_link.send("EX" + m_number + ";");
 }
 
@@ -77,6 +94,7 @@ Rest ItemExchange::takeAnswer() {
     // Without a value it is an adapter's echo of the question.
     if (at == std::string::npos || text.size() <= at + head + 1) return Rest::GoOn;
     m_waiting = false;
+    m_patience.end();
     m_link.received().append(crLf);
     Text2 = utf8FromWire(text.substr(at + head, text.size() - at - head - 1));
     m_link.answers().clearAccumulator();
@@ -86,6 +104,7 @@ Rest ItemExchange::takeAnswer() {
     const int step = 1 + static_cast<int>(m_random() % (numbers - 1));  // never the same again
     Text3 = std::to_string(1 + (last - 1 + step) % numbers);
     compare();
+    ended.emit(TransferEnd::Done);
     return Rest::GoOn;
 }
 

@@ -5,10 +5,12 @@
 #include <string>
 
 #include "base/Property.h"
+#include "cat/AnswerPatience.h"
 #include "cat/CatLink.h"
 #include "platform/Clock.h"
 #include "platform/MSFlexGrid.h"
 #include "platform/MsgBox.h"
+#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
@@ -16,6 +18,8 @@ namespace korvex {
 ///
 ///     send    EX042050;  (250 ms)  EX042;   answer EX042050;  -> as sent: "  no changes  "
 ///     read                         EX042;   answer EX042060;  -> into the cell, "  New Value  "
+///
+/// A radio that says nothing for 5 s is not waited for any longer; the cell stays as it is.
 class ItemExchange {
 public:
     ItemExchange(CatLink& link, Clock& clock, MsgBox& msgBox, MSFlexGrid& grid);
@@ -31,6 +35,10 @@ public:
     Signal<> releaseEditor;  ///< an answer is about to go into the grid
     Signal<> newValue;       ///< the radio has another value than was in the cell, and the user has seen it
 
+    bool running() const { return m_waiting || m_timer2->Enabled(); }
+    const std::string& itemNumber() const { return m_number; }  ///< "001"
+    Signal<TransferEnd> ended;
+
 private:
     bool choose();
     void ask();
@@ -38,6 +46,8 @@ private:
     void Text3_Change();
     void compare();
     void stop();
+    void end(TransferEnd how);
+    void giveUp();
 
     CatLink& m_link;
     MsgBox& m_msgBox;
@@ -48,6 +58,7 @@ private:
     int m_row = 0;         // where the answer goes
     int m_col = 0;
     bool m_waiting = false;  // the query is out
+    AnswerPatience m_patience;
     Connections m_connections;
 };
 

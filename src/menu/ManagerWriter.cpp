@@ -9,14 +9,19 @@ ManagerWriter::ManagerWriter(Terminal& terminal, Clock& clock, const MenuCommand
     : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_timer1(clock.makeTimer()) {
     m_timer1->setInterval(50);
     m_connections += m_timer1->tick.connect([this] { Timer1_Timer(); });
-    m_connections += m_link.closed.connect([this] { m_timer1->setEnabled(false); });
+    m_connections += m_link.closed.connect([this] {
+        if (running()) end(TransferEnd::PortClosed);
+    });
 }
 
 void ManagerWriter::start() {
     m_link.panels().Error = "";
     m_link.setActiveOperation(ActiveOperation::MenuWrite);
     m_link.clearTraffic();
-    if (!m_link.PortOpen()) return;
+    if (!m_link.PortOpen()) {
+        ended.emit(TransferEnd::PortClosed);
+        return;
+    }
     m_link.progress().caption = "Restore Menu Settings to FT-2000";
     m_link.progress().maximum = 155;
     m_link.progress().value = 1;
@@ -26,6 +31,11 @@ void ManagerWriter::start() {
 }
 
 void ManagerWriter::Timer1_Timer() {
+    if (m_link.activeOperation() != ActiveOperation::MenuWrite) {
+        // Another operation was started meanwhile: the panels are its own now.
+        m_link.leaveProgress();
+        return end(TransferEnd::NoAnswer);
+    }
     if (m_phase.isSet()) {
         if (m_writeIndex <= menuItemCount) {
             sendNext();
@@ -53,6 +63,12 @@ void ManagerWriter::finish() {
     m_link.received().append(crLf);
     m_link.setActiveOperation(ActiveOperation::Idle);
     m_link.closePort();
+    ended.emit(TransferEnd::Done);
+}
+
+void ManagerWriter::end(TransferEnd how) {
+    m_timer1->setEnabled(false);
+    ended.emit(how);
 }
 
 }  // namespace korvex

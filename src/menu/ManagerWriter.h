@@ -6,11 +6,13 @@
 #include "menu/MenuCommandTable.h"
 #include "platform/Clock.h"
 #include "terminal/Terminal.h"
+#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
 /// Writes the lines of the table to the radio as the Menu Manager does it: one every 100 ms, each followed by CR LF,
-/// and the port closed at the end, when the last of them has left.
+/// and the port closed at the end, when the last of them has left. Another operation that is started meanwhile ends it:
+/// it could not go on with its port closed.
 class ManagerWriter {
 public:
     ManagerWriter(Terminal& terminal, Clock& clock, const MenuCommandTable& table);
@@ -19,11 +21,13 @@ public:
     void start();
 
     bool running() const { return m_timer1->Enabled(); }
+    Signal<TransferEnd> ended;
 
 private:
     void Timer1_Timer();
     void sendNext();
     void finish();
+    void end(TransferEnd how);
 
     Terminal& m_terminal;
     CatLink& m_link;

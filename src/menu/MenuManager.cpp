@@ -38,6 +38,9 @@ MenuManager::MenuManager(MenuManagerNeeds needs)
     m_needs.reader.readComplete = [this] { readComplete(); };
     m_connections +=
         m_exchange.newValue.connect([this] { showLabel(" Save settings in file before living the program", true); });
+    m_connections += m_exchange.ended.connect([this](TransferEnd end) {
+        if (end == TransferEnd::NoAnswer) showLabel(" No answer for menu item " + m_exchange.itemNumber(), true);
+    });
 }
 
 void MenuManager::Form_Load() {

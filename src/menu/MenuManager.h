@@ -62,6 +62,7 @@ public:
     Property<bool> Label1Yellow{false};
 
     ItemExchange& exchange() { return m_exchange; }
+    ManagerWriter& writer() { return m_writer; }
     DescriptionDatabase& database() { return m_database; }
 
     Signal<const std::string&> showTitleDialog;  ///< with the present title

@@ -73,8 +73,9 @@ bool MenuReader::wasAskedFor(const std::string& answer) const {
 
 void MenuReader::Timer4_Timer() {
     if (m_link.activeOperation() != m_code) {
-        // Another operation was started meanwhile: progress and panels are its own now.
+        // Another operation was started meanwhile: the panels are its own now.
         m_timer4->setEnabled(false);
+        m_link.leaveProgress();
         ended.emit(TransferEnd::NoAnswer);
         return;
     }

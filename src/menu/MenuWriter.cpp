@@ -58,8 +58,9 @@ bool MenuWriter::loadMenuFile() {
 
 void MenuWriter::Timer6_Timer() {
     if (m_link.activeOperation() != ActiveOperation::MenuWrite) {
-        // Another operation was started meanwhile: progress and panels are its own now.
+        // Another operation was started meanwhile: the panels are its own now.
         m_timer6->setEnabled(false);
+        m_link.leaveProgress();
         ended.emit(TransferEnd::NoAnswer);
         return;
     }

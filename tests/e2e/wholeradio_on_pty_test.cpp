@@ -22,9 +22,9 @@ std::string stateAfter(const std::string& stateFile, const std::string& command,
     return fakes::fileContent(stateFile);
 }
 
-/// The radio is served at its own pace, so that this takes five minutes.
+/// The radio is served at its own pace, so that this takes four minutes.
 TEST(WholeRadioOnPty, GoesIntoAnotherRadioButForWhatIsListed) {
-    if (std::getenv("KORVEX_SLOW_TESTS") == nullptr) GTEST_SKIP() << "takes five minutes; KORVEX_SLOW_TESTS=1 runs it";
+    if (std::getenv("KORVEX_SLOW_TESTS") == nullptr) GTEST_SKIP() << "takes four minutes; KORVEX_SLOW_TESTS=1 runs it";
     fakes::TemporaryFolder folder;
     std::string printed;
     const std::string saved = stateAfter(folder.file("saved"), "backup " + folder.file("backups"), printed);

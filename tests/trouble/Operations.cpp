@@ -2,6 +2,7 @@
 
 #include "TroubleBench.h"
 #include "base/NumberText.h"
+#include "fakes/WholeRestore.h"
 #include "keyer/KeyerFile.h"
 #include "memory/MemoryRecord.h"
 #include "menu/MenuRows.h"
@@ -29,7 +30,7 @@ void changeRadio(TroubleBench& bench) {
 }
 
 std::string radioState(TroubleBench& bench) {
-    return stateText(bench.ports.radio().state);
+    return fakes::asWalked(stateText(bench.ports.radio().state));
 }
 
 std::string targetFile(TroubleBench& bench) {
@@ -81,6 +82,37 @@ void prepareManager(TroubleBench& bench) {
     bench.program.menuManager.FlexGrid1_RightClick(managerColumn);
 }
 
+/// A column of the Menu Manager with the values of the healthy radio.
+void prepareManagerColumn(TroubleBench& bench) {
+    prepareManager(bench);
+    auto& grid = bench.program.menuManager.FlexGrid1;
+    for (int row = 1; row < grid.Rows(); ++row) {
+        const std::string number = grid.TextMatrix(row, 0);
+        if (itemRowOf(row) != row || number.empty()) continue;
+        const std::string answer = bench.ask("EX" + number);
+        grid.setTextMatrix(row, managerColumn, answer.substr(5, answer.size() - 6));
+    }
+    changeRadio(bench);
+}
+
+/// Item 042 of that column is the current cell.
+void prepareManagerItem(TroubleBench& bench) {
+    prepareManagerColumn(bench);
+    auto& grid = bench.program.menuManager.FlexGrid1;
+    int row = 1;
+    while (grid.TextMatrix(row, 0) != "042") ++row;
+    grid.setCurrent(row, managerColumn);
+}
+
+void sendManagerItem(TroubleBench& bench) {
+    bench.program.menuManager.FlexGrid1_KeyDown('S');
+}
+
+std::string managerItem(TroubleBench& bench) {
+    const auto& boxes = bench.msgBox.shown;
+    return bench.ask("EX042") + "\n" + (boxes.empty() ? "" : boxes.back().title) + "\n";
+}
+
 std::string managerValues(TroubleBench& bench) {
     const auto& grid = bench.program.menuManager.FlexGrid1;
     std::string text;
@@ -124,6 +156,27 @@ std::string memoryList(TroubleBench& bench) {
     return text;
 }
 
+std::string firstMemory() {
+    return "MW001" + ownersRadio().memories.at(1).value_or("") + ";";
+}
+
+/// Channel 1 in the editor as the healthy radio has it.
+void prepareMemoryEditor(TroubleBench& bench) {
+    bench.program.memory.editor.Form_Load();
+    bench.clock.advance(1'100);
+    prepareMemoryList(bench);
+    bench.program.memory.editor.chooseRow(1);
+}
+
+std::string memoryOne(TroubleBench& bench) {
+    return bench.ask("MR001") + "\n" + memoryWriteCommand(bench.program.memory.list.channelFields(1)) + "\n";
+}
+
+/// What was read back is not what was sent.
+bool toldInTheForm(TroubleBench& bench) {
+    return memoryWriteCommand(bench.program.memory.list.channelFields(1)) != firstMemory();
+}
+
 // --- the band stack
 
 void readBandStack(TroubleBench& bench) {
@@ -137,12 +190,16 @@ void prepareBandStack(TroubleBench& bench) {
     changeRadio(bench);
 }
 
+/// A register is known by its frequency: the radio walks the three of a band in a circle and does not tell where it
+/// begins.
 std::string bandStackGrid(TroubleBench& bench) {
+    constexpr int frequencyRow = 10;
     const auto& stack = bench.program.bandStackWindow.stack();
     std::string text;
     for (int row = 1; row <= BandStack::lastQueried; ++row) {
         for (int column = 1; column < BandStack::columns; ++column) {
-            text += std::to_string(row) + " " + std::to_string(column) + " " + stack.wireText(row, column) + "\n";
+            text += stack.wireText(frequencyRow, column) + " " + std::to_string(row) + " " +
+                    stack.wireText(row, column) + "\n";
         }
     }
     return text;
@@ -157,6 +214,30 @@ void readEqualizer(TroubleBench& bench) {
 bool equalizerRuns(TroubleBench& bench) {
     return bench.program.eqWindow.isPortOpen() &&
            bench.program.eqWindow.exchange().phase() == EqExchange::Phase::Reading;
+}
+
+/// The port is open and the values are read.
+void prepareEqualizer(TroubleBench& bench) {
+    readEqualizer(bench);
+    bench.clock.advanceUntil([&] { return !equalizerRuns(bench); }, 10'000);
+}
+
+/// The owner moves one slider after the other.
+void moveSliders(TroubleBench& bench) {
+    constexpr std::int64_t pause = 300;
+    for (std::size_t item = 0; item < eqItemCount; ++item) {
+        ++bench.slidersToMove;
+        bench.clock.after(pause * static_cast<std::int64_t>(item), [&bench, item] {
+            bench.program.eqWindow.exchange().applyValue(item, eqItems[item].highest);
+            --bench.slidersToMove;
+        });
+    }
+}
+
+std::string equalizerItems(TroubleBench& bench) {
+    std::string text;
+    for (int item = 125; item < 134; ++item) text += bench.ask("EX" + std::to_string(item)) + "\n";
+    return text;
 }
 
 std::string equalizerValues(TroubleBench& bench) {
@@ -201,6 +282,13 @@ const std::vector<Operation>& operations() {
          [](TroubleBench& b) { b.program.menuManager.mnu_readSettings_Click(); },
          [](TroubleBench& b) { return b.program.menuReader.running(); }, "menu reader", managerValues, toldInTheManager,
          "EX042"},
+        {"menu write from the Menu Manager", prepareManagerColumn,
+         [](TroubleBench& b) { b.program.menuManager.mnuRestore_Click(); },
+         [](TroubleBench& b) { return b.program.menuManager.writer().running(); }, "Menu Manager writer", radioState,
+         untold, "EX042"},
+        {"one menu item sent and read back", prepareManagerItem, sendManagerItem,
+         [](TroubleBench& b) { return b.program.menuManager.exchange().running(); }, "menu item exchange", managerItem,
+         toldInTheManager, "EX042"},
         {"memory read into a file", nothing, readMemories,
          [](TroubleBench& b) { return b.program.memory.reader.running(); }, "memory reader", targetFile,
          toldInTheReceiveDisplay, "MR001"},
@@ -216,15 +304,21 @@ const std::vector<Operation>& operations() {
          [](TroubleBench& b) { b.program.memory.listWriter.mnu_MemRestoreTOFT2000_Click(); },
          [](TroubleBench& b) { return b.program.memory.listWriter.running(); }, "memory list writer", radioState,
          untold, "MW001"},
+        {"one memory sent and read back", prepareMemoryEditor,
+         [](TroubleBench& b) { b.program.memory.editor.cmd2_Click(); },
+         [](TroubleBench& b) { return b.program.memory.editor.isReading(); }, "memory editor", memoryOne, toldInTheForm,
+         "MW001"},
         {"band stack read", nothing, readBandStack,
          [](TroubleBench& b) { return b.program.bandStackWindow.reader().running(); }, "band stack reader",
          bandStackGrid, toldInTheReceiveDisplay, "KR"},
         {"band stack write", prepareBandStack,
          [](TroubleBench& b) { b.program.bandStackWindow.mnu_writeBandStack_Click(); },
          [](TroubleBench& b) { return b.program.bandStackWindow.writer().running(); }, "band stack writer", radioState,
-         untold, "KR"},
+         toldInTheReceiveDisplay, "KR"},
         {"equalizer read", nothing, readEqualizer, equalizerRuns, "equalizer", equalizerValues, toldInThePanel,
          "EX127"},
+        {"equalizer write", prepareEqualizer, moveSliders, [](TroubleBench& b) { return b.slidersToMove > 0; },
+         "equalizer", equalizerItems, untold, "EX127"},
         {"keyer write", prepareKeyerTexts, [](TroubleBench& b) { b.program.keyerWindow.mnu_WriteKeyer_Click(); },
          [](TroubleBench& b) { return b.program.keyerWindow.writer().running(); }, "keyer writer", radioState,
          toldInTheKeyer, "KM2"},

@@ -14,6 +14,9 @@ TroubleBench::TroubleBench() {
     auto& keyer = program.keyerWindow;
     listenTo("menu reader", program.menuReader.ended);
     listenTo("menu writer", program.menuWriter.ended);
+    listenTo("Menu Manager writer", program.menuManager.writer().ended);
+    listenTo("menu item exchange", program.menuManager.exchange().ended);
+    listenTo("memory editor", program.memory.editor.readingEnded);
     listenTo("memory reader", program.memory.reader.ended);
     listenTo("memory restorer", program.memory.restorer.ended);
     listenTo("memory list writer", program.memory.listWriter.ended);

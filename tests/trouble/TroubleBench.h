@@ -21,6 +21,8 @@ struct TroubleBench : fakes::ProgramBench<fakes::TalkativePorts> {
     const std::string source = folder.file("source");  ///< what an operation loads
     const std::string target = folder.file("target");  ///< what it saves into; holds an old file
 
+    int slidersToMove = 0;  ///< of the equalizer
+
     /// How the operations ended last, by the name of the part that tells it.
     std::map<std::string, TransferEnd> ends;
 
