@@ -170,6 +170,7 @@ void BandStackReader::finish() {
 }
 
 void BandStackReader::tellSilence() {
+    if (m_code != ActiveOperation::BandStackRead) return;  // a backup does not wait for ever
     m_link.received().append(
         "\r\n Attention: the radio has not answered for 5 seconds and is asked again and again. \r\n"
         " Closing the port ends the reading. \r\n");
