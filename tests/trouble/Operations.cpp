@@ -126,6 +126,18 @@ bool toldInTheManager(TroubleBench& bench) {
     return bench.program.menuManager.Label1Yellow;
 }
 
+// --- the whole radio
+
+void saveWholeRadio(TroubleBench& bench) {
+    ++bench.timeOfDay.back();  // the folder's name
+    bench.program.backupEntry.mnu_BackupRadio_Click();
+}
+
+bool toldInABox(TroubleBench& bench) {
+    const auto& boxes = bench.msgBox.shown;
+    return !boxes.empty() && boxes.back().text.find("refused to tell:") != std::string::npos;
+}
+
 // --- the memories
 
 void readMemories(TroubleBench& bench) {
@@ -319,6 +331,9 @@ const std::vector<Operation>& operations() {
          "EX127"},
         {"equalizer write", prepareEqualizer, moveSliders, [](TroubleBench& b) { return b.slidersToMove > 0; },
          "equalizer", equalizerItems, untold, "EX127"},
+        {"backup of the whole radio", nothing, saveWholeRadio,
+         [](TroubleBench& b) { return b.program.backup.running(); }, "backup",
+         [](TroubleBench& b) { return b.lastBackup(); }, toldInABox, "EX042"},
         {"keyer write", prepareKeyerTexts, [](TroubleBench& b) { b.program.keyerWindow.mnu_WriteKeyer_Click(); },
          [](TroubleBench& b) { return b.program.keyerWindow.writer().running(); }, "keyer writer", radioState,
          toldInTheKeyer, "KM2"},

@@ -5,15 +5,30 @@
 
 namespace korvex {
 
+namespace {
+
+std::vector<std::filesystem::path> backupsIn(const std::string& folder) {
+    std::vector<std::filesystem::path> all;
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, none)) all.push_back(entry.path());
+    std::sort(all.begin(), all.end());
+    return all;
+}
+
+}  // namespace
+
 TroubleBench::TroubleBench() {
     fileDialog.whileShown = [this] {
-        fileDialog.choose(fileDialog.shown.back().mode == FileDialogRequest::Mode::Save ? target : source);
+        using Mode = FileDialogRequest::Mode;
+        const Mode mode = fileDialog.shown.back().mode;
+        fileDialog.choose(mode == Mode::Folder ? backups : mode == Mode::Save ? target : source);
     };
     msgBox.whileShown = [this] { msgBox.foresee(""); };
     auto& bandStack = program.bandStackWindow;
     auto& keyer = program.keyerWindow;
     listenTo("menu reader", program.menuReader.ended);
     listenTo("menu writer", program.menuWriter.ended);
+    listenTo("backup", program.backup.ended);
     listenTo("Menu Manager writer", program.menuManager.writer().ended);
     listenTo("menu item exchange", program.menuManager.exchange().ended);
     listenTo("memory editor", program.memory.editor.readingEnded);
@@ -51,6 +66,16 @@ bool TroubleBench::anythingRuns() {
                        [this](const Operation& operation) { return operation.running(*this); });
 }
 
+std::string TroubleBench::lastBackup() const {
+    const auto all = backupsIn(backups);
+    std::string text;
+    if (all.empty()) return text;
+    for (const char* file : {"menu.mnu", "memory.mem", "list.mef", "bandstack.bsr", "keyer.kem"}) {
+        for (const auto& line : linesOf(fakes::fileContent(all.back() / file))) text += file + line + "\n";
+    }
+    return text;
+}
+
 std::string TroubleBench::whatIsWrong() {
     const bool open = program.link.PortOpen();
     auto& shown = program.link.indicators();
@@ -70,7 +95,10 @@ std::string TroubleBench::whatIsWrong() {
     expect(ports.radio().timesKeyed == 0, "the transmitter was keyed");
     for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
         const auto name = entry.path().filename();
-        expect(name == "source" || name == "target", "a stray file");
+        expect(name == "source" || name == "target" || name == "backups", "a stray file");
+    }
+    for (const auto& backup : backupsIn(backups)) {
+        expect(std::filesystem::exists(backup / "summary.txt"), "a backup that is not whole");
     }
     return wrong;
 }

@@ -20,6 +20,7 @@ struct TroubleBench : fakes::ProgramBench<fakes::TalkativePorts> {
 
     const std::string source = folder.file("source");  ///< what an operation loads
     const std::string target = folder.file("target");  ///< what it saves into; holds an old file
+    const std::string backups = folder.file("backups");
 
     int slidersToMove = 0;  ///< of the equalizer
 
@@ -27,6 +28,8 @@ struct TroubleBench : fakes::ProgramBench<fakes::TalkativePorts> {
     std::map<std::string, TransferEnd> ends;
 
     void closePorts();
+    /// The files of the last whole backup, a line of a file each.
+    std::string lastBackup() const;
     std::optional<TransferEnd> endOf(const Operation& operation);
     void settle() { clock.advance(100); }  ///< what was written reaches the radio
     bool portOpen() { return ports.cable.isOpen; }
