@@ -8,8 +8,8 @@ namespace korvex {
 namespace {
 
 constexpr std::string_view pathKey = "SavePathBackup";
-constexpr const char* title = "Backup whole Radio";
-constexpr std::size_t mostLines = 12;  // a box must fit the screen
+constexpr const char* title = "Backup";  // short: a small box cuts its title
+constexpr std::size_t mostLines = 12;    // a box must fit the screen
 
 }  // namespace
 

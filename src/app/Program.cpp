@@ -118,10 +118,10 @@ bool Program::transferRuns() {
 std::string Program::whyNoBackup() {
     if (backup.running()) return "The backup is going on already.";
     if (eqWindow.isPortOpen()) {
-        return "The equalizer has the port.\r\nPlease open the terminal's port, which takes it back.";
+        return "The equalizer has the port. Please open the terminal's port, which takes it back.";
     }
-    if (!link.PortOpen()) return "The port is closed.\r\nPlease open it first.";
-    if (transferRuns()) return "Another operation is going on.\r\nPlease wait for its end.";
+    if (!link.PortOpen()) return "The port is closed. Please open it first.";
+    if (transferRuns()) return "Another operation is going on. Please wait for its end.";
     return {};
 }
 
