@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/CommandLine.h"
+#include "cli/Comparison.h"
 #include "platform/Database.h"
 
 namespace korvex::cli {
@@ -16,5 +17,9 @@ ExitCode exportDescription(Database& database, const std::string& databaseFile, 
 /// database that is not Korvex's, change nothing.
 ExitCode importDescription(Database& database, const std::string& databaseFile, const std::string& file,
                            std::ostream& err);
+
+/// What the owner of the description database calls the menu items. It is read when the first name is asked for, and
+/// never made or changed; where it is not there or has no name, the item goes by its number alone.
+ItemTitles titlesFrom(Database& database, const std::string& databaseFile);
 
 }  // namespace korvex::cli

@@ -65,7 +65,8 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     Program program({clock, ports, borrowed, givenFile, msgBox, shell, database, "."});
     std::optional<ProgressLine> progressLine;
     if (::isatty(STDERR_FILENO) == 1) progressLine.emplace(program.progress, std::cerr);
-    Session session(program, givenFile, command, {std::cout, std::cerr});
+    const std::string descriptions = command.database.value_or(findDescriptionDatabase(programPlaces({})));
+    Session session(program, givenFile, command, {std::cout, std::cerr, titlesFrom(database, descriptions)});
     std::optional<ExitCode> code;
     const Connection finished = session.finished.connect([&](ExitCode result) {
         code = result;

@@ -81,4 +81,10 @@ Result<std::string> makeProgramFolder(const ProgramPlaces& places) {
     return folder.string();
 }
 
+std::string findDescriptionDatabase(const ProgramPlaces& places) {
+    const fs::path own = choose(places) / descriptionDatabaseName;
+    std::error_code ignored;
+    return fs::is_regular_file(own, ignored) ? own.string() : shippedDatabase(places.program).string();
+}
+
 }  // namespace korvex

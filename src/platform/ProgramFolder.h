@@ -24,4 +24,8 @@ struct ProgramPlaces {
 /// there is none.
 Result<std::string> makeProgramFolder(const ProgramPlaces& places);
 
+/// The database that `makeProgramFolder` would lead to, without making or bringing anything: the one in the program's
+/// folder, else the one that was shipped; empty when there is none.
+std::string findDescriptionDatabase(const ProgramPlaces& places);
+
 }  // namespace korvex

@@ -38,6 +38,28 @@ TEST_F(KorvexctlOnPty, SavesTheMenuAndRestoresItIntoAnotherRadio) {
     EXPECT_EQ(run(port + "send 'EX042;'").output.substr(0, 9), line42.substr(0, 9));
 }
 
+TEST_F(KorvexctlOnPty, CallsMenuItemsByTheNamesOfTheDescriptionDatabase) {
+    fakes::TemporaryFolder folder;
+    const std::string one = folder.file("one.mnu");
+    const std::string other = folder.file("other.mnu");
+    const std::string database = folder.file("names.mdb");
+    fakes::writeFile(one, "EX0010;\r\nEX0020;\r\nEX0420;\r\n");
+    fakes::writeFile(other, "EX0011;\r\nEX0021;\r\nEX0421;\r\n");
+    const auto compared = [&] { return run(korvexctl + "--database " + database + " compare " + one + " " + other); };
+    const std::string numbers = "001: \"0\" | \"1\"\n002: \"0\" | \"1\"\n042: \"0\" | \"1\"\n";
+    EXPECT_EQ(compared().output, numbers);
+    EXPECT_FALSE(std::filesystem::exists(database));
+    fakes::writeFile(folder.file("names.tsv"),
+                     "1\tMenu\tGroup\tName\n2\t001\tAGC\tAGC Fast\\nDelay\n3\t\t\tmore\n4\t002\n");
+    ASSERT_EQ(run(korvexctl + "--database " + database + " description import " + folder.file("names.tsv")).code, 0);
+    const std::string before = fakes::fileContent(database);
+    EXPECT_EQ(compared().output, "001 (AGC Fast Delay)" + numbers.substr(3));
+    EXPECT_EQ(compared().code, 1);
+    EXPECT_EQ(fakes::fileContent(database), before);
+    fakes::writeFile(database, "no database");
+    EXPECT_EQ(compared().output, numbers);
+}
+
 TEST_F(KorvexctlOnPty, TellsTroubleApart) {
     fakes::TemporaryFolder folder;
     EXPECT_EQ(run(korvexctl + "-r /dev/ttyNoSuchPort send 'FA;'").code, 3);

@@ -40,6 +40,18 @@ TEST_F(ProgramFolder, OfAnUnpackedProgramIsItsOwn) {
     EXPECT_EQ(helpIn(root / "bin"), "help");
 }
 
+TEST_F(ProgramFolder, ItsDatabaseIsFoundWithoutMakingAnything) {
+    const ProgramPlaces places{{}, (root / "bin").string(), (root / "home/Korvex").string()};
+    fs::create_directories(root / "bin");
+    EXPECT_EQ(findDescriptionDatabase(places), "");
+    EXPECT_TRUE(fs::is_empty(root / "bin"));
+    write(root / "share/korvex" / descriptionDatabaseName, "shipped");
+    EXPECT_EQ(content(findDescriptionDatabase(places)), "shipped");
+    EXPECT_FALSE(fs::exists(root / "home"));
+    make();
+    EXPECT_EQ(findDescriptionDatabase(places), (root / "home/Korvex" / descriptionDatabaseName).string());
+}
+
 TEST_F(ProgramFolder, OfAnInstalledProgramIsTheUsersAndFollowsUpdates) {
     fs::create_directories(root / "bin");
     const fs::path shipped = root / "share/korvex/helpfile/help.html";
