@@ -1,5 +1,6 @@
 #include "app/Backup.h"
 
+#include "app/Patience.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
@@ -7,9 +8,6 @@ namespace korvex {
 namespace {
 
 constexpr int stepMs = 20;
-// A reading that would ask for ever is given up:
-constexpr int silenceMs = 5'000;      // without the end of an answer; noise could go on for ever
-constexpr int standstillMs = 30'000;  // without a step forward; so could news of the dial
 
 std::string portText(const MSComm& port) {
     return std::to_string(port.CommPort()) + ", " + port.Settings() + ", handshaking " +
@@ -25,8 +23,8 @@ Backup::Backup(Terminal& terminal, Clock& clock)
       m_silence(clock.makeTimer()),
       m_standstill(clock.makeTimer()) {
     m_next->setInterval(stepMs);
-    m_silence->setInterval(silenceMs);
-    m_standstill->setInterval(standstillMs);
+    m_silence->setInterval(patience::silenceMs);
+    m_standstill->setInterval(patience::standstillMs);
     m_connections += m_next->tick.connect([this] { beginStep(); });
     m_connections += m_silence->tick.connect([this] { onSilence(); });
     m_connections += m_standstill->tick.connect([this] { onSilence(); });

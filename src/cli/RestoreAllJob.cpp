@@ -6,6 +6,7 @@
 
 #include "app/BackupFolder.h"
 #include "base/Lines.h"
+#include "cli/Restorable.h"
 #include "cli/Verification.h"
 #include "menu/MenuCommandTable.h"
 #include "menu/MenuFile.h"
@@ -51,6 +52,10 @@ bool RestoreAllJob::takePart(const std::string& name) {
     }
     auto items = readItems(m_workshop, name, file);
     if (!items) return false;
+    if (const std::string why = whyNotRestorable(name, *items); !why.empty()) {
+        m_workshop.tell(file + ": " + why);
+        return false;
+    }
     Part part{kind, file, std::move(*items), {}};
     if (name == "menu") {
         if (const auto failure = separateCatLines(part)) {

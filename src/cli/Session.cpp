@@ -1,7 +1,9 @@
 #include "cli/Session.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "app/Patience.h"
 #include "base/CodePage.h"
 
 namespace korvex::cli {
@@ -9,9 +11,8 @@ namespace korvex::cli {
 namespace {
 
 constexpr int pollMs = 20;
-constexpr int testMs = 1200;      // the communication test gives its verdict within 1000
-constexpr int silenceMs = 5'000;  // a transfer that waits for ever in the windows is given up here
-constexpr int listenMs = 600;     // a slow radio answers within half a second
+constexpr int testMs = 1200;   // the communication test gives its verdict within 1000
+constexpr int listenMs = 600;  // a slow radio answers within half a second
 
 ExitCode exitCodeFor(TransferEnd end) {
     switch (end) {
@@ -39,11 +40,18 @@ Session::Session(Program& program, GivenFile& givenFile, Command command, Surrou
     m_connections += program.link.closed.connect([this] {
         if (m_stage == Stage::Testing || m_stage == Stage::Listening) finish(ExitCode::Port);
     });
-    const auto alive = [this] {
-        if (m_stage == Stage::Working) m_deadline = m_program.machine().clock.now() + silenceMs;
-    };
-    m_connections += m_program.progress.value.changed.connect([alive](int) { alive(); });
-    m_connections += m_program.link.came.connect([alive](std::string_view) { alive(); });
+    m_connections += m_program.progress.value.changed.connect([this](int) {
+        if (m_stage != Stage::Working) return;
+        m_standstill = now() + patience::standstillMs;
+        waitOn();
+    });
+    m_connections += m_program.link.came.connect([this](std::string_view wire) {
+        if (m_stage == Stage::Working && wire.find(';') != std::string_view::npos) waitOn();
+    });
+}
+
+void Session::waitOn() {
+    m_deadline = std::min(now() + patience::silenceMs, m_standstill);
 }
 
 void Session::tell(const std::string& text) {
@@ -85,12 +93,12 @@ void Session::openPort() {
         return;
     }
     m_stage = Stage::Testing;
-    m_deadline = m_program.machine().clock.now() + testMs;
+    m_deadline = now() + testMs;
     m_poll->setEnabled(true);
 }
 
 void Session::onPoll() {
-    const bool late = m_program.machine().clock.now() >= m_deadline;
+    const bool late = now() >= m_deadline;
     if (m_stage == Stage::Testing) {
         onTestPoll(late);
     } else if (m_stage == Stage::Listening && late) {
@@ -132,7 +140,9 @@ void Session::beginStep() {
     m_givenFile.objection = transfer.objection;
     m_givenFile.objected.clear();
     m_transferEnd = transfer.ended->connect([this](TransferEnd end) { onEnded(end); });
-    m_deadline = m_program.machine().clock.now() + silenceMs;
+    m_program.link.panels().Error = "";
+    m_standstill = now() + patience::standstillMs;
+    waitOn();
     m_poll->setEnabled(true);
     if (const auto end = transfer.start()) onEnded(*end);
 }
@@ -181,17 +191,19 @@ void Session::onFailed(TransferEnd end) {
     finish(ExitCode::File);
 }
 
-/// What windows say in a box has been printed already; this is what they say elsewhere.
+/// What windows say in a box has been printed already; this is what they say elsewhere. The panel says why a file was
+/// not loaded; of a reading it says how far it came, which is no reason.
 void Session::tellFileTrouble() {
-    if (const std::string& why = m_program.link.panels().Error.get(); !why.empty()) tell(why);
+    const std::string panel = m_program.link.panels().Error;
+    if (step().writes && !panel.empty()) tell(panel);
     for (const std::string& why : {m_program.keyerWindow.hint.get(), m_program.bandStackWindow.dateipath.get()}) {
-        if (why.starts_with("Not saved: ")) tell(why);
+        if (why.starts_with("Not saved: ") || why.starts_with("Not loaded: ")) tell(why);
     }
 }
 
 void Session::listen(int ms) {
     m_stage = Stage::Listening;
-    m_deadline = m_program.machine().clock.now() + ms;
+    m_deadline = now() + ms;
     m_poll->setEnabled(true);
 }
 

@@ -56,7 +56,9 @@ private:
     void onListened();
     void conclude();
     void finish(ExitCode code);
+    void waitOn();
     void tell(const std::string& text);
+    std::int64_t now() { return m_program.machine().clock.now(); }
     const Step& step() const { return m_steps[m_stepIndex]; }
     std::string received() { return m_program.link.received().text(); }
 
@@ -68,6 +70,7 @@ private:
     Stage m_stage = Stage::Idle;
     std::unique_ptr<Timer> m_poll;
     std::int64_t m_deadline = 0;
+    std::int64_t m_standstill = 0;  // the deadline of the next step forward
     std::vector<FileKind> m_kinds;
     WriteRecord m_record;
     std::unique_ptr<Job> m_job;  // none for Send

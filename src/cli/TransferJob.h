@@ -19,9 +19,14 @@ public:
 private:
     bool restores() const { return m_workshop.command.verb == Command::Verb::Restore; }
 
+    std::optional<ExitCode> checkTarget();
+    std::optional<ExitCode> takeFile();
+    Failure keepStream();
+
     Workshop m_workshop;
     ScratchFolder m_scratch;
-    std::optional<DataItems> m_wanted;  // when there is a question of what took
+    std::string m_file;  // to restore
+    DataItems m_wanted;
     std::set<std::string> m_refused;
 };
 

@@ -40,8 +40,15 @@ RuntimeError failure(const std::string& path, int systemError) {
     }
 }
 
+/// Devices and pipes ("/dev/stdout") cannot be renamed over: they are written to as they stand.
+bool isRegularOrAbsent(const std::string& target) {
+    struct stat status {};
+    return ::stat(target.c_str(), &status) != 0 || S_ISREG(status.st_mode) || S_ISDIR(status.st_mode);
+}
+
 /// Where the content really goes: the end of a chain of links, also of one whose end does not exist yet.
 fs::path linkTarget(fs::path path) {
+    if (!isRegularOrAbsent(path.string())) return path;  // the link to a pipe in /proc names nothing
     constexpr int longestChain = 40;
     std::error_code error;
     for (int i = 0; i < longestChain && fs::is_symlink(path, error); ++i) {
@@ -59,12 +66,6 @@ int refusal(const std::string& target) {
     if (::stat(target.c_str(), &status) != 0) return errno == ENOENT ? 0 : errno;
     if (S_ISDIR(status.st_mode)) return EISDIR;
     return ::access(target.c_str(), W_OK) == 0 ? 0 : errno;
-}
-
-/// Devices and pipes ("/dev/stdout") cannot be renamed over: they are written to as they stand.
-bool isRegularOrAbsent(const std::string& target) {
-    struct stat status {};
-    return ::stat(target.c_str(), &status) != 0 || S_ISREG(status.st_mode) || S_ISDIR(status.st_mode);
 }
 
 int writeInPlace(const std::string& target, std::string_view content) {
@@ -106,6 +107,16 @@ Failure write(const std::string& path, std::string_view content) {
     int error = refusal(target);
     if (error == 0) error = isRegularOrAbsent(target) ? replace(target, content) : writeInPlace(target, content);
     if (error != 0) return failure(target, error);
+    return {};
+}
+
+Failure whyNotWritable(const std::string& path) {
+    const fs::path target = linkTarget(path);
+    int error = refusal(target.string());
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    const bool getsReplaced = error == 0 && isRegularOrAbsent(target.string());
+    if (getsReplaced && ::access(folder.c_str(), W_OK | X_OK) != 0) error = errno;
+    if (error != 0) return failure(target.string(), error);
     return {};
 }
 

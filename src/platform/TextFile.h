@@ -22,6 +22,9 @@ Result<std::string> read(const std::string& path);
 /// kept, and one that may not be written to is not replaced either. A device or a pipe is written to as it stands.
 Failure write(const std::string& path, std::string_view content);
 
+/// What would keep `write` from writing, as far as it can be told without touching anything.
+Failure whyNotWritable(const std::string& path);
+
 }  // namespace textfile
 
 }  // namespace korvex

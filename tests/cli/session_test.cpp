@@ -111,6 +111,53 @@ TEST(Session, SavesAndRestoresTheKeyerTexts) {
     EXPECT_FALSE(std::filesystem::exists(bench.folder.file("other.kem")));
 }
 
+TEST(Session, TellsOfATargetThatCannotBeWrittenBeforeItReads) {
+    CliBench bench;
+    for (const std::string& file : {bench.folder.path(), bench.folder.file("no/such/folder.mnu")}) {
+        EXPECT_EQ(bench.run({"save", "menu", file}), ExitCode::File);
+        EXPECT_EQ(bench.sent, "");
+        EXPECT_NE(bench.err.str().find(file), std::string::npos) << bench.err.str();
+    }
+}
+
+TEST(Session, EachFailureHasItsTrueReason) {
+    CliBench bench;
+    const std::string dir = bench.folder.file("stick");
+    for (const std::string kind : {"menu", "memory", "list", "bandstack", "keyer"}) {
+        std::filesystem::create_directory(dir);
+        const std::string file = dir + "/mine";
+        bench.meanwhile = [&](Session&) { bench.clock.after(1'500, [&] { std::filesystem::remove_all(dir); }); };
+        EXPECT_EQ(bench.run({"save", kind, file}), ExitCode::File);
+        const std::string told = bench.err.str();
+        EXPECT_NE(told.find("Path not found: " + file), std::string::npos) << kind << ": " << told;
+        EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;
+    }
+}
+
+TEST(Session, RefusesAFileThatHoldsNothingForTheRadioOrMoreThanItTakes) {
+    CliBench bench;
+    const std::string file = bench.folder.file("given");
+    const std::vector<std::pair<std::string, std::string>> useless = {
+        {"menu", "Dear OM,\r\n"},
+        {"memory", "\r\n\r\n"},
+        {"memory", "Location,Name,Frequency\r\n"},
+        {"list", "Location,Name,Frequency\r\n0,DX,14.2\r\n"},
+        {"list", "MW00700000000+000000200080;\r\n"},
+        {"bandstack", "||\r\n"},
+        {"keyer", "|Mem.|Keyer Text|Char. Count|\r\n|KM1;||0|\r\n"}};
+    for (const auto& [kind, content] : useless) {
+        fakes::writeFile(file, content);
+        EXPECT_EQ(bench.run({"restore", kind, file}), ExitCode::File) << kind;
+        EXPECT_EQ(bench.sent, "");
+        EXPECT_NE(bench.err.str().find(file + ": there is nothing in it"), std::string::npos) << bench.err.str();
+    }
+    const std::string longText(51, 'E');
+    fakes::writeFile(file, "|Mem.|Keyer Text|Char. Count|\r\n|KM1;|CQ|2|\r\n|KM2;|" + longText + "|51|\r\n");
+    EXPECT_EQ(bench.run({"restore", "keyer", file}), ExitCode::File);
+    EXPECT_EQ(bench.sent, "");
+    EXPECT_NE(bench.err.str().find("KM2: the text has 51 characters"), std::string::npos) << bench.err.str();
+}
+
 TEST(CommandLine, RefusesWhatItDoesNotUnderstand) {
     for (const std::vector<std::string>& bad : std::vector<std::vector<std::string>>{
              {},

@@ -1,8 +1,10 @@
+#include <array>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "fakes/ProgramBench.h"
 #include "platform/Descriptor.h"
@@ -39,6 +41,31 @@ TEST_F(TextFile, LeftoversOfKilledSavesGoWithTheNextSaveButNothingElseDoes) {
     std::set<std::string> left = others;
     left.insert({"shack.mnu", "shack.mnu.unfinished-InWork"});
     EXPECT_EQ(names(), left);
+}
+
+TEST_F(TextFile, TellsWhatWouldKeepItFromWritingWithoutTouchingAnything) {
+    fakes::writeFile(folder.file("old"), "old");
+    fs::create_symlink("nowhere/new", folder.file("lost"));
+    for (const char* good : {"old", "new"}) EXPECT_FALSE(textfile::whyNotWritable(folder.file(good))) << good;
+    for (const char* bad : {"no/folder", "old/file", "lost", ""}) {
+        const auto why = textfile::whyNotWritable(folder.file(bad));
+        ASSERT_TRUE(why) << bad;
+        EXPECT_EQ(*why, *textfile::write(folder.file(bad), "new"));
+    }
+    EXPECT_FALSE(textfile::whyNotWritable("/dev/null"));
+    EXPECT_EQ(names(), (std::set<std::string>{"lost", "old"}));
+}
+
+TEST_F(TextFile, GoesIntoAPipeThatStandardOutputLeadsTo) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(::pipe(ends.data()), 0);
+    const Descriptor out(ends[0]);
+    const Descriptor in(ends[1]);
+    const std::string name = "/proc/self/fd/" + std::to_string(in.get());
+    EXPECT_FALSE(textfile::whyNotWritable(name));
+    EXPECT_FALSE(textfile::write(name, "EX0011;"));
+    std::array<char, 16> got{};
+    EXPECT_EQ(::read(out.get(), got.data(), got.size()), 7);
 }
 
 TEST_F(TextFile, KeepsPermissionsAndOwner) {

@@ -1,0 +1,40 @@
+#include "cli/Restorable.h"
+
+#include <algorithm>
+
+#include "base/NumberText.h"
+#include "keyer/KeyerTable.h"
+#include "memory/MemoryRecord.h"
+
+namespace korvex::cli {
+
+namespace {
+
+bool startsWithLetters(std::string_view text, std::string_view letters) {
+    return text.size() > letters.size() && asciiUpper(text[0]) == letters[0] && asciiUpper(text[1]) == letters[1];
+}
+
+bool isOfItsKind(const std::string& kind, const DataItem& item) {
+    if (kind == "menu") return startsWithLetters(item.command, "EX");
+    if (kind == "memory") return parseMemoryString(item.command).has_value();
+    if (kind == "keyer") return !item.value.empty();
+    return !item.command.empty();
+}
+
+}  // namespace
+
+std::string whyNotRestorable(const std::string& kind, const DataItems& items) {
+    if (kind != "keyer") return {};
+    for (const auto& item : items) {
+        if (item.value.size() <= KeyerTable::longestText) continue;
+        return item.name + ": the text has " + std::to_string(item.value.size()) +
+               " characters, and a memory of the radio takes " + std::to_string(KeyerTable::longestText);
+    }
+    return {};
+}
+
+bool holdsAnything(const std::string& kind, const DataItems& items) {
+    return std::any_of(items.begin(), items.end(), [&kind](const DataItem& item) { return isOfItsKind(kind, item); });
+}
+
+}  // namespace korvex::cli

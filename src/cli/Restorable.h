@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "app/DataItems.h"
+
+namespace korvex::cli {
+
+/// Why the items of a file cannot go into a radio as they are; empty when they can.
+std::string whyNotRestorable(const std::string& kind, const DataItems& items);
+
+/// Whether at least one of them is what its kind is about. An empty keyer text is none: it makes a question.
+bool holdsAnything(const std::string& kind, const DataItems& items);
+
+}  // namespace korvex::cli
