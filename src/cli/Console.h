@@ -4,6 +4,7 @@
 #include <map>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "base/Signal.h"
 #include "platform/FileDialog.h"
@@ -13,6 +14,10 @@
 #include "platform/Shell.h"
 
 namespace korvex::cli {
+
+/// UTF-8 that came from a radio or a file, for a terminal: line ends as they are here, and every other control
+/// character but tabs a picture of itself, so that nothing in it is obeyed.
+std::string printable(std::string_view utf8);
 
 /// Boxes become lines on stderr. Nobody is there to answer: what could lose something is answered with no.
 class ConsoleMsgBox : public MsgBox {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "cli/Console.h"
 #include "menu/DescriptionTable.h"
 #include "menu/MenuRows.h"
 #include "platform/TextFile.h"
@@ -14,7 +15,7 @@ namespace korvex::cli {
 namespace {
 
 ExitCode failed(std::ostream& err, const std::string& why) {
-    err << "korvexctl: " << why << "\n";
+    err << "korvexctl: " << printable(why) << "\n";
     return ExitCode::File;
 }
 

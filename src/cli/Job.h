@@ -9,6 +9,7 @@
 #include "app/Program.h"
 #include "cli/CommandLine.h"
 #include "cli/Comparison.h"
+#include "cli/Console.h"
 #include "cli/FileKinds.h"
 #include "cli/WriteRecord.h"
 
@@ -35,7 +36,7 @@ struct Workshop {
     ItemTitles titles;
 
     FileKind* kind(const std::string& name) const;
-    void tell(const std::string& text) const { err << "korvexctl: " << text << "\n"; }
+    void tell(const std::string& text) const { err << "korvexctl: " << printable(text) << "\n"; }
 };
 
 /// What a command does with files and radio, in steps that the session runs one after the other.

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "base/CodePage.h"
+#include "cli/Console.h"
 
 namespace korvex::cli {
 
@@ -42,8 +43,9 @@ bool reportWritten(std::ostream& out, const Written& written, const ItemTitles& 
         ++counts[word];
         out << titled(written.kind, item.name, titles) << ": " << word;
         if (difference != missed.end()) {
-            out << ", wanted \"" << utf8FromWire(item.value) << "\", the radio has "
-                << (difference->second.right ? "\"" + utf8FromWire(*difference->second.right) + "\"" : "nothing");
+            out << ", wanted \"" << printable(utf8FromWire(item.value)) << "\", the radio has "
+                << (difference->second.right ? "\"" + printable(utf8FromWire(*difference->second.right)) + "\""
+                                             : "nothing");
         }
         out << "\n";
     }

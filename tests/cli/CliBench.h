@@ -9,14 +9,14 @@
 
 #include "cli/Session.h"
 #include "fakes/ProgramBench.h"
-#include "radio/SimulatedPorts.h"
+#include "fakes/TalkativePorts.h"
 
 namespace korvex::cli {
 
 /// korvexctl on the simulated radio, on the virtual clock.
 struct CliBench {
     fakes::VirtualClock clock;
-    SimulatedPorts ports{clock};
+    fakes::TalkativePorts ports{clock};
     fakes::FakeSettings settings;
     GivenFile givenFile;
     std::ostringstream out;
