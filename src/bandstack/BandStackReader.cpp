@@ -178,14 +178,23 @@ void BandStackReader::tellSilence() {
 
 /// The file is what the radio said, but the owner must know when that is not what was asked for.
 void BandStackReader::tellStrangeAnswers() {
-    int fitting = 0;
-    for (int column = 1; column < BandStack::columns; ++column) {
-        for (int row = 1; row <= BandStack::lastQueried; ++row) fitting += m_stack.answersItsQuery(row, column) ? 1 : 0;
-    }
     constexpr int all = BandStack::lastQueried * (BandStack::columns - 1);
-    if (fitting == all) return;
-    m_link.received().set(" Attention: only " + std::to_string(fitting) + " of " + std::to_string(all) +
-                          " answers belong to their question. \r\n Please read the band stack again. \r\n");
+    int fitting = 0;
+    int refused = 0;
+    for (int column = 1; column < BandStack::columns; ++column) {
+        for (int row = 1; row <= BandStack::lastQueried; ++row) {
+            fitting += m_stack.answersItsQuery(row, column) ? 1 : 0;
+            refused += m_stack.wireText(row, column) == "?;" ? 1 : 0;
+        }
+    }
+    const std::string ofAll = " of " + std::to_string(all);
+    std::string text;
+    if (fitting < all) {
+        text = " Attention: only " + std::to_string(fitting) + ofAll +
+               " answers belong to their question. \r\n Please read the band stack again. \r\n";
+    }
+    if (refused > 0) text += " Attention: the radio refused " + std::to_string(refused) + ofAll + " questions. \r\n";
+    if (!text.empty()) m_link.received().set(text);
 }
 
 }  // namespace korvex
