@@ -5,6 +5,7 @@
 
 #include "app/Patience.h"
 #include "base/CodePage.h"
+#include "cli/StepFailure.h"
 
 namespace korvex::cli {
 
@@ -13,17 +14,6 @@ namespace {
 constexpr int pollMs = 20;
 constexpr int testMs = 1200;   // the communication test gives its verdict within 1000
 constexpr int listenMs = 600;  // a slow radio answers within half a second
-
-ExitCode exitCodeFor(TransferEnd end) {
-    switch (end) {
-        case TransferEnd::Done: return ExitCode::Done;
-        case TransferEnd::NoAnswer:
-        case TransferEnd::Cancelled: return ExitCode::Answers;
-        case TransferEnd::PortClosed: return ExitCode::Port;
-        case TransferEnd::FileFailed: break;
-    }
-    return ExitCode::File;
-}
 
 }  // namespace
 
@@ -169,36 +159,9 @@ void Session::onEnded(TransferEnd end) {
 }
 
 void Session::onFailed(TransferEnd end) {
-    if (step().transfer.why) {
-        tell(step().transfer.why());
-        finish(exitCodeFor(end));
-        return;
-    }
-    switch (end) {
-        case TransferEnd::NoAnswer:
-            tell("the radio's answers did not come in time");
-            finish(ExitCode::Answers);
-            return;
-        case TransferEnd::Cancelled:
-            tell(m_givenFile.objected + "; nothing was written");
-            finish(ExitCode::Answers);
-            return;
-        case TransferEnd::PortClosed: finish(ExitCode::Port); return;
-        case TransferEnd::Done:
-        case TransferEnd::FileFailed: break;
-    }
-    tellFileTrouble();
-    finish(ExitCode::File);
-}
-
-/// What windows say in a box has been printed already; this is what they say elsewhere. The panel says why a file was
-/// not loaded; of a reading it says how far it came, which is no reason.
-void Session::tellFileTrouble() {
-    const std::string panel = m_program.link.panels().Error;
-    if (step().writes && !panel.empty()) tell(panel);
-    for (const std::string& why : {m_program.keyerWindow.hint.get(), m_program.bandStackWindow.dateipath.get()}) {
-        if (why.starts_with("Not saved: ") || why.starts_with("Not loaded: ")) tell(why);
-    }
+    const StepFailure failure = failureOf(step(), end, m_program, m_givenFile);
+    for (const auto& reason : failure.reasons) tell(reason);
+    finish(failure.code);
 }
 
 void Session::listen(int ms) {

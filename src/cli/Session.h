@@ -50,7 +50,6 @@ private:
     void beginSend();
     void onEnded(TransferEnd end);
     void onFailed(TransferEnd end);
-    void tellFileTrouble();
     void stepDone();
     void listen(int ms);
     void onListened();

@@ -41,7 +41,7 @@ struct WholeBackup : testing::Test {
         fs::remove_all(dir);
     }
     /// A backup that something happens to a second after its first to fourth reading was begun; 0: at once.
-    std::string brokenBy(int reading, std::function<void()> what) {
+    std::string brokenBy(int reading, const std::function<void()>& what) {
         if (!program.link.PortOpen()) bench.openPort();
         program.progress.caption = "";
         click();
