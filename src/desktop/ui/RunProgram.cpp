@@ -28,6 +28,13 @@ std::string settingsFile(const StartOptions& options) {
     return file.insert(file.rfind('.'), "-demo");
 }
 
+/// Nor what the owner keeps in the description database.
+ProgramPlaces places(const StartOptions& options) {
+    ProgramPlaces places = programPlaces(options.programFolder);
+    if (options.demo && places.named.empty()) places.named = places.user + "-demo";
+    return places;
+}
+
 }  // namespace
 
 int runProgram(const StartOptions& options, const std::function<void(Program&)>& started) {
@@ -40,7 +47,7 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
     QtMsgBox msgBox;
     QtShell shell;
     QtDatabase database;
-    const auto folder = makeProgramFolder(programPlaces(options.programFolder));
+    const auto folder = makeProgramFolder(places(options));
     if (!folder) {
         msgBox.stop(folder.error().text);
         return 1;
