@@ -50,6 +50,9 @@ std::string bandStackFileText(const BandStack& stack) {
     return text;
 }
 
+/// A radio that was read while its tuner was tuning has answered this; writing makes it harmless (BandStackWriter).
+constexpr std::string_view tunerIsTuning = "AC002;";
+
 Failure parseBandStackText(std::string_view content, BandStackFields& parsed) {
     parsed.text = linesOf(content);
     const std::string_view text = parsed.text;
@@ -65,7 +68,8 @@ Failure parseBandStackText(std::string_view content, BandStackFields& parsed) {
         return RuntimeError{errors::TypeMismatch, "The file holds no band stack registers."};
     }
     parsed.lacksQueryColumn = !parsed.fields.front().empty();
-    if (std::any_of(parsed.fields.begin(), parsed.fields.end(), keysTransmitter)) {
+    const auto isForbidden = [](std::string_view field) { return keysTransmitter(field) && field != tunerIsTuning; };
+    if (std::any_of(parsed.fields.begin(), parsed.fields.end(), isForbidden)) {
         return RuntimeError{errors::TypeMismatch, "The file holds a command that would key the transmitter."};
     }
     return {};

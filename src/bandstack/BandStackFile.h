@@ -27,8 +27,8 @@ struct BandStackFields {
     BandStackFields& operator=(BandStackFields&&) = delete;
 };
 
-/// Cuts a file's content into `fields`. Whatever the content is, this ends well; refused (TypeMismatch) is only a file
-/// that would key the transmitter when it is written to the radio.
+/// Cuts a file's content into `fields`. Whatever the content is, this ends well; refused (TypeMismatch) are a file
+/// without a single field and one that would key the transmitter when it is written to the radio.
 Failure parseBandStackText(std::string_view content, BandStackFields& parsed);
 
 /// Fills the grid: fields that the grid has no place for are dropped, cells without a field become empty.

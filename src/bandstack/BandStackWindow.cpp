@@ -109,7 +109,6 @@ TransferEnd BandStackWindow::loadBandStackFile() {
     remember(*file);
     const auto failure = readFile(*file);
     showLoadError(failure ? failure->number : 0);
-    if (failure) dateipath = "Not loaded: " + failure->text;
     return failure ? TransferEnd::FileFailed : TransferEnd::Done;
 }
 

@@ -49,11 +49,13 @@ void QueryLedger::sent(const Place& place, std::string_view query, std::int64_t 
 
 /// Here and below: the radio answers in the order of the queries; what was asked before has been lost.
 void QueryLedger::answered(Entry own, std::int64_t now) {
+    m_lastActivity = now;
     m_span = now - own->at;
     m_owed.erase(m_owed.begin(), own + 1);
 }
 
 std::optional<QueryLedger::Place> QueryLedger::settle(Entry entry, std::int64_t now) {
+    m_lastActivity = now;
     const Asked asked = *entry;
     m_owed.erase(m_owed.begin(), entry + 1);
     m_latency = std::clamp(now - asked.at, m_latency, longestSilenceMs);
@@ -73,11 +75,10 @@ std::optional<QueryLedger::Place> QueryLedger::ownerOfRefusal(const Place& place
 
 std::optional<QueryLedger::Place> QueryLedger::ownerOf(std::string_view answer, const Place& place,
                                                        std::string_view query, std::int64_t now) {
-    m_lastActivity = now;
     if (answer == "?;") return ownerOfRefusal(place, now);
     const auto own = firstThat([&](const Asked& asked) { return asked.place == place; });
-    if (answersQuery(query, answer)) {
-        if (own != m_owed.end()) answered(own, now);
+    if (own != m_owed.end() && answersQuery(query, answer)) {
+        answered(own, now);
         return place;
     }
     const auto late =

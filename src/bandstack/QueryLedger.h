@@ -52,7 +52,7 @@ private:
     std::int64_t silenceLimit() const;
 
     std::deque<Asked> m_owed;         // oldest first
-    std::int64_t m_lastActivity = 0;  // on the line, either way
+    std::int64_t m_lastActivity = 0;  // a query or an answer to one; news tell nothing of what is owed
     std::int64_t m_span = 0;          // from the first query of the last answered row to its answer
     std::int64_t m_latency = 0;       // the longest time that a repeated answer was seen to take
 };

@@ -79,12 +79,17 @@ bool MenuManager::busy() const {
 
 // --- grid and database
 
+bool MenuManager::toldBusy(const std::string& title) {
+    if (busy()) m_needs.msgBox.exclamation("Please wait until the present transfer has ended.", title);
+    return busy();
+}
+
 void MenuManager::mnu_loadFlexgrid_Click() {
-    if (!busy()) m_database.loadDescriptionGrid();
+    if (!toldBusy("Loading Datafile")) m_database.loadDescriptionGrid();
 }
 
 void MenuManager::Flexgrid_toGrid_Click() {
-    if (!busy()) saveGrid();
+    if (!toldBusy("Saving Datafile")) saveGrid();
 }
 
 void MenuManager::saveGrid() {

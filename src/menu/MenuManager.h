@@ -74,6 +74,7 @@ private:
     bool isSettingsColumn(int column) const;
     bool columnChecked(const std::string& complaint);
     bool busy() const;
+    bool toldBusy(const std::string& title);
     void prepareGrid();
     void placeAnswer(const std::string& item, const std::string& value);
     void readComplete();

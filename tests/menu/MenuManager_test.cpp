@@ -282,6 +282,7 @@ TEST_F(MenuManagerTest, ATransferIsLeftAloneAndEndsWithThePort) {
     bench.program.progress.hide();  // the user closes the progress window
     manager.mnu_readSettings_Click();
     manager.FlexGrid1_KeyDown('S');
+    bench.msgBox.foresee("Please wait until the present transfer has ended.");
     manager.mnu_loadFlexgrid_Click();
     EXPECT_EQ(bench.program.link.activeOperation(), ActiveOperation::MenuWrite);
     bench.program.link.closePort();

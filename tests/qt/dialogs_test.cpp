@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -17,14 +18,18 @@
 namespace korvex {
 namespace {
 
-/// Acts on the dialogs that come up, one after the other.
+/// Acts on the dialogs that come up, one after the other, however long they take to.
 template <class Dialog>
 void whenUp(std::function<void(Dialog&)> act) {
-    QTimer::singleShot(20, qApp, [act] {
+    auto* look = new QTimer(qApp);
+    QObject::connect(look, &QTimer::timeout, qApp, [look, act] {
         auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
+        if (!dialog || !dialog->isVisible()) return;
+        look->stop();
+        look->deleteLater();
         act(*dialog);
     });
+    look->start(20);
 }
 
 QPushButton* button(QMessageBox& box, const char* caption) {
@@ -96,9 +101,10 @@ TEST_F(QtFileDialogTest, AsksBeforeItReplacesWhatTheExtensionLeadsTo) {
     std::ofstream(path("home.mnu")) << "EX0011;";
     std::vector<std::string> questions;
     whenUp<QFileDialog>([&](QFileDialog& dialog) {
-        EXPECT_EQ(dialog.nameFilters(),
-                  (QStringList{QStringLiteral("Flat File (*.mnu)"), QStringLiteral("All Files (*)")}));
-        EXPECT_EQ(dialog.selectedNameFilter(), QStringLiteral("Flat File (*.mnu)"));
+        const auto* types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        EXPECT_EQ(types->itemText(1), QStringLiteral("All Files (*.*)"));
+        EXPECT_EQ(types->currentText(), QStringLiteral("Flat File (*.mnu)"));
+        EXPECT_EQ(dialog.nameFilters().at(1), QStringLiteral("All Files (*.*) (*)"));  // files without a dot, too
         whenUp<QMessageBox>([&](QMessageBox& box) {
             questions.push_back(box.text().toStdString());
             whenUp<QFileDialog>([](QFileDialog& again) { type(again, QStringLiteral("other")); });
@@ -134,6 +140,14 @@ TEST_F(QtFileDialogTest, OpensWhereItWasAndCancels) {
         dialog.reject();
     });
     EXPECT_EQ(QtFileDialog().show(request(FileDialogRequest::Mode::Open, path("gone/x.mnu"))), std::nullopt);
+
+    // Whoever asked tells of a file that is not there; a name may come without its extension, and a file may have none.
+    std::ofstream(path("bare")) << "EX0011;";
+    for (const auto& [typed, chosen] : {std::pair{"gone.mnu", "gone.mnu"}, {"home", "home.mnu"}, {"bare", "bare"}}) {
+        whenUp<QFileDialog>([name = typed](QFileDialog& dialog) { type(dialog, QLatin1String(name)); });
+        EXPECT_EQ(QtFileDialog().show(request(FileDialogRequest::Mode::Open, folder.path().toStdString())),
+                  path(chosen));
+    }
 }
 
 }  // namespace

@@ -7,10 +7,12 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <termios.h>
 
 #include "platform/qt/PortHolder.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtSerialDevice.h"
+#include "platform/qt/TtyLine.h"
 #include "qt/Pty.h"
 
 namespace korvex {
@@ -145,22 +147,29 @@ TEST_F(SerialDeviceOnPty, ClosingNeverWaitsForWhatIsUnsent) {
     EXPECT_EQ(device.unsent(), 0U);
 }
 
-TEST_F(SerialDeviceOnPty, RefusesFormatsThatTheDeviceCannotDo) {
-    const auto refusal = [this](const char* text) {
-        const auto failure = device.open(*parseLineSettings(text), Handshaking::None);
-        return failure ? std::to_string(failure->number) + " " + failure->text : "taken";
-    };
-    const std::string start = "8019 The serial port " + pty.device + " cannot do ";
-    EXPECT_EQ(refusal("4800,n,4,1"), start + "4 data bits.");
-    EXPECT_EQ(refusal("4800,n,8,1.5"), start + "1.5 stop bits.");
-    EXPECT_EQ(refusal("4800,m,8,1"), start + "mark parity.");
-    EXPECT_EQ(refusal("4800,n,7,1"), start + "7 data bits.");
-    for (const char* possible : {"4800,n,8,2", "110,n,8,1", "14400,n,8,1", "256000,n,8,1"}) {
-        EXPECT_EQ(refusal(possible), "taken");
+TEST_F(SerialDeviceOnPty, TakesEveryFormatAndHandshaking) {
+    for (const char* format : {"4800,n,8,2", "110,n,8,1", "14400,e,7,1", "256000,m,8,1", "9600,s,4,1.5"}) {
+        EXPECT_FALSE(device.open(*parseLineSettings(format), Handshaking::None)) << format;
     }
     for (const auto handshaking : {Handshaking::XonXoff, Handshaking::Rts, Handshaking::RtsXonXoff}) {
         EXPECT_FALSE(device.open(usual, handshaking));
     }
+}
+
+TEST(SerialFormat, WhatADeviceCannotDoIsNamed) {
+    const auto settings = [](const char* text) { return *parseLineSettings(text); };
+    EXPECT_EQ(tty::impossibleFormat(settings("4800,n,4,1")), "4 data bits");
+    EXPECT_EQ(tty::impossibleFormat(settings("4800,n,8,1.5")), "1.5 stop bits");
+    EXPECT_EQ(tty::impossibleFormat(settings("4800,n,5,1.5")), "");
+    const auto verdict = [&](const char* wanted, unsigned flags, unsigned speed, Handshaking handshaking) {
+        return tty::notTaken(flags, speed, settings(wanted), handshaking);
+    };
+    EXPECT_EQ(verdict("4800,m,8,1", CS8, 4800, Handshaking::None), "mark parity");
+    EXPECT_EQ(verdict("4800,n,7,1", CS8, 4800, Handshaking::None), "7 data bits");
+    EXPECT_EQ(verdict("4800,n,8,2", CS8, 4800, Handshaking::None), "the wanted number of stop bits");
+    EXPECT_EQ(verdict("4800,n,8,2", CS8 | CSTOPB, 4800, Handshaking::Rts), "handshaking with RTS");
+    EXPECT_EQ(verdict("38400,n,8,1", CS8, 9600, Handshaking::None), "38400 bit/s");
+    EXPECT_EQ(verdict("57600,e,7,2", CS7 | CSTOPB | PARENB, 57'142, Handshaking::None), "");
 }
 
 /// Runs `work` in another process until the end of the scope.

@@ -36,6 +36,7 @@ TEST(AboutBox, TellsWhatTheProgramIsAndLetsGo) {
     EXPECT_EQ(description->heightForWidth(description->width()), 3 * description->fontMetrics().lineSpacing());
 
     box->findChild<QPushButton*>(QStringLiteral("cmdSysInfo"))->click();
+    QApplication::processEvents();
     EXPECT_EQ(shell.started, std::vector<std::string>{"system information"});
     box->findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

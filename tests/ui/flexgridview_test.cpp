@@ -66,6 +66,10 @@ TEST_F(FlexGridViewTest, CurrentCellIsTheGridsBothWays) {
     press(0, 10, Qt::RightButton);
     press(87, 0, Qt::LeftButton);
     EXPECT_EQ(cells.Row(), 89);
+    cells.setCurrent(0, 11);  // a title: the view stays where it is
+    press(89, 11, Qt::LeftButton);
+    EXPECT_EQ(cells.Row(), 89);
+    pressed.pop_back();
     EXPECT_EQ(pressed, (std::vector<std::string>{"89/11", "88/10 right", "0/10 right", "87/0"}));
 }
 

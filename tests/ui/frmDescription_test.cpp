@@ -71,6 +71,10 @@ struct Sitting {
     void click(Qt::MouseButton button, int row, int col) {
         QTest::mouseClick(grid->viewport(), button, {}, middle(row, col));
     }
+    void choose(const char* entry) {
+        find<QAction>(entry)->trigger();
+        QApplication::processEvents();
+    }
     MSFlexGrid& cells() { return program.menuManager.FlexGrid1; }
     /// A picture for whoever works on the window: KORVEX_PICTURES names the folder.
     void picture(const char* name) {
@@ -103,7 +107,7 @@ TEST(MenuManagerForm, AColumnReadFromTheRadioIsStillThereTheNextTime) {
         run.click(Qt::RightButton, 3, 8);
         run.picture("manager-column.png");
         run.msgBox.foresee("Do you like to save the Menu Settings now", MsgAnswer::Yes);
-        run.find<QAction>("mnu_readSettings")->trigger();
+        run.choose("mnu_readSettings");
         run.shack.clock.advance(20'000);
         value = run.cells().TextMatrix(35, 8);  // 029
         EXPECT_EQ(value, "1");
@@ -147,7 +151,7 @@ TEST(MenuManagerForm, CellsOfTheSelectedColumnAreEditedSentAndRetitled) {
     // An edit that is still open is saved too.
     run.click(Qt::LeftButton, 54, 7);
     QTest::keyClicks(run.grid, QStringLiteral("7"));
-    run.find<QAction>("Flexgrid_toGrid")->trigger();
+    run.choose("Flexgrid_toGrid");
     EXPECT_EQ(run.cells().TextMatrix(54, 7), "7");
 
     // A new value of the radio: the editor of another cell writes back before it goes.
@@ -163,7 +167,7 @@ TEST(MenuManagerForm, CellsOfTheSelectedColumnAreEditedSentAndRetitled) {
     run.picture("manager-new-value.png");
     EXPECT_EQ(run.find<QLabel>("Label1")->grab().toImage().pixelColor(2, 2), QColor(Qt::yellow));
 
-    run.find<QAction>("mnu_editTitle")->trigger();
+    run.choose("mnu_editTitle");
     auto* dialog = run.find<QDialog>("frmTitle");
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(dialog->findChild<QLineEdit*>(QStringLiteral("Text1"))->text().toStdString(), "Settings 1");
@@ -179,7 +183,7 @@ TEST(MenuManagerForm, ItsMenuHidesItAndItsCloseBoxEndsTheProgram) {
     int ended = 0;
     const auto end = run.program.ended.connect([&ended] { ++ended; });
     run.form->resize(600, 500);
-    run.find<QAction>("mnu_exit")->trigger();
+    run.choose("mnu_exit");
     EXPECT_FALSE(run.form->isVisible());
     EXPECT_EQ(ended, 0);
     EXPECT_EQ(shack.settings.values["Settings/frmDescriptionWidth"], "9000");

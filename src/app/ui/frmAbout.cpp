@@ -82,7 +82,8 @@ frmAbout::frmAbout(QWidget* owner, const std::filesystem::path& programFile, She
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(systemInfo, &QPushButton::clicked, this, [&shell, &msgBox] { about::startSystemInfo(shell, msgBox); });
+    const auto showSystemInfo = [&shell, &msgBox] { about::startSystemInfo(shell, msgBox); };
+    connect(systemInfo, &QPushButton::clicked, this, showSystemInfo, Qt::QueuedConnection);
 }
 
 void showAbout(QWidget* owner, const std::filesystem::path& programFile, Shell& shell, MsgBox& msgBox) {

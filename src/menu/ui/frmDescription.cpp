@@ -50,10 +50,11 @@ frmDescription::~frmDescription() = default;
 QAction* frmDescription::entry(QMenu* menu, const char* name, const char* caption, void (MenuManager::*run)()) {
     QAction* action = menu->addAction(QLatin1String(caption));
     action->setObjectName(QLatin1String(name));
-    connect(action, &QAction::triggered, this, [this, run] {
+    const auto act = [this, run] {
         writeBack();
         std::invoke(run, m_logic);  // g++ 12's sanitizer misreads "m_logic.*run" in here
-    });
+    };
+    connect(action, &QAction::triggered, this, act, Qt::QueuedConnection);
     return action;
 }
 

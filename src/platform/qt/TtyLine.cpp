@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 
 namespace korvex::tty {
 
@@ -69,32 +71,47 @@ bool isNear(speed_t got, int wanted) {
     return std::abs(static_cast<long>(got) - wanted) * 100L <= wanted * 3L;
 }
 
-std::string notTaken(const termios2& got, const LineSettings& settings, tcflag_t wanted) {
-    const tcflag_t different = (got.c_cflag ^ wanted) & formatBits;
-    if ((different & CSIZE) != 0) return std::to_string(settings.dataBits) + " data bits";
-    if ((different & (PARENB | PARODD | CMSPAR)) != 0) return parityName(settings.parity);
-    if ((different & CSTOPB) != 0) return "the wanted number of stop bits";
-    if ((different & CRTSCTS) != 0) return "handshaking with RTS";
-    if (!isNear(got.c_ospeed, settings.speed)) return std::to_string(settings.speed) + " bit/s";
-    return {};
+/// The far end of a pseudo terminal is a program: bytes come through whole, whatever format is set, and the kernel says
+/// 8 bits without parity whatever was asked for.
+bool isPseudoTerminal(int handle) {
+    constexpr unsigned firstMajor = 136;  // Linux, Documentation/admin-guide/devices.txt
+    constexpr unsigned lastMajor = 143;
+    struct stat file {};
+    if (::fstat(handle, &file) != 0) return false;
+    const unsigned number = major(file.st_rdev);
+    return number >= firstMajor && number <= lastMajor;
 }
 
 }  // namespace
 
-std::string applyFormat(int handle, const LineSettings& settings, Handshaking handshaking) {
+std::string impossibleFormat(const LineSettings& settings) {
     if (settings.dataBits < 5) return std::to_string(settings.dataBits) + " data bits";
-    if (!stopBitsExist(settings)) return "1.5 stop bits";
+    return stopBitsExist(settings) ? "" : "1.5 stop bits";
+}
+
+std::string notTaken(unsigned flags, unsigned speed, const LineSettings& settings, Handshaking handshaking) {
+    const tcflag_t different = (flags ^ wantedFlags(settings, handshaking)) & formatBits;
+    if ((different & CSIZE) != 0) return std::to_string(settings.dataBits) + " data bits";
+    if ((different & (PARENB | PARODD | CMSPAR)) != 0) return parityName(settings.parity);
+    if ((different & CSTOPB) != 0) return "the wanted number of stop bits";
+    if ((different & CRTSCTS) != 0) return "handshaking with RTS";
+    if (!isNear(speed, settings.speed)) return std::to_string(settings.speed) + " bit/s";
+    return {};
+}
+
+std::string applyFormat(int handle, const LineSettings& settings, Handshaking handshaking) {
+    const bool pseudo = isPseudoTerminal(handle);
+    if (auto impossible = impossibleFormat(settings); !impossible.empty() && !pseudo) return impossible;
     termios2 line{};
     if (::ioctl(handle, TCGETS2, &line) != 0) return "a data format";
-    const tcflag_t wanted = wantedFlags(settings, handshaking);
     line.c_cflag &= ~(formatBits | static_cast<tcflag_t>(CBAUD | CBAUD << IBSHIFT));
-    line.c_cflag |= wanted | BOTHER;
+    line.c_cflag |= wantedFlags(settings, handshaking) | BOTHER;
     line.c_ispeed = line.c_ospeed = static_cast<speed_t>(settings.speed);
     setXonXoff(line, handshaking == Handshaking::XonXoff || handshaking == Handshaking::RtsXonXoff);
     if (::ioctl(handle, TCSETS2, &line) != 0) return settings.text();
     termios2 got{};
     if (::ioctl(handle, TCGETS2, &got) != 0) return settings.text();
-    return notTaken(got, settings, wanted);
+    return pseudo ? std::string() : notTaken(got.c_cflag, got.c_ospeed, settings, handshaking);
 }
 
 void setLine(int handle, OutputLine line, bool raised) {

@@ -12,8 +12,14 @@
 namespace korvex::tty {
 
 /// Sets format and handshaking and reads back what the device made of them. Empty when all of it was taken, else what
-/// the device cannot do, in words ("7 data bits").
+/// the device cannot do, in words ("7 data bits"). A pseudo terminal takes every format, as it makes no bits of its
+/// bytes.
 std::string applyFormat(int handle, const LineSettings& settings, Handshaking handshaking);
+
+/// The two verdicts of it: what no serial chip does, and what a device, by the flags and the speed (termios) that it
+/// tells afterwards, did not take.
+std::string impossibleFormat(const LineSettings& settings);
+std::string notTaken(unsigned flags, unsigned speed, const LineSettings& settings, Handshaking handshaking);
 
 enum class OutputLine { Rts, Dtr };
 /// Devices without that line (a pty) are passed over.

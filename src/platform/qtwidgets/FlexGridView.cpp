@@ -165,7 +165,11 @@ void FlexGridView::keyPressEvent(QKeyEvent* event) {
 
 void FlexGridView::mousePressEvent(QMouseEvent* event) {
     const QModelIndex cell = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton) QTableView::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton) {
+        QTableView::mousePressEvent(event);
+        // The current cell may be a label, where the view cannot follow: then the pressed cell is no news to the view.
+        if (cell.isValid()) m_cells.setCurrent(m_model->rowOf(cell), m_model->colOf(cell));
+    }
     if (cell.isValid()) Q_EMIT cellPressed(m_model->rowOf(cell), m_model->colOf(cell), event->button());
 }
 
