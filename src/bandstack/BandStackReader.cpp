@@ -108,12 +108,13 @@ void BandStackReader::giveWay() {
 void BandStackReader::takeLate(const QueryLedger::Place& owner, const std::string& answer) {
     if (owner.run != m_run || m_stack.answersItsQuery(owner.row, owner.column)) return;
     m_stack.setWireText(owner.row, owner.column, answer);
+    normalise(owner.column);
 }
 
 Rest BandStackReader::takeAnswer() {
     if (!m_timer1->Enabled()) return Rest::GoOn;
     const std::string query = m_stack.wireText(m_stack.BandStackRow, 0);
-    const std::string answer = withoutNoiseBefore(queryHead(query), m_link.answers().takeAnswer());
+    const std::string answer = fromLastHead(queryHead(query), m_link.answers().takeAnswer());
     const auto owner = m_ledger.ownerOf(answer, place(), query, m_clock.now());
     if (owner != place()) {
         if (owner) takeLate(*owner, answer);
@@ -125,23 +126,23 @@ Rest BandStackReader::takeAnswer() {
     ++m_stack.BandStackRow;
     if (m_stack.BandStackRow <= BandStack::lastQueried) return Rest::GoOn;
     stop();
-    normaliseColumn();
+    normalise(m_stack.BandStackColumn);
     m_link.setActiveOperation(ActiveOperation::Idle);
     nextReadColumn();
     return Rest::Discard;
 }
 
 /// In automatic the radio tells what it has chosen by itself, in digits that it does not take back.
-void BandStackReader::normaliseColumn() {
-    normalise(automaticGain0Row, '4', "GT04;");
-    normalise(automaticGain1Row, '4', "GT14;");
-    normalise(roofingFilterRow, '3', "RF00;");
+void BandStackReader::normalise(int column) {
+    normalise(automaticGain0Row, column, '4', "GT04;");
+    normalise(automaticGain1Row, column, '4', "GT14;");
+    normalise(roofingFilterRow, column, '3', "RF00;");
 }
 
-void BandStackReader::normalise(int row, char highest, const char* replacement) {
-    const std::string answer = m_stack.wireText(row, m_stack.BandStackColumn);
+void BandStackReader::normalise(int row, int column, char highest, const char* replacement) {
+    const std::string answer = m_stack.wireText(row, column);
     if (answer.size() < 4 || !isDigit(answer[3]) || answer[3] <= highest) return;
-    m_stack.setWireText(row, m_stack.BandStackColumn, replacement);
+    m_stack.setWireText(row, column, replacement);
 }
 
 void BandStackReader::nextReadColumn() {

@@ -49,8 +49,8 @@ private:
     QueryLedger::Place place() const { return {m_run, m_stack.BandStackColumn, m_stack.BandStackRow}; }
     Rest takeAnswer();
     void takeLate(const QueryLedger::Place& owner, const std::string& answer);
-    void normaliseColumn();
-    void normalise(int row, char highest, const char* replacement);
+    void normalise(int column);
+    void normalise(int row, int column, char highest, const char* replacement);
     void nextReadColumn();
     void finish();
     void tellStrangeAnswers();

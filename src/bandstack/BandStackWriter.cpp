@@ -2,6 +2,7 @@
 
 #include "base/CodePage.h"
 #include "base/Lines.h"
+#include "cat/Noise.h"
 #include "cat/TransmitGuard.h"
 
 namespace korvex {
@@ -169,11 +170,11 @@ void BandStackWriter::showSent(const std::string& wire) {
 }
 
 Rest BandStackWriter::takeAntennaAnswer() {
-    const std::string answer = m_link.answers().takeAnswer();
-    // Line noise in front of the answer would be waited out for ever.
-    const auto start = answer.rfind("AN");
-    m_stack.setWireText(BandStack::antennaAnswer, m_stack.BandStackColumn,
-                        start == std::string::npos ? answer : answer.substr(start));
+    // Noise, news or an adapter's echo of the query in the place of the answer would be waited out for ever.
+    const std::string answer = fromLastHead("AN", m_link.answers().takeAnswer());
+    const bool told = answer.starts_with('A') && answer != "AN0;";
+    if (!told && answer != "?;") return Rest::GoOn;
+    m_stack.setWireText(BandStack::antennaAnswer, m_stack.BandStackColumn, answer);
     m_link.progress().value = m_link.progress().value + 1;
     m_link.setActiveOperation(ActiveOperation::Idle);
     return Rest::Discard;

@@ -96,9 +96,10 @@ Rest KeyerReader::takeKeyerAnswer() {
     // Before the first query nothing of what comes is an answer.
     if (!running() || m_table.keyerRow < 1 || m_table.keyerRow >= KeyerTable::rows) return Rest::Discard;
     m_silentSteps = 0;
-    if (!answer.starts_with("KM")) answer = withoutNoiseBefore(headOf(m_table.keyerRow), std::move(answer));
+    if (!answer.starts_with("KM")) answer = fromFirstHead(headOf(m_table.keyerRow), std::move(answer));
     store(answer);
-    return Rest::Discard;
+    // Behind news the answer itself may stand.
+    return answer.starts_with("KM") || answer == "?;" ? Rest::Discard : Rest::GoOn;
 }
 
 void KeyerReader::store(const std::string& answer) {

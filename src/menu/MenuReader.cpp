@@ -30,6 +30,8 @@ MenuReader::MenuReader(Terminal& terminal, Clock& clock, MenuCommandTable& table
 }
 
 void MenuReader::mnu_Store_Click() {
+    // Once more while it runs: answers on their way would be counted twice.
+    if (running() && m_code == m_toFile && m_link.activeOperation() == m_toFile) return;
     m_code = m_toFile;
     m_link.setActiveOperation(m_code);
     m_link.panels().Error = "";
@@ -68,7 +70,9 @@ bool MenuReader::wasAskedFor(const std::string& answer) const {
     // The late answer to the communication test, news of a turned dial or the rest of another operation would move
     // every later answer into the wrong row.
     if (m_answerIndex >= m_sendIndex) return false;
-    return answer.find("EX") != std::string::npos || answer.find('?') != std::string::npos;
+    const bool ofItem =
+        answer.starts_with("EX") && answer.size() > menuReadCommand(1).size();  // else an adapter's echo
+    return ofItem || answer.find('?') != std::string::npos;
 }
 
 void MenuReader::Timer4_Timer() {
@@ -122,7 +126,7 @@ void MenuReader::stopShowing() {
 
 Rest MenuReader::takeAnswer() {
     if (!m_timer4->Enabled()) return Rest::GoOn;
-    const std::string answer = withoutNoiseBefore("EX", m_link.answers().takeAnswer());
+    const std::string answer = fromLastHead("EX", m_link.answers().takeAnswer());
     if (!wasAskedFor(answer)) return Rest::GoOn;
     m_table.setAnswer(m_answerIndex, answer);
     // The answer to the communication test may still come in between: its digits are no item.

@@ -104,7 +104,10 @@ void RadioLine::send(double readyMs, std::string answer) {
     if (answer.empty()) return;
     if (faults.garbage) answer.insert(0, noise());
     if (faults.eighthBit) raiseEighthBit(answer);
-    if (faults.unasked) answer += m_radio.obey("FA");
+    if (faults.unasked) {
+        m_newsInFront = !m_newsInFront;
+        answer.insert(m_newsInFront ? 0 : answer.size(), m_radio.obey("FA"));
+    }
     if (faults.glued > 1) {
         sendTogether(readyMs, answer);
     } else {

@@ -129,7 +129,7 @@ TEST_F(Line, FaultsOfTheWay) {
     fault("none");
 
     fault("unasked");
-    EXPECT_EQ(ask("ID;MD0;"), "ID0251;FA14195000;MD02;FA14195000;");
+    EXPECT_EQ(ask("ID;MD0;"), "FA14195000;ID0251;MD02;FA14195000;");
     fault("none");
 
     fault("garbage");
