@@ -63,6 +63,7 @@ void BandStackReader::readColumn() {
 
 void BandStackReader::stop() {
     m_timer1->setEnabled(false);
+    m_strange.reset();
     m_patience.end();
 }
 
@@ -74,6 +75,8 @@ void BandStackReader::Timer1_Timer() {
             stop();
             return;
         }
+        // The next register's first query is this call's then.
+        if (m_strange && store(std::string(*m_strange)) == Rest::Discard) return;
         if (m_ledger.due(place(), m_clock.now())) sendQuery();
     }
     m_phase.invert();
@@ -120,6 +123,13 @@ Rest BandStackReader::takeAnswer() {
         if (owner) takeLate(*owner, answer);
         return Rest::GoOn;
     }
+    if (answer == "?;" || answersQuery(query, answer)) return store(answer);
+    if (!m_strange) m_strange = answer;  // news, maybe; the answer itself may stand behind
+    return Rest::GoOn;
+}
+
+Rest BandStackReader::store(const std::string& answer) {
+    m_strange.reset();
     m_stack.setWireText(m_stack.BandStackRow, m_stack.BandStackColumn, answer);
     m_patience.begin();
     m_link.progress().value = m_link.progress().value + 1;

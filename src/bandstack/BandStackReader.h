@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "bandstack/BandStack.h"
@@ -48,6 +49,7 @@ private:
     void sendQuery();
     QueryLedger::Place place() const { return {m_run, m_stack.BandStackColumn, m_stack.BandStackRow}; }
     Rest takeAnswer();
+    Rest store(const std::string& answer);
     void takeLate(const QueryLedger::Place& owner, const std::string& answer);
     void normalise(int column);
     void normalise(int row, int column, char highest, const char* replacement);
@@ -63,6 +65,7 @@ private:
     BandStack& m_stack;
     Clock& m_clock;
     QueryLedger m_ledger;
+    std::optional<std::string> m_strange;  ///< stands for the row's answer if that has not come by the next query
     int m_run = 0;
     std::unique_ptr<Timer> m_timer1;
     PhaseFlag m_phase;

@@ -95,7 +95,7 @@ TEST_F(BandStackTransferTest, AnswersAreStoredAsTheyComeAndAutomaticsMadeSettabl
         return isQuery(wire) ? "X;" : "";
     };
     window.mnu_readBandStack_Click();
-    clock.advance(2300);
+    clock.advance(2400);
     EXPECT_EQ(bench.cell(12, 1), "GT04;");
     EXPECT_EQ(bench.cell(13, 1), "GT13;");
     EXPECT_EQ(bench.cell(19, 1), "RF00;");

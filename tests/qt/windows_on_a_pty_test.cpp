@@ -66,7 +66,7 @@ TEST_F(WindowsOnAPty, ARegisterIsReadIntoTheGrid) {
     form.show();
     form.findChild<QAction*>(QStringLiteral("mnu_readBandStack"))->trigger();
     auto& grid = program.bandStackWindow.stack().FlexGrid1;
-    EXPECT_TRUE(comes([&] { return !grid.TextMatrix(1, 2).empty(); }));
+    EXPECT_TRUE(comes([&] { return !grid.TextMatrix(1, 2).empty(); }, 20'000));
     EXPECT_EQ(grid.TextMatrix(10, 1), "FA01822500;");
     for (int row = 1; row <= 22; ++row) EXPECT_TRUE(grid.TextMatrix(row, 1).ends_with(';')) << row;
     program.link.togglePort();
