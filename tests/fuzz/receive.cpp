@@ -1,5 +1,5 @@
+#include <algorithm>
 #include <array>
-#include <filesystem>
 
 #include "fuzz/Fuzz.h"
 #include "fuzz/Judge.h"
@@ -12,25 +12,58 @@ namespace {
 
 constexpr int managerColumn = 7;
 constexpr int keyR = 82;
-constexpr int keyS = 83;
 
-void useManagerCell(TroubleBench& bench, int key) {
+void readManagerCell(TroubleBench& bench) {
     auto& grid = bench.program.menuManager.FlexGrid1;
-    if (grid.Rows() < 2) operations()[2].prepare(bench);
     grid.setCurrent(19, managerColumn);
-    bench.program.menuManager.FlexGrid1_KeyDown(key);
+    bench.program.menuManager.FlexGrid1_KeyDown(keyR);
 }
 
-/// What a user can start beside the operations proper.
-constexpr std::array<void (*)(TroubleBench&), 7> gestures = {
-    [](TroubleBench& b) { b.program.memory.editor.cmd3_Click(); },
-    [](TroubleBench& b) { b.program.memory.editor.cmd2_Click(); },
-    [](TroubleBench& b) { useManagerCell(b, keyR); },
-    [](TroubleBench& b) { useManagerCell(b, keyS); },
-    [](TroubleBench& b) { b.program.eqWindow.Command1_Click(b.program.eqWindow.processorOn ? 1 : 0); },
-    [](TroubleBench& b) { b.program.eqWindow.exchange().applyValue(3, 900); },
-    [](TroubleBench& b) { b.program.backupEntry.mnu_BackupRadio_Click(); },
+struct Start {
+    char letter;
+    std::string_view operation;      ///< by its name, so that an input means the same when there are more of them
+    void (*gesture)(TroubleBench&);  ///< what is none
 };
+
+constexpr auto starts = std::to_array<Start>({
+    {'a', "menu read", nullptr},
+    {'b', "menu write", nullptr},
+    {'c', "menu read into the Menu Manager", nullptr},
+    {'d', "memory read into a file", nullptr},
+    {'e', "memory write from a file", nullptr},
+    {'f', "memory read into the list", nullptr},
+    {'g', "memory write from the list", nullptr},
+    {'h', "band stack read", nullptr},
+    {'i', "band stack write", nullptr},
+    {'j', "equalizer read", nullptr},
+    {'k', "keyer write", nullptr},
+    {'l', "keyer read", nullptr},
+    {'m', "", [](TroubleBench& b) { b.program.memory.editor.cmd3_Click(); }},
+    {'n', "one memory sent and read back", nullptr},
+    {'o', "", readManagerCell},
+    {'p', "one menu item sent and read back", nullptr},
+    {'q', "", [](TroubleBench& b) { b.program.eqWindow.Command1_Click(b.program.eqWindow.processorOn ? 1 : 0); }},
+    {'r', "equalizer write", nullptr},
+    {'s', "backup of the whole radio", nullptr},
+    {'t', "menu write from the Menu Manager", nullptr},
+});
+
+/// A new operation needs a letter of its own.
+bool everyOperationHasItsLetter() {
+    return std::all_of(operations().begin(), operations().end(), [](const Operation& operation) {
+        return std::any_of(starts.begin(), starts.end(),
+                           [&](const Start& start) { return start.operation == operation.name; });
+    });
+}
+
+void begin(TroubleBench& bench, const Start& start) {
+    if (start.gesture != nullptr) start.gesture(bench);
+    for (const auto& operation : operations()) {
+        if (operation.name != start.operation) continue;
+        operation.prepare(bench);
+        operation.start(bench);
+    }
+}
 
 /// Plays an input on the whole program. Besides what the radio says and suffers:
 ///
@@ -40,11 +73,6 @@ constexpr std::array<void (*)(TroubleBench&), 7> gestures = {
 class Play {
 public:
     explicit Play(std::string_view input) : m_talk(m_bench.ports, m_bench.clock, input) {
-        m_bench.fileDialog.whileShown = [this, answer = m_bench.fileDialog.whileShown] {
-            const bool asksForFolder = m_bench.fileDialog.shown.back().mode == FileDialogRequest::Mode::Folder;
-            if (asksForFolder) return m_bench.fileDialog.choose(m_backups.path());
-            answer();
-        };
         listenInDialogs(m_bench.fileDialog.whileShown);
         listenInDialogs(m_bench.msgBox.whileShown);
     }
@@ -59,9 +87,6 @@ public:
         EXPECT_EQ(m_bench.ports.written.size(), written) << "something was sent through a closed port";
         EXPECT_EQ(m_bench.whatIsWrong(), "");
         EXPECT_EQ(fuzz::keysTransmitterWith(m_bench.ports.written), "");
-        for (const auto& backup : std::filesystem::directory_iterator(m_backups.path())) {
-            EXPECT_NE(backup.path().extension(), ".incomplete");
-        }
     }
 
 private:
@@ -81,29 +106,16 @@ private:
     void step() {
         const auto action = m_talk.step();
         if (!action) return;
-        if (*action >= 'a' && *action <= 'z') start(static_cast<std::size_t>(*action - 'a'));
         if (*action == '.') m_answered = m_dialogs > 0;
         if (*action == 'C') m_bench.closePorts();
-        if (*action == 'O') open();
-    }
-
-    /// Nobody gets at the tools behind an open dialog.
-    void start(std::size_t which) {
+        // Nobody gets at the tools behind an open dialog.
         if (m_dialogs > 0) return;
-        const auto& all = operations();
-        if (which < all.size()) {
-            all[which].prepare(m_bench);
-            all[which].start(m_bench);
-        } else if (which - all.size() < gestures.size()) {
-            gestures.at(which - all.size())(m_bench);
+        if (*action == 'O' && !m_bench.program.link.PortOpen()) m_bench.program.link.togglePort();
+        for (const auto& start : starts) {
+            if (start.letter == *action) begin(m_bench, start);
         }
     }
 
-    void open() {
-        if (m_dialogs == 0 && !m_bench.program.link.PortOpen()) m_bench.program.link.togglePort();
-    }
-
-    fakes::TemporaryFolder m_backups;
     TroubleBench m_bench;
     fuzz::Talk m_talk;
     int m_dialogs = 0;
@@ -114,6 +126,7 @@ private:
 
 /// A hostile radio on the line while anything at all is going on.
 FUZZ_TARGET(receive) {
+    ASSERT_TRUE(everyOperationHasItsLetter());
     Play(input).run();
 }
 

@@ -100,7 +100,7 @@ void prepareManagerItem(TroubleBench& bench) {
     prepareManagerColumn(bench);
     auto& grid = bench.program.menuManager.FlexGrid1;
     int row = 1;
-    while (grid.TextMatrix(row, 0) != "042") ++row;
+    while (row < grid.Rows() && grid.TextMatrix(row, 0) != "042") ++row;
     grid.setCurrent(row, managerColumn);
 }
 
