@@ -48,13 +48,13 @@ void QueryLedger::sent(const Place& place, std::string_view query, std::int64_t 
 }
 
 /// Here and below: the radio answers in the order of the queries; what was asked before has been lost.
-void QueryLedger::answered(Entry own, std::int64_t now) {
+void QueryLedger::answered(const Entry& own, std::int64_t now) {
     m_lastActivity = now;
     m_span = now - own->at;
     m_owed.erase(m_owed.begin(), own + 1);
 }
 
-std::optional<QueryLedger::Place> QueryLedger::settle(Entry entry, std::int64_t now) {
+std::optional<QueryLedger::Place> QueryLedger::settle(const Entry& entry, std::int64_t now) {
     m_lastActivity = now;
     const Asked asked = *entry;
     m_owed.erase(m_owed.begin(), entry + 1);

@@ -47,8 +47,8 @@ private:
     template <class Test>
     Entry firstThat(Test test);
     std::optional<Place> ownerOfRefusal(const Place& place, std::int64_t now);
-    void answered(Entry own, std::int64_t now);
-    std::optional<Place> settle(Entry entry, std::int64_t now);
+    void answered(const Entry& own, std::int64_t now);
+    std::optional<Place> settle(const Entry& entry, std::int64_t now);
     std::int64_t silenceLimit() const;
 
     std::deque<Asked> m_owed;         // oldest first

@@ -114,7 +114,8 @@ TEST_F(PortSettingsTest, WithoutAnyPortOkKeepsTheNumber) {
 }
 
 TEST(TransmitGuard, KnowsTheCommandsThatKeyTheTransmitter) {
-    for (const char* bad : {"TX1;", "tx2;", "KY1;", "MX1;", "AC002;", "EX0011;TX1;", " \r\nTX1", "T\r\nX 1;", "EX0011;AC0"}) {
+    for (const char* bad :
+         {"TX1;", "tx2;", "KY1;", "MX1;", "AC002;", "EX0011;TX1;", " \r\nTX1", "T\r\nX 1;", "EX0011;AC0"}) {
         EXPECT_TRUE(keysTransmitter(bad)) << bad;
     }
     for (const char* good : {"", "EX0011;", "TX0;", "KM1TX1", "AC001;", "?;"})

@@ -54,8 +54,8 @@ struct ProgramBench {
     FakeDatabase database;
     TemporaryFolder folder;
     std::string timeOfDay = "2026-11-22 23:42:54";
-    Program program{{clock, ports, settings, fileDialog, msgBox, shell, database, folder.path(),
-                     [this] { return timeOfDay; }}};
+    Program program{
+        {clock, ports, settings, fileDialog, msgBox, shell, database, folder.path(), [this] { return timeOfDay; }}};
 
     /// Opens the terminal and its port and lets the communication test come to its end.
     void openPort() {
