@@ -12,12 +12,12 @@ namespace korvex {
 /// The whole radio into a new folder: the model, then menu, memories, band stack and keyer, one reading after the
 /// other, each file written as soon as it is read; a summary at the end. For the windows and for korvexctl.
 ///
-///     folder "...incomplete" -> communication test over -> reading -> its files -> ... -> equalizer, summary
-///                            -> folder without that ending                                -> ended: Done
-///     5 s without an answer, 30 s without a step forward, answers that no radio gives, another operation  -> folder
-///     gone  -> ended: NoAnswer port closed                                                            -> folder gone
-///     -> ended: PortClosed a file or the folder cannot be written                                 -> folder gone  ->
-///     ended: FileFailed
+///     folder "....incomplete" -> wait for the end of the communication test
+///                             -> reading -> its files -> next reading ...
+///                             -> equalizer and summary -> folder without that ending -> ended: Done
+///
+/// Without a folder that stays end: 5 s without an answer, 30 s without a step forward, answers that no radio gives and
+/// another operation (NoAnswer), a closed port (PortClosed), a file or folder that cannot be written (FileFailed).
 class Backup {
 public:
     Backup(Terminal& terminal, Clock& clock);
