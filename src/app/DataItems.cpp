@@ -6,6 +6,7 @@
 
 #include "bandstack/BandStack.h"
 #include "bandstack/BandStackFile.h"
+#include "bandstack/BandStackWriter.h"
 #include "base/NumberText.h"
 #include "keyer/KeyerFile.h"
 #include "memory/MemoryFile.h"
@@ -76,10 +77,9 @@ std::string registerName(int column) {
 DataItem bandStackItem(const BandStack& stack, int row, int column) {
     const std::string cell = stack.wireText(row, column);
     const std::string name = registerName(column) + " ";
-    if (row == 0) return {name + "BS", {}, cell, {}};
+    if (row == 0) return {name + "BS", {}, bandStackCommand(cell), {}};
     const std::string query = stack.wireText(row, 0);
-    const bool antenna = cell.starts_with("AN0");  // told with more digits than it is set with
-    return {name + query.substr(0, query.find(';')), cell, antenna ? cell.substr(0, 4) + ";" : cell, {}};
+    return {name + query.substr(0, query.find(';')), cell, bandStackCommand(cell), {}};
 }
 
 /// The registers in the order in which they are written; a band that the radio had refused is passed over.

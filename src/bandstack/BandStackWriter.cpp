@@ -15,16 +15,13 @@ std::string fifthCharacter(const std::string& answer) {
     return answer.size() < 5 ? std::string() : answer.substr(4, 1);
 }
 
-/// The antenna is told with more digits than it is set with. And what was read while the tuner tuned, or news of a
-/// pressed key that took a row, must not key the transmitter now: the tuner is switched on instead of started, the rest
-/// is left out.
-std::string commandFor(const std::string& cell) {
+}  // namespace
+
+std::string bandStackCommand(const std::string& cell) {
     if (cell.starts_with("AN0")) return cell.substr(0, 4) + ";";
     if (!keysTransmitter(cell)) return cell;
     return cell.starts_with("AC002") ? "AC001;" : "";
 }
-
-}  // namespace
 
 BandStackWriter::BandStackWriter(Terminal& terminal, Clock& clock, BandStack& stack)
     : m_terminal(terminal), m_link(terminal.link()), m_stack(stack), m_patience(clock, [this] { tellSilence(); }) {
@@ -103,7 +100,7 @@ void BandStackWriter::writeCell() {
     skipRefusedBand();
     if (m_stack.BandStackColumn >= BandStack::pastLastColumn) return;
     const std::string cell = m_stack.current();
-    const std::string staging = commandFor(cell) + std::string(crLf);
+    const std::string staging = bandStackCommand(cell) + std::string(crLf);
     m_stack.Text3 = utf8FromWire(staging);
     m_link.send(staging);
     m_link.panels().Error = "Writing Band Stack Regiters";

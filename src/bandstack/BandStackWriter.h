@@ -12,6 +12,11 @@
 
 namespace korvex {
 
+/// What a cell is written to the radio as. The antenna is told with more digits than it is set with. And what was read
+/// while the tuner tuned, or news of a pressed key that took a row, must not key the transmitter now: the tuner is
+/// switched on instead of started, the rest is left out.
+std::string bandStackCommand(const std::string& cell);
+
 /// Writes the grid back into the radio, register by register, and sets each register's antenna right at its end.
 ///
 ///     timer   ms   works    does                                              leaves when
