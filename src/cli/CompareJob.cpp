@@ -18,6 +18,16 @@ const FileKind* CompareJob::chosenKind() const {
     return nullptr;
 }
 
+bool CompareJob::takeSides(bool ofRadio) {
+    for (Side* side : {&m_left, &m_right}) {
+        if (side->radio != ofRadio) continue;
+        auto items = readItems(m_workshop, m_kind->name, side->file);
+        if (!items) return false;
+        side->items = std::move(*items);
+    }
+    return true;
+}
+
 std::optional<ExitCode> CompareJob::prepare() {
     m_left = makeSide(m_workshop.command.file);
     m_right = makeSide(m_workshop.command.otherFile);
@@ -26,12 +36,7 @@ std::optional<ExitCode> CompareJob::prepare() {
         m_workshop.tell("what kind of file is it? --kind says it where the ending does not");
         return ExitCode::Usage;
     }
-    for (Side* side : {&m_left, &m_right}) {
-        if (side->radio) continue;
-        auto items = readItems(m_workshop, m_kind->name, side->file);
-        if (!items) return ExitCode::File;
-        side->items = std::move(*items);
-    }
+    if (!takeSides(false)) return ExitCode::File;
     if (m_left.radio || m_right.radio) return std::nullopt;
     return conclude();
 }
@@ -41,12 +46,7 @@ std::vector<Step> CompareJob::steps() {
 }
 
 ExitCode CompareJob::conclude() {
-    for (Side* side : {&m_left, &m_right}) {
-        if (!side->radio) continue;
-        auto items = readItems(m_workshop, m_kind->name, side->file);
-        if (!items) return ExitCode::File;
-        side->items = std::move(*items);
-    }
+    if (!takeSides(true)) return ExitCode::File;
     const bool withRadio = m_left.radio || m_right.radio;
     const DataItems right = m_kind->name == "bandstack" ? turnedLike(m_left.items, m_right.items) : m_right.items;
     const auto list = differences(m_left.items, right, withRadio ? Remarks::Ignore : Remarks::Count);

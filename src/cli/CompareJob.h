@@ -22,6 +22,8 @@ private:
     };
     Side makeSide(const std::string& word) const;
     const FileKind* chosenKind() const;
+    /// The items of the sides that are files, or that the radio has been read into.
+    bool takeSides(bool ofRadio);
 
     Workshop m_workshop;
     ScratchFolder m_scratch;

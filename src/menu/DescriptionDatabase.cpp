@@ -25,7 +25,7 @@ void DescriptionDatabase::Timer1_Timer() {
     if (m_needs.progress.visible) return;  // a transfer shows its progress there; the database can wait
     // Stopped first: a report is a box, and ticks come while it is open.
     m_timer1->setEnabled(false);
-    openAndFill();
+    loadDescriptionGrid();
     if (prepareGrid) prepareGrid();
 }
 
@@ -40,12 +40,8 @@ bool DescriptionDatabase::openDescriptionTable() {
     return m_ado.moveFirstIfAny(*m_recordset, *m_connection, true);
 }
 
-void DescriptionDatabase::openAndFill() {
-    if (openDescriptionDatabase() && openDescriptionTable()) copyToGrid();
-}
-
 void DescriptionDatabase::loadDescriptionGrid() {
-    openAndFill();
+    if (openDescriptionDatabase() && openDescriptionTable()) copyToGrid();
 }
 
 void DescriptionDatabase::copyToGrid() {

@@ -48,7 +48,6 @@ private:
     void Timer1_Timer();
     bool openDescriptionDatabase();
     bool openDescriptionTable();
-    void openAndFill();
     void copyToGrid();
     Failure copyFromGrid();
     void goToFirstRecord();
