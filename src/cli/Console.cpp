@@ -41,7 +41,8 @@ MsgAnswer ConsoleMsgBox::show(const MsgBoxRequest& request) {
     m_stream << "korvexctl: " << printable(request.text) << "\n";
     switch (request.buttons) {
         case MsgButtons::Ok: return MsgAnswer::Ok;
-        case MsgButtons::YesNo: return MsgAnswer::No;
+        case MsgButtons::YesNo:
+        case MsgButtons::YesNoCareful: return MsgAnswer::No;
         case MsgButtons::AbortRetryIgnore: return MsgAnswer::Ignore;
         case MsgButtons::CancelTryAgainContinue: break;
     }

@@ -5,7 +5,8 @@
 namespace korvex {
 
 enum class MsgIcon { None, Stop, Question, Exclamation, Information };
-enum class MsgButtons { Ok, YesNo, AbortRetryIgnore, CancelTryAgainContinue };
+/// YesNoCareful is YesNo with "No" as what Enter takes: for whatever could lose something.
+enum class MsgButtons { Ok, YesNo, YesNoCareful, AbortRetryIgnore, CancelTryAgainContinue };
 enum class MsgAnswer { Ok, Yes, No, Abort, Retry, Ignore, Cancel, TryAgain, Continue };
 
 struct MsgBoxRequest {
@@ -23,6 +24,10 @@ public:
 
     void exclamation(const std::string& text, const std::string& title = {}) {
         show({text, title, MsgIcon::Exclamation, MsgButtons::Ok});
+    }
+    /// A question whose "Yes" could lose something: Enter and Escape take "No", and so does a program without windows.
+    bool confirm(const std::string& text, const std::string& title = {}) {
+        return show({text, title, MsgIcon::Question, MsgButtons::YesNoCareful}) == MsgAnswer::Yes;
     }
     void stop(const std::string& text, const std::string& title = {}) {
         show({text, title, MsgIcon::Stop, MsgButtons::Ok});

@@ -55,16 +55,18 @@ TEST(QtMsgBox, EveryButtonHasItsAnswerAndEscapeChangesLeast) {
         MsgButtons buttons;
         std::vector<std::pair<const char*, MsgAnswer>> captions;
         MsgAnswer escape;
+        std::size_t enter = 0;
     };
     const std::vector<Case> cases = {
         {MsgButtons::YesNo, {{"Yes", MsgAnswer::Yes}, {"No", MsgAnswer::No}}, MsgAnswer::No},
+        {MsgButtons::YesNoCareful, {{"Yes", MsgAnswer::Yes}, {"No", MsgAnswer::No}}, MsgAnswer::No, 1},
         {MsgButtons::AbortRetryIgnore,
          {{"Abort", MsgAnswer::Abort}, {"Retry", MsgAnswer::Retry}, {"Ignore", MsgAnswer::Ignore}},
          MsgAnswer::Abort},
         {MsgButtons::CancelTryAgainContinue,
          {{"Cancel", MsgAnswer::Cancel}, {"Try Again", MsgAnswer::TryAgain}, {"Continue", MsgAnswer::Continue}},
          MsgAnswer::Cancel}};
-    for (const auto& [buttons, captions, escape] : cases) {
+    for (const auto& [buttons, captions, escape, enter] : cases) {
         int left = -1;
         for (const auto& [caption, answer] : captions) {
             whenUp<QMessageBox>([&, name = caption](QMessageBox& box) {
@@ -79,7 +81,7 @@ TEST(QtMsgBox, EveryButtonHasItsAnswerAndEscapeChangesLeast) {
         whenUp<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         EXPECT_EQ(QtMsgBox().show({"?", {}, MsgIcon::Question, buttons}), escape);
         whenUp<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
-        EXPECT_EQ(QtMsgBox().show({"?", {}, MsgIcon::Question, buttons}), captions.front().second);
+        EXPECT_EQ(QtMsgBox().show({"?", {}, MsgIcon::Question, buttons}), captions[enter].second);
     }
 }
 

@@ -49,7 +49,7 @@ bool mayReplace(const std::string& file) {
     if (!exists(file)) return true;
     const std::string text = QFileInfo(QString::fromStdString(file)).fileName().toStdString() +
                              " already exists.\nDo you want to replace it?";
-    return QtMsgBox().show({text, {}, MsgIcon::Exclamation, MsgButtons::YesNo}) == MsgAnswer::Yes;
+    return QtMsgBox().show({text, {}, MsgIcon::Exclamation, MsgButtons::YesNoCareful}) == MsgAnswer::Yes;
 }
 
 }  // namespace

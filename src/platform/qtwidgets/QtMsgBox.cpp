@@ -17,14 +17,16 @@ struct Choice {
 };
 
 struct Choices {
-    std::vector<Choice> all;  // in the order in which they stand; the first is the one that Enter takes
-    std::size_t dismissing;   // the place of the one that Escape takes
+    std::vector<Choice> all;    // in the order in which they stand
+    std::size_t dismissing;     // the place of the one that Escape takes
+    std::size_t preferred = 0;  // the place of the one that Enter takes
 };
 
 Choices choicesFor(MsgButtons buttons) {
     switch (buttons) {
         case MsgButtons::Ok: break;
         case MsgButtons::YesNo: return {{{MsgAnswer::Yes, "&Yes"}, {MsgAnswer::No, "&No"}}, 1};
+        case MsgButtons::YesNoCareful: return {{{MsgAnswer::Yes, "&Yes"}, {MsgAnswer::No, "&No"}}, 1, 1};
         case MsgButtons::AbortRetryIgnore:
             return {{{MsgAnswer::Abort, "&Abort"}, {MsgAnswer::Retry, "&Retry"}, {MsgAnswer::Ignore, "&Ignore"}}, 0};
         case MsgButtons::CancelTryAgainContinue:
@@ -67,9 +69,9 @@ MsgAnswer QtMsgBox::show(const MsgBoxRequest& request) {
     for (const auto& choice : choices.all) {
         buttons.push_back(box.addButton(QLatin1String(choice.caption), QMessageBox::ActionRole));
     }
-    box.setDefaultButton(buttons.front());
+    box.setDefaultButton(buttons[choices.preferred]);
     box.setEscapeButton(buttons[choices.dismissing]);
-    buttons.front()->setFocus();
+    buttons[choices.preferred]->setFocus();
 
     box.exec();
     for (std::size_t i = 0; i < buttons.size(); ++i) {
