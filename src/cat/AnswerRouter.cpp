@@ -1,63 +1,78 @@
 #include "cat/AnswerRouter.h"
 
-#include <algorithm>
-#include <array>
-
 #include "base/Lines.h"
 
 namespace korvex {
 
 namespace {
 
-/// How an operation shows the traffic that it owns. A code that is not listed drops what comes, unseen: while band
-/// stack registers or keyer texts are written, the radio has nothing to say that anybody waits for.
+/// How an operation shows the traffic that it owns.
 struct Route {
-    ActiveOperation code;
-    bool shows;       ///< every character goes to the receive display
+    bool takes;  ///< else what comes is dropped, unseen: while band stack registers or keyer texts are written, the
+                 ///< radio has nothing to say that anybody waits for
+    bool shows;  ///< every character goes to the receive display
     bool breaksLine;  ///< a line end after each answer; others place their own
 };
 
-constexpr std::array<Route, 17> routes = {{
-    {ActiveOperation::Idle, true, true},
-    {ActiveOperation::MenuReadToFile, true, true},
-    {ActiveOperation::MenuReadToManager, true, true},
-    {ActiveOperation::MenuWrite, true, true},
-    {ActiveOperation::ReadAllToFile, false, false},
-    {ActiveOperation::RestoreFromFile, true, true},
-    {ActiveOperation::ManagerItemSend, true, false},
-    {ActiveOperation::ReadAllToList, false, false},
-    {ActiveOperation::ReadOneChannel, true, true},
-    {ActiveOperation::BandStackRead, true, true},
-    {ActiveOperation::AntennaQuery, true, true},
-    {ActiveOperation::KeyerRead, true, false},
-    {ActiveOperation::BackupModel, true, true},
-    {ActiveOperation::BackupMenu, true, true},
-    {ActiveOperation::BackupMemories, false, false},
-    {ActiveOperation::BackupBandStack, true, true},
-    {ActiveOperation::BackupKeyer, true, false},
-}};
+constexpr Route routeOf(ActiveOperation code) {
+    switch (code) {
+        case ActiveOperation::Idle:
+        case ActiveOperation::MenuReadToFile:
+        case ActiveOperation::MenuReadToManager:
+        case ActiveOperation::MenuWrite:
+        case ActiveOperation::RestoreFromFile:
+        case ActiveOperation::ReadOneChannel:
+        case ActiveOperation::BandStackRead:
+        case ActiveOperation::AntennaQuery:
+        case ActiveOperation::BackupModel:
+        case ActiveOperation::BackupMenu:
+        case ActiveOperation::BackupBandStack: return {true, true, true};
+        case ActiveOperation::ManagerItemSend:
+        case ActiveOperation::KeyerRead:
+        case ActiveOperation::BackupKeyer: return {true, true, false};
+        case ActiveOperation::ReadAllToFile:
+        case ActiveOperation::ReadAllToList:
+        case ActiveOperation::BackupMemories: return {true, false, false};
+        case ActiveOperation::BandStackWrite:
+        case ActiveOperation::KeyerWrite: break;
+    }
+    return {false, false, false};
+}
 
 }  // namespace
 
 void AnswerRouter::take(std::string_view wire) {
     const ActiveOperation code = m_active;
-    const auto* route = std::find_if(routes.begin(), routes.end(), [code](const Route& r) { return r.code == code; });
-    if (route == routes.end()) return;
+    const Route route = routeOf(code);
+    if (!route.takes) return;
     while (!wire.empty()) {
         const auto end = wire.find(';');
         const auto piece = wire.substr(0, end == std::string_view::npos ? end : end + 1);
         wire.remove_prefix(piece.size());
-        if (route->shows) m_received.append(piece);
+        if (route.shows) m_received.append(piece);
         accumulate(piece);
         if (end == std::string_view::npos) break;
-        if (route->breaksLine) m_received.append(crLf);
+        if (route.breaksLine) m_received.append(crLf);
         if (runAnswerStep(code) == Rest::Discard) return;
     }
-    const auto batch = m_batchSteps.find(code);
-    if (batch != m_batchSteps.end()) batch->second();
+}
+
+void AnswerRouter::own(ActiveOperation code, PieceStep step) {
+    setActive(code);
+    m_accumulator.clear();
+    m_owner = std::move(step);
+}
+
+void AnswerRouter::release() {
+    m_owner = nullptr;
+    setActive(ActiveOperation::Idle);
 }
 
 Rest AnswerRouter::runAnswerStep(ActiveOperation code) {
+    if (m_owner) {
+        const auto owner = m_owner;  // a copy: the step may end the operation
+        return owner(takeAnswer());
+    }
     const auto step = m_answerSteps.find(code);
     return step == m_answerSteps.end() ? Rest::GoOn : step->second();
 }

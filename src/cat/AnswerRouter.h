@@ -9,19 +9,17 @@
 
 #include "base/Signal.h"
 #include "cat/ActiveOperation.h"
+#include "cat/Expectation.h"
 #include "cat/TrafficDisplay.h"
 
 namespace korvex {
-
-/// What an answer step says about the characters that came in the same read behind its answer.
-enum class Rest { GoOn, Discard };
 
 /// Cuts what the radio sends into answers at each ";" and hands them to the operation that owns them. It knows no
 /// consumer: each registers the step for its own code.
 class AnswerRouter {
 public:
     using AnswerStep = std::function<Rest()>;
-    using BatchStep = std::function<void()>;
+    using PieceStep = std::function<Rest(std::string_view piece)>;
 
     explicit AnswerRouter(TrafficDisplay& received) : m_received(received) {}
 
@@ -35,8 +33,11 @@ public:
 
     /// Runs after each ";" while `code` owns the answers; the accumulator holds the answer. The step clears it.
     void onAnswer(ActiveOperation code, AnswerStep step) { m_answerSteps[code] = std::move(step); }
-    /// Runs after everything that came in one read was walked through.
-    void onBatch(ActiveOperation code, BatchStep step) { m_batchSteps[code] = std::move(step); }
+
+    /// Gives everything that comes from now on, cut behind each ";", to one owner; nothing of what came before.
+    void own(ActiveOperation code, PieceStep step);
+    /// Nobody's any more: shown, and given to nobody.
+    void release();
 
     /// Everything since it was last cleared, an answer with its ";" last. Bounded: of an endless stream that nobody
     /// clears, the last `keptCharacters` at least stay.
@@ -57,7 +58,7 @@ private:
     ActiveOperation m_active = ActiveOperation::Idle;
     std::string m_accumulator;
     std::map<ActiveOperation, AnswerStep> m_answerSteps;
-    std::map<ActiveOperation, BatchStep> m_batchSteps;
+    PieceStep m_owner;
 };
 
 }  // namespace korvex

@@ -29,6 +29,9 @@ CatLink::CatLink(MSComm& port, Clock& clock, MsgBox& msgBox, ProgressWindow& pro
     m_connections += m_timer2->tick.connect([this] { Timer2_Timer(); });
     m_connections += m_port.OnComm.connect([this](CommEvent event) { onComm(event); });
     m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
+    m_connections += m_progress.cancelled.connect([this] {
+        if (m_operation) m_operation->breakOff(Outcome::Kind::Cancelled);
+    });
 }
 
 void CatLink::togglePort() {
@@ -81,6 +84,8 @@ void CatLink::showClosed() {
     m_port.clearInBuffer();
     m_port.clearOutBuffer();
     m_panels.Error = "";
+    // Last: what its owner has to say of it stays to be read.
+    if (m_operation) m_operation->breakOff(Outcome::Kind::PortClosed);
 }
 
 void CatLink::clearTraffic() {
@@ -133,6 +138,44 @@ bool CatLink::drain() {
         waitingSince = m_clock.now();
     }
     return true;
+}
+
+std::unique_ptr<Operation> CatLink::begin(OperationPlan plan) {
+    if (!freeLine() || !m_port.PortOpen()) return nullptr;
+    const ActiveOperation code = plan.code;
+    auto operation = std::make_unique<Operation>(*this, m_clock, std::move(plan));
+    m_operation = operation.get();
+    m_router.own(code, [this](std::string_view piece) {
+        const Operation* owner = m_operation;
+        const Rest rest = m_operation->takePiece(piece);
+        return m_operation == owner ? rest : Rest::Discard;  // what came behind its last answer is nobody's
+    });
+    operation->show();
+    return operation;
+}
+
+bool CatLink::freeLine() {
+    if (!m_operation) return true;
+    const Operation* asked = m_operation;
+    const bool mayStop = m_msgBox.confirm(m_operation->standing() + ". Stop it?");
+    if (mayStop && m_operation == asked) m_operation->breakOff(Outcome::Kind::Cancelled);
+    return mayStop && !m_operation;
+}
+
+Outcome CatLink::notBegun() const {
+    if (!m_operation) return {Outcome::Kind::PortClosed, 0, 0, {}, "The port is closed."};
+    return {Outcome::Kind::Cancelled, 0, 0, {}, m_operation->standing() + " goes on."};
+}
+
+void CatLink::giveBack(const Operation& operation) {
+    if (m_operation != &operation) return;
+    m_operation = nullptr;
+    m_router.release();
+}
+
+void CatLink::setActiveOperation(ActiveOperation operation) {
+    if (m_operation) m_operation->breakOff(Outcome::Kind::Cancelled);
+    m_router.setActive(operation);
 }
 
 void CatLink::leaveProgress() {

@@ -8,6 +8,7 @@
 #include "cat/AnswerRouter.h"
 #include "cat/CommTest.h"
 #include "cat/ConnectClock.h"
+#include "cat/Operation.h"
 #include "cat/PortIndicators.h"
 #include "cat/StatusPanels.h"
 #include "cat/TrafficDisplay.h"
@@ -37,9 +38,21 @@ public:
     /// Sends the complete wire text as it is; nothing happens while the port is closed.
     void send(std::string_view wire);
 
-    // --- the operation that owns the answers
+    // --- the operation that has the line
+    /// The line for one operation. Nothing while the port is closed, or while another operation has it and the person
+    /// who is asked does not let it be stopped.
+    std::unique_ptr<Operation> begin(OperationPlan plan);
+    /// Whether the line is free now: nothing runs, or the person has just let it be stopped.
+    bool freeLine();
+    /// Who has the line, if anybody.
+    const Operation* operation() const { return m_operation; }
+    /// For an operation that could not begin: why.
+    Outcome notBegun() const;
+    /// Called by the operation that ends.
+    void giveBack(const Operation& operation);
+
     ActiveOperation activeOperation() const { return m_router.active(); }
-    void setActiveOperation(ActiveOperation operation) { m_router.setActive(operation); }
+    void setActiveOperation(ActiveOperation operation);
     /// Where consumers register their answer steps and find the accumulator.
     AnswerRouter& answers() { return m_router; }
 
@@ -90,6 +103,7 @@ private:
     CommTest m_commTest;
     ConnectClock m_connectClock;
     std::unique_ptr<Timer> m_timer2;
+    Operation* m_operation = nullptr;  // the one that has the line; owned by whoever began it
     bool m_draining = false;
     Connections m_connections;
 };

@@ -11,7 +11,12 @@ struct ProgressWindow {
     Property<std::string> caption{"Progress"};  ///< UTF-8
     Property<int> maximum{100};
     Property<int> value{0};
+    Property<std::string> detail;       ///< "item 34 of 149, about 12 s left", UTF-8
+    Property<bool> cancellable{false};  ///< what is shown can be cancelled
     Property<bool> visible{false};
+
+    /// The user has had enough: Cancel, Escape or the close box.
+    Signal<> cancelled;
 
     void show() { visible.set(true); }
     void hide() { visible.set(false); }

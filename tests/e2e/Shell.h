@@ -6,15 +6,15 @@
 
 namespace korvex {
 
-struct Outcome {
+struct Ended {
     int code = -1;  ///< -1: it was killed or did not start
     std::string output;
 };
 
 /// Runs a command line in the shell; what it prints on both streams, and its exit code.
-inline Outcome run(const std::string& commandLine) {
+inline Ended run(const std::string& commandLine) {
     std::FILE* pipe = ::popen(("{ " + commandLine + "\n} 2>&1").c_str(), "re");
-    Outcome outcome;
+    Ended outcome;
     if (pipe == nullptr) return outcome;
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) outcome.output += static_cast<char>(c);
     const int status = ::pclose(pipe);

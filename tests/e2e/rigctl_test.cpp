@@ -26,7 +26,7 @@ protected:
 
     std::string inFolder(const std::string& name) const { return m_folder + "/" + name; }
 
-    static Outcome rigctl(const std::string& device, const std::string& commands) {
+    static Ended rigctl(const std::string& device, const std::string& commands) {
         return run("rigctl -m 1029 -r " + device + " -s 38400 " + commands);
     }
 

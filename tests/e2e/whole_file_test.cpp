@@ -45,7 +45,7 @@ protected:
     }
 
     void putOldFile() const { fakes::writeFile(target, oldContent); }
-    Outcome save(const std::string& before = "") const { return run(before + program + target); }
+    Ended save(const std::string& before = "") const { return run(before + program + target); }
     KilledProgram exporting(const std::string& file) const {
         return KilledProgram(
             {korvexctl, "--settings", "/dev/null", "--database", database, "description", "export", file});

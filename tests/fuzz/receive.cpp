@@ -50,7 +50,7 @@ constexpr auto starts = std::to_array<Start>({
 
 /// A new operation needs a letter of its own.
 bool everyOperationHasItsLetter() {
-    return std::all_of(operations().begin(), operations().end(), [](const Operation& operation) {
+    return std::all_of(operations().begin(), operations().end(), [](const TriedOperation& operation) {
         return std::any_of(starts.begin(), starts.end(),
                            [&](const Start& start) { return start.operation == operation.name; });
     });

@@ -284,8 +284,8 @@ bool toldInTheKeyer(TroubleBench& bench) {
 
 }  // namespace
 
-const std::vector<Operation>& operations() {
-    static const std::vector<Operation> all = {
+const std::vector<TriedOperation>& operations() {
+    static const std::vector<TriedOperation> all = {
         {"menu read", nothing, readMenu, [](TroubleBench& b) { return b.program.menuReader.running(); }, "menu reader",
          targetFile, toldInTheReceiveDisplay, "EX042"},
         {"menu write", prepareMenuFile, [](TroubleBench& b) { b.program.menuWriter.mnu_Restore_Click(); },
@@ -344,7 +344,7 @@ const std::vector<Operation>& operations() {
     return all;
 }
 
-const Healthy& healthy(const Operation& operation) {
+const Healthy& healthy(const TriedOperation& operation) {
     static std::map<std::string_view, Healthy> known;
     const auto found = known.find(operation.name);
     if (found != known.end()) return found->second;

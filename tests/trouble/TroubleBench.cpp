@@ -48,7 +48,7 @@ void TroubleBench::listenTo(const std::string& part, Signal<TransferEnd>& ended)
     m_connections += ended.connect([this, part](TransferEnd end) { ends[part] = end; });
 }
 
-std::optional<TransferEnd> TroubleBench::endOf(const Operation& operation) {
+std::optional<TransferEnd> TroubleBench::endOf(const TriedOperation& operation) {
     if (operation.endedBy == "equalizer") {
         return program.eqWindow.isPortOpen() ? TransferEnd::Done : TransferEnd::PortClosed;
     }
@@ -63,7 +63,7 @@ void TroubleBench::closePorts() {
 
 bool TroubleBench::anythingRuns() {
     return std::any_of(operations().begin(), operations().end(),
-                       [this](const Operation& operation) { return operation.running(*this); });
+                       [this](const TriedOperation& operation) { return operation.running(*this); });
 }
 
 std::string TroubleBench::lastBackup() const {
@@ -110,7 +110,7 @@ std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
-const Operation& secondOperation(const Operation& first) {
+const TriedOperation& secondOperation(const TriedOperation& first) {
     const auto& all = operations();
     const bool isLast = &first == &all.back();
     return isLast ? all.front() : all.back();

@@ -10,7 +10,7 @@
 
 namespace korvex {
 
-struct Operation;
+struct TriedOperation;
 
 /// The whole program with a simulated radio, and an owner who answers every dialog and box.
 struct TroubleBench : fakes::ProgramBench<fakes::TalkativePorts> {
@@ -30,7 +30,7 @@ struct TroubleBench : fakes::ProgramBench<fakes::TalkativePorts> {
     void closePorts();
     /// The files of the last whole backup, a line of a file each.
     std::string lastBackup() const;
-    std::optional<TransferEnd> endOf(const Operation& operation);
+    std::optional<TransferEnd> endOf(const TriedOperation& operation);
     void settle() { clock.advance(100); }  ///< what was written reaches the radio
     bool portOpen() { return ports.cable.isOpen; }
     int heard() const { return ports.cable.line.commandsHeard; }
@@ -47,7 +47,7 @@ private:
 };
 
 /// Something that a user starts and that takes its time on the line.
-struct Operation {
+struct TriedOperation {
     std::string_view name;
     void (*prepare)(TroubleBench&);        ///< what has to be there before
     void (*start)(TroubleBench&);          ///< the click
@@ -58,7 +58,7 @@ struct Operation {
     std::string_view oneItem;              ///< the beginning of one of its commands
 };
 
-const std::vector<Operation>& operations();
+const std::vector<TriedOperation>& operations();
 
 /// What an operation does when nothing is wrong.
 struct Healthy {
@@ -68,18 +68,18 @@ struct Healthy {
     std::string target;              ///< the content of the target file
 };
 
-const Healthy& healthy(const Operation& operation);
+const Healthy& healthy(const TriedOperation& operation);
 
 /// What can go wrong. `arrange` runs with the port open, just before the operation starts.
 struct Trouble {
     std::string_view name;
-    void (*arrange)(TroubleBench&, const Operation&, const Healthy&);
+    void (*arrange)(TroubleBench&, const TriedOperation&, const Healthy&);
 };
 
 const std::vector<Trouble>& troubles();
 
 /// The operation that is started in the middle of this one.
-const Operation& secondOperation(const Operation& first);
+const TriedOperation& secondOperation(const TriedOperation& first);
 
 std::vector<std::string> linesOf(const std::string& text);
 

@@ -23,7 +23,7 @@ void besideDialogs(TroubleBench& bench, const std::function<void()>& work) {
 
 const std::vector<Trouble>& troubles() {
     using Bench = TroubleBench&;
-    using Op = const Operation&;
+    using Op = const TriedOperation&;
     using Usual = const Healthy&;
     static const std::vector<Trouble> all = {
         {"none", [](Bench, Op, Usual) {}},

@@ -23,7 +23,7 @@ std::string nameOf(std::optional<TransferEnd> end) {
 /// One operation under one trouble, and everything that must hold whatever the trouble is.
 class Cell {
 public:
-    Cell(const Operation& operation, const Trouble& trouble) : m_operation(operation), m_trouble(trouble) {}
+    Cell(const TriedOperation& operation, const Trouble& trouble) : m_operation(operation), m_trouble(trouble) {}
 
     std::string outcome() {
         m_bench.openPort();
@@ -108,7 +108,7 @@ private:
         EXPECT_EQ(m_bench.whatIsWrong(), "");
     }
 
-    const Operation& m_operation;
+    const TriedOperation& m_operation;
     const Trouble& m_trouble;
     const Healthy& m_usual = healthy(m_operation);
     TroubleBench m_bench;

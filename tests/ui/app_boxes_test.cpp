@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTest>
 #include <gtest/gtest.h>
 
 #include "app/ui/frmAbout.h"
@@ -43,28 +44,49 @@ TEST(AboutBox, TellsWhatTheProgramIsAndLetsGo) {
     EXPECT_FALSE(topLevel<frmAbout>("frmAbout"));
 }
 
-TEST(ProgressView, ShowsTheValuesAndComesAgainAfterItWasClosed) {
+TEST(ProgressView, ShowsTheValuesAndCancelsByButtonEscapeAndCloseBox) {
     ProgressWindow progress;
     const ProgressView view(progress);
+    int cancelled = 0;
+    const Connection counting = progress.cancelled.connect([&] { ++cancelled; });
     EXPECT_FALSE(topLevel<QWidget>("frmProgr"));
-    progress.caption = "Save Menu of FT-2000";
+    progress.caption = "Restore Menu Settings to FT-2000, with a caption that is wider than the window";
     progress.maximum = 155;
     progress.value = 31;
+    progress.detail = "item 31 of 149, about 12 s left";
+    progress.cancellable = true;
+    QWidget inUse;
+    inUse.setGeometry(0, 0, 400, 300);
+    inUse.show();
+    QApplication::setActiveWindow(&inUse);
     progress.show();
     auto* window = topLevel<QWidget>("frmProgr");
     ASSERT_TRUE(window && window->isVisible());
-    EXPECT_EQ(window->windowTitle(), QStringLiteral("Save Menu of FT-2000"));
-    EXPECT_EQ(window->size(), QSize(305, 87));
+    EXPECT_GT(window->width(), QFontMetrics(window->font()).horizontalAdvance(window->windowTitle()));
+    EXPECT_FALSE(window->geometry().intersects(inUse.frameGeometry()));
+    EXPECT_EQ(window->findChild<QLabel*>(QStringLiteral("lblDetail"))->text().toStdString(), progress.detail.get());
     const auto* bar = window->findChild<QProgressBar*>(QStringLiteral("ProgressBar1"));
     EXPECT_EQ(bar->maximum(), 155);
     EXPECT_EQ(bar->value(), 31);
     progress.value = 160;  // counters may run past the end
     EXPECT_EQ(bar->value(), 155);
 
+    auto* button = window->findChild<QPushButton*>(QStringLiteral("cmdCancel"));
+    button->click();
+    QApplication::processEvents();
+    EXPECT_EQ(cancelled, 1);
+    QTest::keyClick(&inUse, Qt::Key_Escape);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_EQ(cancelled, 3);
     window->close();
+    EXPECT_EQ(cancelled, 4);
     EXPECT_FALSE(window->isVisible());
+
+    progress.cancellable = false;
     progress.show();
-    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(button->isEnabled());
+    QTest::keyClick(&inUse, Qt::Key_Escape);
+    EXPECT_EQ(cancelled, 4);
     progress.hide();
     EXPECT_FALSE(window->isVisible());
 }

@@ -2,37 +2,84 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
+#include <array>
 
 #include "app/WindowGeometry.h"
 
 namespace korvex {
 
+namespace {
+
+constexpr int gap = 8;
+constexpr int titleButtons = 120;  // what a frame's icon and buttons take of its title, and a little more
+
+bool isPlainWindow(const QObject* object) {
+    const auto* widget = qobject_cast<const QWidget*>(object);
+    return widget && widget->isWindow() && !widget->isModal() && widget->windowType() != Qt::Popup;
+}
+
+}  // namespace
+
 frmProgr::frmProgr(ProgressWindow& progress)
-    : QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
-                           Qt::WindowDoesNotAcceptFocus),
+    : QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       m_progress(progress),
-      ProgressBar1(new QProgressBar(this)) {
+      ProgressBar1(new QProgressBar(this)),
+      m_detail(new QLabel(this)),
+      m_cancel(new QPushButton(QStringLiteral("Cancel"), this)) {
     setObjectName(QStringLiteral("frmProgr"));
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     resize(pixelsFromTwips(4575), pixelsFromTwips(1305));
+    build();
+    connect(
+        m_cancel, &QPushButton::clicked, this, [this] { m_progress.cancelled.emit(); }, Qt::QueuedConnection);
+
+    m_connections += m_progress.caption.bind([this](const std::string& caption) { showCaption(caption); });
+    m_connections += m_progress.maximum.bind([this](int) { showValue(); });
+    m_connections += m_progress.value.bind([this](int) { showValue(); });
+    m_connections += m_progress.detail.bind(
+        [this](const std::string& detail) { m_detail->setText(QString::fromStdString(detail)); });
+    m_connections += m_progress.cancellable.bind([this](bool cancellable) { m_cancel->setEnabled(cancellable); });
+    m_connections += m_progress.visible.bind([this](bool visible) { setVisible(visible); });
+}
+
+void frmProgr::build() {
     ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
     ProgressBar1->setAccessibleName(QStringLiteral("Progress"));
     ProgressBar1->setTextVisible(false);
     ProgressBar1->setMinimumHeight(26);
+    m_detail->setObjectName(QStringLiteral("lblDetail"));
+    m_detail->setAccessibleName(QStringLiteral("What is being done"));
+    m_cancel->setObjectName(QStringLiteral("cmdCancel"));
+    m_cancel->setAccessibleName(QStringLiteral("Cancel the transfer"));
+    m_cancel->setAutoDefault(false);
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_detail, 1);
+    row->addWidget(m_cancel);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(14, 14, 14, 14);
     column->addWidget(ProgressBar1);
+    column->addLayout(row);
+}
 
-    m_connections += m_progress.caption.bind(
-        [this](const std::string& caption) { setWindowTitle(QString::fromStdString(caption)); });
-    m_connections += m_progress.maximum.bind([this](int) { showValue(); });
-    m_connections += m_progress.value.bind([this](int) { showValue(); });
-    m_connections += m_progress.visible.bind([this](bool visible) { setVisible(visible); });
+/// The title is the only place of the caption: it must not be cut.
+void frmProgr::showCaption(const std::string& caption) {
+    const QString title = QString::fromStdString(caption);
+    setWindowTitle(title);
+    QFont bold = font();
+    bold.setBold(true);
+    setMinimumWidth(std::max(pixelsFromTwips(4575), QFontMetrics(bold).horizontalAdvance(title) + titleButtons));
 }
 
 void frmProgr::showValue() {
@@ -41,17 +88,48 @@ void frmProgr::showValue() {
     ProgressBar1->setValue(std::clamp(m_progress.value.get(), 0, ProgressBar1->maximum()));
 }
 
+/// Below, above, right or left of the window in use, wherever it fits whole; else in the screen's corner.
+void frmProgr::placeBeside(const QWidget& inUse) {
+    const QRect screen = inUse.screen()->availableGeometry();
+    const QRect there = inUse.frameGeometry();
+    const QSize frame = size() + QSize(gap, style()->pixelMetric(QStyle::PM_TitleBarHeight) + gap);
+    const int middle = there.center().x() - width() / 2;
+    const std::array<QPoint, 4> places = {
+        QPoint(middle, there.bottom() + gap), QPoint(middle, there.top() - frame.height()),
+        QPoint(there.right() + gap, there.top()), QPoint(there.left() - frame.width(), there.top())};
+    for (const QPoint& place : places) {
+        if (screen.contains(QRect(place, frame))) return move(place);
+    }
+    move(screen.bottomRight() - QPoint(frame.width(), frame.height()));
+}
+
 void frmProgr::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    qApp->installEventFilter(this);
     const QWidget* inUse = QApplication::activeWindow();
     if (!inUse || inUse == this) return;
     windowHandle()->setTransientParent(inUse->windowHandle());
-    move(inUse->geometry().center() - rect().center());
+    adjustSize();
+    placeBeside(*inUse);
+}
+
+void frmProgr::hideEvent(QHideEvent* event) {
+    qApp->removeEventFilter(this);
+    QWidget::hideEvent(event);
+}
+
+/// Escape reaches a window only when nothing in it, such as an open edit box, has taken it.
+bool frmProgr::eventFilter(QObject* receiver, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !m_progress.cancellable || !isPlainWindow(receiver)) return false;
+    if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
+    m_progress.cancelled.emit();
+    return true;
 }
 
 void frmProgr::closeEvent(QCloseEvent* event) {
-    m_progress.hide();
     event->accept();  // a window that refuses keeps the whole program from ending
+    if (m_progress.cancellable) m_progress.cancelled.emit();
+    m_progress.hide();
 }
 
 ProgressView::ProgressView(ProgressWindow& progress) {

@@ -1,0 +1,57 @@
+#include "cat/Outcome.h"
+
+namespace korvex {
+
+namespace {
+
+std::string number(int value) {
+    return std::to_string(value);
+}
+
+std::string refusals(const Outcome& outcome) {
+    if (outcome.refused.empty()) return {};
+    std::string text = ", " + number(static_cast<int>(outcome.refused.size())) + " refused:";
+    const char* separator = " ";
+    for (const auto& name : outcome.refused) {
+        text += separator + name;
+        separator = ", ";
+    }
+    return text;
+}
+
+std::string whole(const Outcome& outcome, const ItemWords& words) {
+    return number(outcome.done) + " " + (outcome.done == 1 ? words.one : words.many) +
+           (words.toRadio ? " written" : " read") + refusals(outcome);
+}
+
+std::string cause(const Outcome& outcome) {
+    switch (outcome.kind) {
+        case Outcome::Kind::NoAnswer: return "The radio has stopped answering";
+        case Outcome::Kind::PortClosed: return "The port was closed";
+        case Outcome::Kind::Refused: return "The radio refused";
+        default: return "Stopped";
+    }
+}
+
+/// What of it is where it belongs.
+std::string kept(const Outcome& outcome, const ItemWords& words) {
+    const std::string where = words.toRadio ? " in the radio" : " read";
+    if (outcome.done == 0) return words.toRadio ? "nothing was written" : "nothing was read";
+    if (outcome.done == 1) return words.one + " 1 is" + where;
+    return words.many + " 1 to " + number(outcome.done) + " are" + where;
+}
+
+}  // namespace
+
+std::string inWords(const Outcome& outcome, const ItemWords& words) {
+    if (outcome.isDone()) return whole(outcome, words);
+    std::string text = cause(outcome);
+    if (outcome.of > 0) {
+        const int at = outcome.done < outcome.of ? outcome.done + 1 : outcome.of;
+        text += " at " + words.one + " " + number(at) + " of " + number(outcome.of) + "; " + kept(outcome, words);
+    }
+    text += refusals(outcome) + ".";
+    return outcome.reason.empty() ? text : text + " " + outcome.reason;
+}
+
+}  // namespace korvex

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace korvex {
+
+/// How an operation between radio and computer ended, with what a person wants to know of it.
+struct Outcome {
+    enum class Kind {
+        Done,
+        Refused,     ///< the radio took the question and would not answer it, or refused everything
+        NoAnswer,    ///< the radio's answers did not come in time
+        PortClosed,  ///< by the user, or because the device went away
+        Cancelled,   ///< by the user, or the line was another's and the user let it be
+        FileFailed,  ///< a file could not be read or written, or is none of its kind
+    };
+
+    Kind kind = Kind::Done;
+    int done = 0;                      ///< items that are where they belong, in the file or in the radio
+    int of = 0;                        ///< items that there are; 0 where nothing is counted
+    std::vector<std::string> refused;  ///< names of the items that the radio refused, UTF-8
+    std::string reason;                ///< UTF-8, for a person; empty where the kind says it all
+
+    bool isDone() const { return kind == Kind::Done; }
+};
+
+/// What an operation counts, and which way it goes: for the words about it.
+struct ItemWords {
+    std::string one = "item";    ///< "item"
+    std::string many = "items";  ///< "items"
+    bool toRadio = false;        ///< it writes into the radio
+};
+
+/// "149 items written, 2 refused: 031, 088"; "Stopped at item 34 of 149; items 1 to 33 are in the radio." One line,
+/// UTF-8.
+std::string inWords(const Outcome& outcome, const ItemWords& words);
+
+}  // namespace korvex
