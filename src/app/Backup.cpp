@@ -96,6 +96,7 @@ void Backup::onStepEnded(TransferEnd end) {
     stopWatching();
     const std::string who = reading().name + ": ";
     if (end == TransferEnd::PortClosed) return fail(end, "the port was closed");
+    if (end == TransferEnd::Cancelled) return fail(end, "it was stopped");
     const std::string objection = reading().objection();
     if (!objection.empty()) return fail(TransferEnd::NoAnswer, who + objection);
     if (end != TransferEnd::Done) return fail(end, who + "the radio's answers did not come in time");

@@ -32,7 +32,7 @@ public:
     bool running() const { return m_running; }
 
     /// `ended` may come during `start`.
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
     /// Why there is no backup, UTF-8, for the owner; empty after Done.
     const std::string& why() const { return m_why; }
     /// The folder of the last backup that was begun.

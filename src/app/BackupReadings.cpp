@@ -13,7 +13,7 @@ BackupReadings::BackupReadings(Terminal& terminal, Clock& clock)
       m_menuReader(terminal, clock, m_menu, ActiveOperation::BackupMenu),
       m_memoryReader(terminal, clock, m_memories, m_list, ActiveOperation::BackupMemories),
       m_bandStackReader(terminal, clock, m_bandStack, ActiveOperation::BackupBandStack),
-      m_keyerReader(terminal, clock, m_keyerTable, ActiveOperation::BackupKeyer) {
+      m_keyerReader(terminal.link()) {
     const auto noDialog = [] { return TransferEnd::Done; };
     m_menuReader.saveFile = noDialog;
     m_memoryReader.saveFile = noDialog;
@@ -79,13 +79,13 @@ BackupReading BackupReadings::bandStackReading() {
 
 BackupReading BackupReadings::keyerReading() {
     return {"keyer",
-            ActiveOperation::BackupKeyer,
-            [this] { m_keyerReader.readKeyer(); },
+            ActiveOperation::KeyerRead,
+            [this] { m_keyerReader.read(); },
             [this] { m_keyerReader.stop(); },
             &m_keyerReader.ended,
             [this] { return objections::toKeyerTexts(m_keyerReader); },
             [this] {
-                return std::vector<BackupFile>{{"keyer", keyerFileText(m_keyerTable)}};
+                return std::vector<BackupFile>{{"keyer", keyerFileText(keyerFileRows(m_keyerReader.texts()))}};
             }};
 }
 

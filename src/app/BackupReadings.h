@@ -24,7 +24,7 @@ struct BackupReading {
     ActiveOperation code;  ///< what it claims the answers with
     std::function<void()> start;
     std::function<void()> stop;  ///< sends nothing more; does not tell an end
-    Signal<TransferEnd>* ended;
+    Signal<const Outcome&>* ended;
     std::function<std::string()> objection;  ///< why what was read is not worth a file
     std::function<std::vector<BackupFile>()> files;
 };
@@ -54,7 +54,6 @@ private:
     MemoryReader m_memoryReader;
     BandStack m_bandStack;
     BandStackReader m_bandStackReader;
-    KeyerTable m_keyerTable;
     KeyerReader m_keyerReader;
     std::vector<BackupReading> m_all;
 };

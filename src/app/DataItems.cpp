@@ -103,16 +103,14 @@ Result<DataItems> bandStackItems(std::string_view content) {
 Result<DataItems> keyerItems(std::string_view content) {
     const auto rows = parseKeyerFile(content);
     if (!rows) return rows.error();
-    KeyerTable table;
-    fillKeyerTable(table, *rows);
     DataItems items;
-    for (int row = 1; row < KeyerTable::rows; ++row) {
-        const std::string name = "KM" + std::to_string(row);
-        if (const auto why = table.whyNotSendable(row); !why.empty()) {
-            return RuntimeError{errors::TypeMismatch, "Memory " + std::to_string(row) + ": " + why};
+    for (std::size_t row = 1; row < rows->size(); ++row) {
+        const int memory = static_cast<int>(row);
+        const WireText text((*rows)[row].at(1));
+        if (const auto why = whyNotSendable(text); !why.empty()) {
+            return RuntimeError{errors::TypeMismatch, "Memory " + std::to_string(memory) + ": " + why};
         }
-        const std::string text = table.wireText(row, KeyerTable::textColumn);
-        items.push_back({name, text, name + text + ";", {}});
+        items.push_back({keyerHead(memory), text.bytes(), keyerWriteCommand(memory, text), {}});
     }
     return items;
 }

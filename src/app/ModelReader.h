@@ -20,7 +20,7 @@ public:
     /// "ID0251;", UTF-8; empty when the radio did not tell.
     const std::string& model() const { return m_model; }
 
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     Rest takeAnswer();

@@ -32,8 +32,8 @@ std::string toBandStack(const BandStack& stack) {
 }
 
 std::string toKeyerTexts(const KeyerReader& reader) {
-    if (reader.answered() == KeyerTable::memories) return {};
-    return "only " + std::to_string(reader.answered()) + " of " + std::to_string(KeyerTable::memories) +
+    if (reader.answered() == keyerMemories) return {};
+    return "only " + std::to_string(reader.answered()) + " of " + std::to_string(keyerMemories) +
            " keyer texts were answered in time";
 }
 

@@ -19,8 +19,7 @@ Program::Program(Machine machine)
       eqWindow(machine.ports, machine.clock, machine.msgBox),
       bandStackWindow(
           {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
-      keyerWindow(
-          {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
+      keyerWindow({link, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
       backup(terminal, machine.clock),
       backupEntry({backup, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.timeOfDay,
                    [this] { return whyNoBackup(); }, machine.programFolder}),

@@ -36,6 +36,7 @@ void BandStackReader::mnu_readBandStack_Click() {
         return;
     }
     m_link.port().clearInBuffer();
+    m_link.setActiveOperation(m_code);
     begin();
 }
 
@@ -56,7 +57,7 @@ void BandStackReader::readColumn() {
     m_patience.begin();
     m_stack.BandStackRow = 1;
     m_link.clearTraffic();
-    m_terminal.Text2 = "";
+    m_link.lineWritten = "";
     m_link.send(m_stack.wireText(0, m_stack.BandStackColumn));
     Timer1_Timer();
 }
@@ -168,7 +169,7 @@ void BandStackReader::nextReadColumn() {
 void BandStackReader::finish() {
     m_link.setActiveOperation(ActiveOperation::Idle);
     m_link.clearTraffic();
-    m_terminal.Text2 = "";
+    m_link.lineWritten = "";
     m_stack.BandStackRow = 1;
     m_stack.BandStackColumn = 1;
     auto& progress = m_link.progress();

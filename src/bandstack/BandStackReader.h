@@ -40,7 +40,7 @@ public:
     std::function<TransferEnd()> saveBandStackFile;
 
     bool running() const { return m_timer1->Enabled(); }
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     void begin();

@@ -74,7 +74,7 @@ void BandStackWriter::mnu_writeBandStack_Click() {
     m_stack.BandStackRow = 0;
     m_stack.BandStackColumn = 1;
     m_link.clearTraffic();
-    m_terminal.Text2 = "";
+    m_link.lineWritten = "";
     auto& progress = m_link.progress();
     progress.maximum = 800;
     progress.value = 1;
@@ -119,7 +119,7 @@ void BandStackWriter::skipRefusedBand() {
 void BandStackWriter::finish() {
     m_timer2.stop();
     m_link.panels().Error = "Terminated";
-    m_terminal.Text2 = "Terminated";
+    m_link.lineWritten = "Terminated";
     m_link.setActiveOperation(ActiveOperation::Idle);
     m_link.progress().hide();
     ended.emit(TransferEnd::Done);
@@ -158,7 +158,7 @@ void BandStackWriter::queryAntenna() {
 }
 
 void BandStackWriter::clearTextFields() {
-    m_terminal.Text2 = "";
+    m_link.lineWritten = "";
     m_link.answers().clearAccumulator();
 }
 

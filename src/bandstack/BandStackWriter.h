@@ -41,7 +41,7 @@ public:
     void stop();
 
     bool running() const;
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     struct PhasedTimer {

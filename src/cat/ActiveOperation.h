@@ -26,7 +26,6 @@ enum class ActiveOperation : std::int16_t {
     BackupMenu = 15,
     BackupMemories = 16,
     BackupBandStack = 17,
-    BackupKeyer = 18,
 };
 
 }  // namespace korvex

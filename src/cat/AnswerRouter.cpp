@@ -28,8 +28,7 @@ constexpr Route routeOf(ActiveOperation code) {
         case ActiveOperation::BackupMenu:
         case ActiveOperation::BackupBandStack: return {true, true, true};
         case ActiveOperation::ManagerItemSend:
-        case ActiveOperation::KeyerRead:
-        case ActiveOperation::BackupKeyer: return {true, true, false};
+        case ActiveOperation::KeyerRead: return {true, true, false};
         case ActiveOperation::ReadAllToFile:
         case ActiveOperation::ReadAllToList:
         case ActiveOperation::BackupMemories: return {true, false, false};

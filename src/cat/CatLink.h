@@ -59,6 +59,7 @@ public:
     // --- what windows show
     TrafficDisplay& received() { return m_received; }  ///< `Term2`
     TrafficDisplay& sent() { return m_sent; }          ///< `term3`
+    Property<std::string> lineWritten;                 ///< `Text2`: the line that a write has just sent, UTF-8
     StatusPanels& panels() { return m_panels; }
     PortIndicators& indicators() { return m_indicators; }
     ProgressWindow& progress() { return m_progress; }

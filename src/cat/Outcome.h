@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace korvex {
@@ -15,6 +16,12 @@ struct Outcome {
         Cancelled,   ///< by the user, or the line was another's and the user let it be
         FileFailed,  ///< a file could not be read or written, or is none of its kind
     };
+
+    Outcome() = default;
+    Outcome(Kind how) : kind(how) {}
+    Outcome(Kind how, int doneItems, int ofItems, std::vector<std::string> refusedItems, std::string why)
+        : kind(how), done(doneItems), of(ofItems), refused(std::move(refusedItems)), reason(std::move(why)) {}
+    operator Kind() const { return kind; }
 
     Kind kind = Kind::Done;
     int done = 0;                      ///< items that are where they belong, in the file or in the radio

@@ -14,7 +14,7 @@ namespace korvex::cli {
 struct Transfer {
     /// Gives back how it ended if it is over already.
     std::function<std::optional<TransferEnd>()> start;
-    Signal<TransferEnd>* ended = nullptr;
+    Signal<const Outcome&>* ended = nullptr;
     /// Reading only: why what was read is not worth a file; empty when it is whole.
     std::function<std::string()> objection;
     /// What is still to be done when the transfer has ended well: writing the file, where a window leaves that to the

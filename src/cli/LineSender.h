@@ -16,7 +16,7 @@ public:
     LineSender(CatLink& link, Clock& clock);
 
     void send(std::vector<std::string> commands);
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     void onTimer();

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/NumberText.h"
-#include "keyer/KeyerTable.h"
+#include "keyer/KeyerTexts.h"
 #include "memory/MemoryRecord.h"
 
 namespace korvex::cli {
@@ -26,9 +26,9 @@ bool isOfItsKind(const std::string& kind, const DataItem& item) {
 std::string whyNotRestorable(const std::string& kind, const DataItems& items) {
     if (kind != "keyer") return {};
     for (const auto& item : items) {
-        if (item.value.size() <= KeyerTable::longestText) continue;
+        if (item.value.size() <= longestKeyerText) continue;
         return item.name + ": the text has " + std::to_string(item.value.size()) +
-               " characters, and a memory of the radio takes " + std::to_string(KeyerTable::longestText);
+               " characters, and a memory of the radio takes " + std::to_string(longestKeyerText);
     }
     return {};
 }

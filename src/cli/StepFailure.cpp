@@ -8,6 +8,7 @@ ExitCode exitCodeFor(TransferEnd end) {
     switch (end) {
         case TransferEnd::Done: return ExitCode::Done;
         case TransferEnd::NoAnswer:
+        case TransferEnd::Refused:
         case TransferEnd::Cancelled: return ExitCode::Answers;
         case TransferEnd::PortClosed: return ExitCode::Port;
         case TransferEnd::FileFailed: break;
@@ -30,6 +31,7 @@ std::vector<std::string> fileTrouble(const Step& step, Program& program) {
 std::vector<std::string> reasonsOf(const Step& step, TransferEnd end, Program& program, const GivenFile& givenFile) {
     if (step.transfer.why) return {step.transfer.why()};
     switch (end) {
+        case TransferEnd::Refused:
         case TransferEnd::NoAnswer: return {"the radio's answers did not come in time"};
         case TransferEnd::Cancelled: return {givenFile.objected + "; nothing was written"};
         case TransferEnd::FileFailed: return fileTrouble(step, program);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <optional>
 
-#include "base/CodePage.h"
 #include "base/Lines.h"
 
 namespace korvex {
@@ -44,10 +43,10 @@ bool tooLong(const KeyerFileRow& row) {
 
 }  // namespace
 
-std::string keyerFileText(const KeyerTable& table) {
+std::string keyerFileText(const KeyerFileRows& rows) {
     std::string text;
-    for (int row = 0; row < KeyerTable::rows; ++row) {
-        for (int column = 0; column < KeyerTable::columns; ++column) text += bar + table.wireText(row, column);
+    for (const auto& row : rows) {
+        for (const auto& cell : row) text += bar + cell;
         text += bar;
         text += crLf;
     }
@@ -57,34 +56,29 @@ std::string keyerFileText(const KeyerTable& table) {
     return text;
 }
 
-Result<std::vector<KeyerFileRow>> parseKeyerFile(std::string_view content) {
-    std::vector<KeyerFileRow> rows;
+KeyerFileRows keyerFileRows(const KeyerTexts& texts) {
+    KeyerFileRows rows = {keyerTitles};
+    for (int memory = 1; memory <= keyerMemories; ++memory) {
+        const WireText& text = keyerText(texts, memory);
+        rows.push_back({keyerReadCommand(memory), text.bytes(), std::to_string(text.size())});
+    }
+    return rows;
+}
+
+Result<KeyerFileRows> parseKeyerFile(std::string_view content) {
+    KeyerFileRows rows;
     std::string_view rest = content;
     if (!takeField(rest)) return refused("it has no columns");
-    while (rows.size() < KeyerTable::rows) {
+    while (rows.size() < keyerMemories + 1) {
         auto row = takeRow(rest);
         if (!row) break;
-        const auto label = KeyerTable::readCommand(static_cast<int>(rows.size()));
+        const auto label = keyerReadCommand(static_cast<int>(rows.size()));
         if (!rows.empty() && row->front() != label)
             return refused("where " + label + " should be there is another text");
         if (tooLong(*row)) return refused("a text is too long");
         rows.push_back(std::move(*row));
     }
     return rows;
-}
-
-void fillKeyerTable(KeyerTable& table, const std::vector<KeyerFileRow>& rows) {
-    auto& grid = table.MSFlexGrid_k1;
-    grid.setRedraw(false);
-    for (int row = 0; row < KeyerTable::rows; ++row) {
-        const auto index = static_cast<std::size_t>(row);
-        for (int column = KeyerTable::textColumn; column < KeyerTable::columns; ++column) {
-            const auto cell = static_cast<std::size_t>(column);
-            grid.setTextMatrix(row, column, index < rows.size() ? utf8FromWire(rows[index][cell]) : "");
-        }
-    }
-    if (!rows.empty()) grid.setTextMatrix(0, KeyerTable::labelColumn, utf8FromWire(rows.front().front()));
-    grid.setRedraw(true);
 }
 
 }  // namespace korvex

@@ -6,25 +6,28 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
-#include "keyer/KeyerTable.h"
+#include "keyer/KeyerTexts.h"
 
 namespace korvex {
 
-/// The keyer file (.kem), wire text: a line for each row of the grid, titles first, then a line that is "|" alone and
-/// an empty one.
+/// A row of a file, wire text: label, text, count. A cell that the file does not have is empty.
+using KeyerFileRow = std::array<std::string, 3>;
+/// What stands above the columns of a new grid.
+inline const KeyerFileRow keyerTitles = {"Mem.", "Keyer Text", "Char. Count"};
+/// Six rows, the titles first; fewer where a file ends early.
+using KeyerFileRows = std::vector<KeyerFileRow>;
+
+/// The keyer file (.kem), wire text: a line for each row, then a line that is "|" alone and an empty one.
 ///
 ///     |KM1;|CQ CQ DE|8|
-std::string keyerFileText(const KeyerTable& table);
+std::string keyerFileText(const KeyerFileRows& rows);
 
-/// A row of a file: label, text, count. A cell that the file does not have is empty.
-using KeyerFileRow = std::array<std::string, KeyerTable::columns>;
+/// The rows that the radio's texts make.
+KeyerFileRows keyerFileRows(const KeyerTexts& texts);
 
 /// The rows of a file, six at most. A text may hold anything but "|", line breaks too. Refused (TypeMismatch) is what
 /// has no "|" at all, a row that is labelled as another memory, because labels are sent to the radio, and a text longer
 /// than any that was ever typed.
-Result<std::vector<KeyerFileRow>> parseKeyerFile(std::string_view content);
-
-/// Texts, counts and titles as the file has them; rows that it lacks become empty.
-void fillKeyerTable(KeyerTable& table, const std::vector<KeyerFileRow>& rows);
+Result<KeyerFileRows> parseKeyerFile(std::string_view content);
 
 }  // namespace korvex

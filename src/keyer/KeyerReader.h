@@ -2,59 +2,61 @@
 
 #include <array>
 #include <memory>
+#include <string>
+#include <string_view>
 
-#include "cat/PhaseFlag.h"
-#include "keyer/KeyerTable.h"
-#include "platform/Clock.h"
-#include "terminal/Terminal.h"
-#include "terminal/TransferEnd.h"
+#include "cat/CatLink.h"
+#include "keyer/KeyerTexts.h"
 
 namespace korvex {
 
 /// Reads the five memories: one query every 400 ms, whether or not the answer to the one before has come. An answer
-/// belongs to the row that was asked for last, unless it names a memory that was asked for before and still owes one.
+/// belongs to the memory that was asked for last, unless it names one that was asked for before and still owes one.
 ///
 ///     400 ms  KM1;   800 ms  KM2;   ...   2000 ms  KM5;   2400 ms  the end
 ///
 /// A radio that answers, but late, is waited for at the end, up to 1200 ms without an answer.
 class KeyerReader {
 public:
-    /// `code` is the operation that it claims the answers with.
-    KeyerReader(Terminal& terminal, Clock& clock, KeyerTable& table, ActiveOperation code = ActiveOperation::KeyerRead);
+    explicit KeyerReader(CatLink& link) : m_link(link) {}
 
-    void readKeyer();
-    void stop();
-    bool running() const { return m_timer->Enabled(); }
+    /// `ended` tells the end, at once if the line is not to be had.
+    void read();
+    /// Gives the line back without a word.
+    void stop() { m_operation.reset(); }
+    bool running() const { return m_operation && m_operation->running(); }
 
-    /// How many memories have been answered in time since the read began.
+    /// As far as they have come.
+    const KeyerTexts& texts() const { return m_texts; }
+    /// How many memories have been answered since the read began.
     int answered() const { return count(Told::Memory); }
 
-    Signal<TransferEnd> ended;
+    Signal<> began;    ///< the line is ours, and no text has come
+    Signal<int> told;  ///< the text of this memory, 1 to 5, has come
+    Signal<const Outcome&> ended;
 
 private:
-    /// What has come for a row: nothing yet, something that names another memory or none, or what was asked for.
+    /// What has come for a memory: nothing yet, something that names another or none, or what was asked for.
     enum class Told { Nothing, Else, Memory };
 
-    void onTimer();
     void queryNext();
     bool waitsForRest();
-    Rest takeKeyerAnswer();
-    void store(const std::string& answer);
-    int ownerOf(const std::string& answer) const;
-    Told& told(int row) { return m_told.at(static_cast<std::size_t>(row)); }
-    Told told(int row) const { return m_told.at(static_cast<std::size_t>(row)); }
+    Rest takeKeyerAnswer(std::string_view answer);
+    Rest takeStrange(std::string_view piece);
+    void store(int memory, std::string_view answer, Told what);
+    int ownerOf(std::string_view answer) const;
+    Told& toldOf(int memory) { return m_told.at(static_cast<std::size_t>(memory - 1)); }
+    Told toldOf(int memory) const { return m_told.at(static_cast<std::size_t>(memory - 1)); }
     int count(Told what) const;
-    void finish(TransferEnd end);
+    void finish();
 
-    Terminal& m_terminal;
     CatLink& m_link;
-    KeyerTable& m_table;
-    std::unique_ptr<Timer> m_timer;
     PhaseFlag m_phase;
-    std::array<Told, KeyerTable::rows> m_told{};
+    KeyerTexts m_texts;
+    std::array<Told, keyerMemories> m_told{};
+    int m_asked = 0;        // the memory that was asked for last; 0 before the first
     int m_silentSteps = 0;  // of 400 ms, after the last query
-    const ActiveOperation m_code;
-    Connections m_connections;
+    std::unique_ptr<Operation> m_operation;
 };
 
 }  // namespace korvex

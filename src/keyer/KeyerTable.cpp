@@ -1,16 +1,10 @@
 #include "keyer/KeyerTable.h"
 
-#include <algorithm>
-
 #include "base/CodePage.h"
 
 namespace korvex {
 
 namespace {
-
-bool isControl(char c) {
-    return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
-}
 
 std::string inexpressible(const std::string& utf8) {
     const auto character = firstInexpressible(utf8);
@@ -26,23 +20,34 @@ KeyerTable::KeyerTable() {
     grid.setColWidth(textColumn, 8350);
     grid.setColWidth(countColumn, 950);
     grid.setColAlignment(textColumn, MSFlexGrid::Alignment::Left);
-    grid.setTextMatrix(0, labelColumn, "Mem.");
-    grid.setTextMatrix(0, textColumn, "Keyer Text");
-    grid.setTextMatrix(0, countColumn, "Char. Count");
-    for (int row = 1; row < rows; ++row) grid.setTextMatrix(row, labelColumn, readCommand(row));
+    for (int column = 0; column < columns; ++column) {
+        grid.setTextMatrix(0, column, keyerTitles.at(static_cast<std::size_t>(column)));
+    }
+    for (int row = 1; row < rows; ++row) grid.setTextMatrix(row, labelColumn, keyerReadCommand(row));
 }
 
-std::string KeyerTable::readCommand(int row) {
-    return "KM" + std::to_string(row) + ";";
+KeyerTexts KeyerTable::texts() const {
+    KeyerTexts texts;
+    for (int row = 1; row < rows; ++row) {
+        keyerText(texts, row) = WireText(wireFromUtf8(MSFlexGrid_k1.TextMatrix(row, textColumn)).value_or(""));
+    }
+    return texts;
 }
 
-std::string KeyerTable::wireText(int row, int column) const {
-    return wireFromUtf8(MSFlexGrid_k1.TextMatrix(row, column)).value_or("");
+KeyerFileRows KeyerTable::fileRows() const {
+    KeyerFileRows all(rows);
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            all.at(static_cast<std::size_t>(row)).at(static_cast<std::size_t>(column)) =
+                wireFromUtf8(MSFlexGrid_k1.TextMatrix(row, column)).value_or("");
+        }
+    }
+    return all;
 }
 
-void KeyerTable::setText(int row, std::string_view wire) {
-    MSFlexGrid_k1.setTextMatrix(row, textColumn, utf8FromWire(wire));
-    MSFlexGrid_k1.setTextMatrix(row, countColumn, std::to_string(wire.size()));
+void KeyerTable::setText(int memory, const WireText& text) {
+    MSFlexGrid_k1.setTextMatrix(memory, textColumn, text.utf8());
+    MSFlexGrid_k1.setTextMatrix(memory, countColumn, std::to_string(text.size()));
 }
 
 void KeyerTable::clearTexts() {
@@ -52,11 +57,24 @@ void KeyerTable::clearTexts() {
     }
 }
 
+void KeyerTable::fill(const KeyerFileRows& fileRows) {
+    MSFlexGrid_k1.setRedraw(false);
+    for (int row = 0; row < rows; ++row) {
+        const auto index = static_cast<std::size_t>(row);
+        for (int column = textColumn; column < columns; ++column) {
+            const auto cell = static_cast<std::size_t>(column);
+            MSFlexGrid_k1.setTextMatrix(row, column,
+                                        index < fileRows.size() ? utf8FromWire(fileRows[index].at(cell)) : "");
+        }
+    }
+    if (!fileRows.empty()) MSFlexGrid_k1.setTextMatrix(0, labelColumn, utf8FromWire(fileRows.front().front()));
+    MSFlexGrid_k1.setRedraw(true);
+}
+
 std::string KeyerTable::whyNotSendable(int row) const {
     const std::string& text = MSFlexGrid_k1.TextMatrix(row, textColumn);
-    if (text.find(';') != std::string::npos) return "\";\" would end the command";
-    if (std::any_of(text.begin(), text.end(), isControl)) return "it holds a line break or another control character";
-    return inexpressible(text);
+    const auto why = korvex::whyNotSendable(WireText(text));
+    return why.empty() ? inexpressible(text) : why;
 }
 
 std::string KeyerTable::whyNotStorable(int row) const {

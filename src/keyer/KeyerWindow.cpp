@@ -24,12 +24,15 @@ std::string_view titleFor(int number) {
 
 }  // namespace
 
-KeyerWindow::KeyerWindow(KeyerNeeds needs)
-    : m_needs(std::move(needs)),
-      m_reader(m_needs.terminal, m_needs.clock, m_table),
-      m_writer(m_needs.terminal, m_needs.clock, m_table) {
-    m_connections += m_reader.ended.connect([this](TransferEnd end) { onReadEnded(end); });
-    m_connections += m_writer.ended.connect([this](TransferEnd end) { onWriteEnded(end); });
+KeyerWindow::KeyerWindow(KeyerNeeds needs) : m_needs(std::move(needs)), m_reader(m_needs.link), m_writer(m_needs.link) {
+    m_connections += m_reader.began.connect([this] {
+        hint = "";
+        m_table.clearTexts();
+    });
+    m_connections +=
+        m_reader.told.connect([this](int memory) { m_table.setText(memory, keyerText(m_reader.texts(), memory)); });
+    m_connections += m_reader.ended.connect([this](const Outcome& outcome) { onReadEnded(outcome); });
+    m_connections += m_writer.ended.connect([this](const Outcome& outcome) { onWriteEnded(outcome); });
 }
 
 template <class Test>
@@ -41,18 +44,18 @@ std::string KeyerWindow::memoriesThat(Test test) const {
     return names;
 }
 
-// The two sequences share one row index: the one that starts last owns it.
-
 void KeyerWindow::readKeyer() {
     finishEditing.emit();
-    m_writer.stop();
-    hint = "";
-    m_reader.readKeyer();
+    m_reader.read();
 }
 
-void KeyerWindow::onReadEnded(TransferEnd end) {
-    if (end != TransferEnd::NoAnswer) return;
-    hint = "Attention: only " + std::to_string(m_reader.answered()) + " of " + std::to_string(KeyerTable::memories) +
+void KeyerWindow::onReadEnded(const Outcome& outcome) {
+    if (outcome.isDone()) return;
+    if (outcome.kind != Outcome::Kind::NoAnswer) {
+        hint = inWords(outcome, {"memory", "memories"});
+        return;
+    }
+    hint = "Attention: only " + std::to_string(m_reader.answered()) + " of " + std::to_string(keyerMemories) +
            " memories were answered in time. Please read again.";
 }
 
@@ -68,17 +71,19 @@ bool KeyerWindow::canBeSent() {
 
 void KeyerWindow::writeKeyer() {
     finishEditing.emit();
-    hint = "";
     if (!canBeSent()) return;
-    m_reader.stop();
-    m_writer.writeKeyer();
+    m_written = m_table.texts();
+    m_writer.write(m_written);
 }
 
-void KeyerWindow::onWriteEnded(TransferEnd end) {
-    if (end != TransferEnd::Done) return;
-    const auto length = [this](int row) { return m_table.wireText(row, KeyerTable::textColumn).size(); };
-    const std::string empty = memoriesThat([&](int row) { return length(row) == 0; });
-    const std::string full = memoriesThat([&](int row) { return length(row) > KeyerTable::longestText; });
+void KeyerWindow::onWriteEnded(const Outcome& outcome) {
+    if (!outcome.isDone()) {
+        hint = inWords(outcome, {"memory", "memories", true});
+        return;
+    }
+    const auto length = [this](int memory) { return keyerText(m_written, memory).size(); };
+    const std::string empty = memoriesThat([&](int memory) { return length(memory) == 0; });
+    const std::string full = memoriesThat([&](int memory) { return length(memory) > longestKeyerText; });
     std::string text;
     if (!empty.empty()) text = "An empty text changes nothing in the radio: " + empty + ". ";
     if (!full.empty()) text += "More than 50 characters, which the radio does not take: " + full + ".";
@@ -105,40 +110,40 @@ bool KeyerWindow::canBeStored() {
     return true;
 }
 
-TransferEnd KeyerWindow::saveKeyerFile() {
+Outcome::Kind KeyerWindow::saveKeyerFile() {
     finishEditing.emit();
     hint = "";
-    if (!canBeStored()) return TransferEnd::FileFailed;
-    const std::string content = keyerFileText(m_table);
+    if (!canBeStored()) return Outcome::Kind::FileFailed;
+    const std::string content = keyerFileText(m_table.fileRows());
     const auto file = m_needs.fileDialog.show({FileDialogRequest::Mode::Save, "", filter, rememberedPath(), "kem"});
-    if (!file) return TransferEnd::Cancelled;
+    if (!file) return Outcome::Kind::Cancelled;
     remember(*file);
     if (const auto failure = textfile::write(*file, content)) {
         hint = "Not saved: " + failure->text;
-        return TransferEnd::FileFailed;
+        return Outcome::Kind::FileFailed;
     }
-    return TransferEnd::Done;
+    return Outcome::Kind::Done;
 }
 
-TransferEnd KeyerWindow::loadKeyerFile() {
+Outcome::Kind KeyerWindow::loadKeyerFile() {
     finishEditing.emit();
     const auto file = m_needs.fileDialog.show({FileDialogRequest::Mode::Open, "", filter, rememberedPath(), ""});
-    if (!file) return TransferEnd::Cancelled;
+    if (!file) return Outcome::Kind::Cancelled;
     remember(*file);
     const auto content = textfile::read(*file);
     if (!content) {
         tellLoadError(content.error());
-        return TransferEnd::FileFailed;
+        return Outcome::Kind::FileFailed;
     }
     const auto rows = parseKeyerFile(*content);
     if (!rows) {
         tellLoadError(rows.error());
-        return TransferEnd::FileFailed;
+        return Outcome::Kind::FileFailed;
     }
-    fillKeyerTable(m_table, *rows);
+    m_table.fill(*rows);
     const std::string bad = memoriesThat([this](int row) { return !m_table.whyNotSendable(row).empty(); });
     hint = bad.empty() ? "" : "The radio could not take these texts as they are: " + bad + ".";
-    return TransferEnd::Done;
+    return Outcome::Kind::Done;
 }
 
 void KeyerWindow::tellLoadError(const RuntimeError& error) {

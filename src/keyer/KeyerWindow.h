@@ -6,18 +6,15 @@
 #include "keyer/KeyerReader.h"
 #include "keyer/KeyerTable.h"
 #include "keyer/KeyerWriter.h"
-#include "platform/Clock.h"
 #include "platform/FileDialog.h"
 #include "platform/MsgBox.h"
 #include "platform/SettingsStore.h"
-#include "terminal/Terminal.h"
 
 namespace korvex {
 
 /// What the keyer window needs of the rest.
 struct KeyerNeeds {
-    Terminal& terminal;
-    Clock& clock;
+    CatLink& link;
     SettingsStore& settings;
     FileDialog& fileDialog;
     MsgBox& msgBox;
@@ -41,8 +38,8 @@ public:
     /// Sends nothing and says why when one of the texts would not be one command.
     void writeKeyer();
     /// Each asks for a file first. How it ended is for those who have no window.
-    TransferEnd saveKeyerFile();
-    TransferEnd loadKeyerFile();
+    Outcome::Kind saveKeyerFile();
+    Outcome::Kind loadKeyerFile();
 
     KeyerTable& table() { return m_table; }
     KeyerReader& reader() { return m_reader; }
@@ -59,8 +56,8 @@ public:
     Signal<> buttonBackToNormal;  ///< the start window's keyer button; by the menu only
 
 private:
-    void onReadEnded(TransferEnd end);
-    void onWriteEnded(TransferEnd end);
+    void onReadEnded(const Outcome& outcome);
+    void onWriteEnded(const Outcome& outcome);
     /// Otherwise a box has told which text it is, and why.
     bool canBeSent();
     bool canBeStored();
@@ -75,6 +72,7 @@ private:
     KeyerTable m_table;
     KeyerReader m_reader;
     KeyerWriter m_writer;
+    KeyerTexts m_written;  // by the last write, or being written
     Connections m_connections;
 };
 

@@ -6,69 +6,38 @@ namespace korvex {
 
 namespace {
 
-constexpr int intervalMs = 200;
-constexpr std::size_t headLength = 3;  // "KM1" of the row's label
+constexpr int intervalMs = 200;  // of which every second tick works
 
 }  // namespace
 
-KeyerWriter::KeyerWriter(Terminal& terminal, Clock& clock, KeyerTable& table)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_timer(clock.makeTimer()) {
-    m_timer->setInterval(intervalMs);
-    m_connections += m_timer->tick.connect([this] { onTimer(); });
-    m_connections += m_link.closed.connect([this] {
-        if (running()) finish(TransferEnd::PortClosed);
-    });
-}
-
-void KeyerWriter::writeKeyer() {
-    m_link.setActiveOperation(ActiveOperation::KeyerWrite);
+void KeyerWriter::write(const KeyerTexts& texts) {
+    auto operation = m_link.begin({ActiveOperation::KeyerWrite,
+                                   "Writing the keyer memories",
+                                   keyerMemories,
+                                   {"memory", "memories", true},
+                                   "Write KeyerMemory in to FT-2000",
+                                   10,
+                                   1});
+    if (!operation) return ended.emit(m_link.notBegun());
+    m_operation = std::move(operation);
     m_link.clearTraffic();
-    m_terminal.Text2 = "";
-    auto& progress = m_link.progress();
-    progress.caption = "Write KeyerMemory in to FT-2000";
-    progress.maximum = 10;
-    progress.value = 1;
-    progress.show();
-    m_table.keyerRow = 0;
-    m_timer->setEnabled(true);
-}
-
-void KeyerWriter::stop() {
-    m_timer->setEnabled(false);
-}
-
-void KeyerWriter::onTimer() {
-    const bool works = m_phase.isSet();
-    m_phase.invert();
-    if (!works) return;
-    if (m_link.PortOpen()) {
-        writeNext();
-    } else {
-        finish(TransferEnd::PortClosed);
-    }
+    m_link.lineWritten = "";
+    m_texts = texts;
+    m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    m_operation->every(intervalMs, m_phase, [this] { writeNext(); });
 }
 
 void KeyerWriter::writeNext() {
-    m_link.setActiveOperation(ActiveOperation::KeyerWrite);
-    ++m_table.keyerRow;
-    if (m_table.keyerRow == KeyerTable::rows) {
-        finish(TransferEnd::Done);
-        return;
+    const int memory = m_operation->item() + 1;
+    if (memory > keyerMemories) {
+        m_link.progress().value = 0;
+        return m_operation->end({Outcome::Kind::Done, keyerMemories, keyerMemories, {}, {}});
     }
-    const std::string command = m_table.wireText(m_table.keyerRow, KeyerTable::labelColumn).substr(0, headLength) +
-                                m_table.wireText(m_table.keyerRow, KeyerTable::textColumn) + ";";
-    m_link.send(command);
+    const std::string command = keyerWriteCommand(memory, keyerText(m_texts, memory));
+    m_operation->send(command);
     m_link.sent().append(command);
     m_link.sent().append(crLf);
-    m_link.progress().value = m_link.progress().value + 1;
-}
-
-void KeyerWriter::finish(TransferEnd end) {
-    stop();
-    m_link.progress().value = 0;
-    m_link.progress().hide();
-    m_link.setActiveOperation(ActiveOperation::Idle);
-    ended.emit(end);
+    m_operation->step(memory, m_link.progress().value + 1);
 }
 
 }  // namespace korvex

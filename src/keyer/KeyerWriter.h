@@ -2,40 +2,31 @@
 
 #include <memory>
 
-#include "cat/PhaseFlag.h"
-#include "keyer/KeyerTable.h"
-#include "platform/Clock.h"
-#include "terminal/Terminal.h"
-#include "terminal/TransferEnd.h"
+#include "cat/CatLink.h"
+#include "keyer/KeyerTexts.h"
 
 namespace korvex {
 
-/// Writes the five memories: "KM1" + text + ";" and so on, one every 400 ms. The radio answers nothing; what it says
-/// meanwhile is dropped. An empty text makes the command a query, so that the radio keeps what it has.
+/// Writes the five memories, one every 400 ms. The radio answers nothing; what it says meanwhile is dropped.
 ///
 ///     400 ms  KM1CQ CQ DE;   ...   2000 ms  KM5TU 73;   2400 ms  the end
 class KeyerWriter {
 public:
-    KeyerWriter(Terminal& terminal, Clock& clock, KeyerTable& table);
+    explicit KeyerWriter(CatLink& link) : m_link(link) {}
 
-    /// Every text must be sendable (KeyerTable::whyNotSendable).
-    void writeKeyer();
-    void stop();
-    bool running() const { return m_timer->Enabled(); }
+    /// Every text must be sendable (whyNotSendable). `ended` tells the end, at once if the line is not to be had.
+    void write(const KeyerTexts& texts);
+    bool running() const { return m_operation && m_operation->running(); }
 
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
-    void onTimer();
     void writeNext();
-    void finish(TransferEnd end);
 
-    Terminal& m_terminal;
     CatLink& m_link;
-    KeyerTable& m_table;
-    std::unique_ptr<Timer> m_timer;
     PhaseFlag m_phase;
-    Connections m_connections;
+    KeyerTexts m_texts;
+    std::unique_ptr<Operation> m_operation;
 };
 
 }  // namespace korvex

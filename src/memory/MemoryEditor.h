@@ -51,7 +51,7 @@ public:
     void cmd2_Click();      ///< writes the channel into the radio and reads it back
     void cmd3_Click();      ///< reads the channel from the radio into the list and the form; waits 5 s for it
     bool isReading() const;
-    Signal<TransferEnd> readingEnded;
+    Signal<const Outcome&> readingEnded;
     /// A click on a row of the list.
     void chooseRow(int row);
 

@@ -67,7 +67,7 @@ void MemoryListWriter::writeNext() {
 void MemoryListWriter::finish() {
     m_timer8->setEnabled(false);
     m_link.panels().Error = "Terminated";
-    m_terminal.Text2 = "Terminated";
+    m_link.lineWritten = "Terminated";
     m_link.sent().append("Terminated\r\n");
     // An operation that was started meanwhile keeps its answers.
     if (m_link.activeOperation() == ActiveOperation::WriteListToRadio) m_link.setActiveOperation(ActiveOperation::Idle);

@@ -20,7 +20,7 @@ public:
     void mnu_MemRestoreTOFT2000_Click();
 
     bool running() const { return m_timer8->Enabled(); }
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     void Timer8_Timer();

@@ -47,7 +47,7 @@ public:
     void stop();
     /// How many answers of the last reading cannot be what the radio said.
     int damaged() const { return m_damaged; }
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     /// Into the file or into the list: each has its own timer and tick flag, the counters are shared.

@@ -69,7 +69,7 @@ void MemoryRestorer::Timer8_Timer() {
 
 void MemoryRestorer::writeNext() {
     const std::string& line = m_table[m_writeIndex];
-    m_terminal.Text2 = utf8FromWire(line);
+    m_link.lineWritten = utf8FromWire(line);
     const std::string sent = memoryWriteCommand(line) + std::string(crLf);
     m_link.send(sent);
     const std::string channel = utf8FromWire(memoryFieldIn(line, MemoryField::Channel));
@@ -83,7 +83,7 @@ void MemoryRestorer::writeNext() {
 void MemoryRestorer::finish() {
     m_timer8->setEnabled(false);
     m_link.panels().Error = "Terminated";
-    m_terminal.Text2 = "Terminated";
+    m_link.lineWritten = "Terminated";
     m_link.sent().append("Terminated\r\n");
     // An operation that was started meanwhile keeps its answers.
     if (m_link.activeOperation() == ActiveOperation::RestoreFromFile) m_link.setActiveOperation(ActiveOperation::Idle);

@@ -37,7 +37,7 @@ public:
 
     bool running() const { return m_waiting || m_timer2->Enabled(); }
     const std::string& itemNumber() const { return m_number; }  ///< "001"
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     bool choose();

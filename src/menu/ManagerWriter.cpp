@@ -59,7 +59,7 @@ void ManagerWriter::sendNext() {
 void ManagerWriter::finish() {
     m_timer1->setEnabled(false);
     m_link.panels().Error = "Terminated";
-    m_terminal.Text2 = "Terminated";
+    m_link.lineWritten = "Terminated";
     m_link.received().append(crLf);
     m_link.setActiveOperation(ActiveOperation::Idle);
     m_link.closePort();

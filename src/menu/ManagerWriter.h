@@ -21,7 +21,7 @@ public:
     void start();
 
     bool running() const { return m_timer1->Enabled(); }
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     void Timer1_Timer();

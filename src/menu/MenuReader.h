@@ -48,7 +48,7 @@ public:
     bool running() const { return m_timer4->Enabled(); }
     /// Sends nothing more. The progress window is left to the caller.
     void stop() { m_timer4->setEnabled(false); }
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     void begin();

@@ -74,7 +74,7 @@ void MenuWriter::Timer6_Timer() {
 
 void MenuWriter::writeNext() {
     const std::string& line = m_table.lineToWrite(m_writeIndex);
-    m_terminal.Text2 = utf8FromWire(line);
+    m_link.lineWritten = utf8FromWire(line);
     if (!m_link.PortOpen()) return;
     m_link.send(line + std::string(crLf));
     m_link.panels().Error = "Writing Menu " + utf8FromWire(line.size() > 2 ? line.substr(2, 3) : std::string());
@@ -87,7 +87,7 @@ void MenuWriter::writeNext() {
 void MenuWriter::finish() {
     m_timer6->setEnabled(false);
     m_link.panels().Error = "Terminated";
-    m_terminal.Text2 = "Terminated";
+    m_link.lineWritten = "Terminated";
     m_link.sent().append("Terminated\r\n");
     m_link.setActiveOperation(ActiveOperation::Idle);
     m_link.progress().hide();

@@ -21,7 +21,7 @@ public:
     void mnu_Restore_Click();
 
     bool running() const { return m_timer6->Enabled(); }
-    Signal<TransferEnd> ended;
+    Signal<const Outcome&> ended;
 
 private:
     bool loadMenuFile();

@@ -68,7 +68,6 @@ public:
     void forgetEqualizerSwitch() { m_timer10->setEnabled(false); }
 
     Property<std::string> Label1;   ///< the transmit buffer, wire text: typed and not yet sent
-    Property<std::string> Text2;    ///< the line that a write has just sent, UTF-8
     Property<std::string> txtPath;  ///< the remembered save path, UTF-8
 
     CatLink& link() { return m_needs.link; }

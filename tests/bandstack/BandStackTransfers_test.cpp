@@ -170,7 +170,7 @@ TEST_F(BandStackWriteTest, SendsEachCellEvery100msThenSetsTheAntennaRight) {
     EXPECT_EQ(line.writes.at(line.writes.size() - 25), (Write{32 * 3450 + 50, "BS10;\r\n"}));
     EXPECT_EQ(line.writes.back(), (Write{32 * 3450 + 3250, "AN05;"}));
     EXPECT_EQ(bench.error(), "Terminated");
-    EXPECT_EQ(bench.program.terminal.Text2.get(), "Terminated");
+    EXPECT_EQ(bench.program.link.lineWritten.get(), "Terminated");
     EXPECT_EQ(bench.ends, std::vector{TransferEnd::Done});
     EXPECT_EQ(bench.operation(), ActiveOperation::Idle);
     EXPECT_FALSE(window.writer().running());

@@ -1,6 +1,6 @@
 #include "fuzz/DataFile.h"
 #include "fuzz/Fuzz.h"
-#include "keyer/KeyerFile.h"
+#include "keyer/KeyerTable.h"
 
 namespace korvex {
 
@@ -11,14 +11,14 @@ FUZZ_TARGET(keyer_file) {
     if (!rows) return;
     ASSERT_LE(rows->size(), std::size_t{KeyerTable::rows});
     KeyerTable table;
-    fillKeyerTable(table, *rows);
+    table.fill(*rows);
     for (int row = 0; row < KeyerTable::rows; ++row) ASSERT_EQ(table.whyNotStorable(row), "");
-    const std::string text = keyerFileText(table);
+    const std::string text = keyerFileText(table.fileRows());
     const auto again = parseKeyerFile(text);
     ASSERT_TRUE(again) << again.error().text;
     KeyerTable other;
-    fillKeyerTable(other, *again);
-    EXPECT_EQ(keyerFileText(other), text);
+    other.fill(*again);
+    EXPECT_EQ(keyerFileText(other.fileRows()), text);
 }
 
 }  // namespace korvex

@@ -12,8 +12,7 @@ namespace korvex {
 /// The keyer window without a window, in the whole program.
 template <class Ports>
 struct KeyerBench : fakes::ProgramBench<Ports> {
-    KeyerWindow window{
-        {this->program.terminal, this->clock, this->settings, this->fileDialog, this->msgBox, this->folder.path()}};
+    KeyerWindow window{{this->program.link, this->settings, this->fileDialog, this->msgBox, this->folder.path()}};
     std::vector<TransferEnd> ends;
     Connections events;
 

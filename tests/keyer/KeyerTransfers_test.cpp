@@ -143,10 +143,16 @@ TEST_F(KeyerTransferTest, AClosedPortAndTheOtherTransferEndASequence) {
     bench.setText(1, "TU");
     window.readKeyer();
     clock.advance(500);
+    bench.msgBox.foresee("Reading the keyer memories, memory 1 of 5. Stop it?", MsgAnswer::No);
+    window.writeKeyer();
+    EXPECT_TRUE(window.reader().running());
+    EXPECT_EQ(window.hint.get(), "Stopped. Reading the keyer memories, memory 1 of 5 goes on.");
     bench.setText(1, "TU");
+    bench.msgBox.foresee("Stop it?", MsgAnswer::Yes);
     window.writeKeyer();
     line.forgetWrites();
     clock.advance(5000);
+    EXPECT_EQ(bench.ends.at(2), TransferEnd::Cancelled);
     EXPECT_EQ(line.writes.size(), 5U);
     EXPECT_EQ(line.writes.front().text, "KM1TU;");
 

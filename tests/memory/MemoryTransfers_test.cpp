@@ -141,7 +141,7 @@ TEST_F(MemoryBench, RestoresAFileLineByLine) {
     EXPECT_EQ(progress.caption.get(), "Restore Memories to FT2000");
     clock.advance(100);
     EXPECT_EQ(sentIn(link), "MW00114250000+000000200080; ");
-    EXPECT_EQ(program.terminal.Text2.get(), "MR00114250000+000000200080;");
+    EXPECT_EQ(program.link.lineWritten.get(), "MR00114250000+000000200080;");
     clock.advance(99);
     EXPECT_EQ(ends, Ends{});
     clock.advance(1);

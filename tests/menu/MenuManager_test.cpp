@@ -144,7 +144,7 @@ TEST_F(MenuManagerTest, WritesAColumnALineEvery100MsAndClosesThePort) {
     line.unsent = 0;
     bench.clock.advance(100);
     EXPECT_FALSE(bench.program.link.PortOpen());
-    EXPECT_EQ(bench.program.terminal.Text2.get(), "Terminated");
+    EXPECT_EQ(bench.program.link.lineWritten.get(), "Terminated");
     EXPECT_FALSE(bench.program.progress.visible);
     EXPECT_EQ(bench.program.link.activeOperation(), ActiveOperation::Idle);
     EXPECT_EQ(line.writes.size(), 149U);

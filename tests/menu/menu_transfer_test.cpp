@@ -152,13 +152,13 @@ TEST_F(MenuTransferTest, RestoresALineEvery100MsAndSaysTerminated) {
     bench.clock.advance(100);
     EXPECT_EQ(line.story(), "100 EX0011;\r\n");
     EXPECT_EQ(bench.error(), "Writing Menu 001");
-    EXPECT_EQ(program.terminal.Text2.get(), "EX0011;");
+    EXPECT_EQ(program.link.lineWritten.get(), "EX0011;");
     EXPECT_EQ(program.link.received().text(), "EX0011;  ");
     bench.clock.advance(20'000);
     ASSERT_EQ(line.writes.size(), 149U);
     EXPECT_EQ(line.writes.back(), (fakes::ScriptedLine::Write{14'900, "EX1491;\r\n"}));
     EXPECT_EQ(bench.error(), "Terminated");
-    EXPECT_EQ(program.terminal.Text2.get(), "Terminated");
+    EXPECT_EQ(program.link.lineWritten.get(), "Terminated");
     EXPECT_TRUE(program.link.sent().text().ends_with("EX1491;\r\nTerminated\r\n"));
     EXPECT_EQ(program.link.activeOperation(), ActiveOperation::Idle);
     EXPECT_FALSE(program.progress.visible);

@@ -264,14 +264,14 @@ std::string equalizerValues(TroubleBench& bench) {
 // --- the keyer
 
 void prepareKeyerTexts(TroubleBench& bench) {
-    for (int memory = 1; memory <= KeyerTable::memories; ++memory) {
-        bench.program.keyerWindow.table().setText(memory, "DE K0RVX " + std::to_string(memory));
+    for (int memory = 1; memory <= keyerMemories; ++memory) {
+        bench.program.keyerWindow.table().setText(memory, WireText("DE K0RVX " + std::to_string(memory)));
     }
     changeRadio(bench);
 }
 
 std::string keyerTexts(TroubleBench& bench) {
-    return keyerFileText(bench.program.keyerWindow.table());
+    return keyerFileText(bench.program.keyerWindow.table().fileRows());
 }
 
 bool toldInThePanel(TroubleBench& bench) {

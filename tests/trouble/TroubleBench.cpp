@@ -44,7 +44,7 @@ TroubleBench::TroubleBench() {
     fakes::writeFile(target, oldContent);
 }
 
-void TroubleBench::listenTo(const std::string& part, Signal<TransferEnd>& ended) {
+void TroubleBench::listenTo(const std::string& part, Signal<const Outcome&>& ended) {
     m_connections += ended.connect([this, part](TransferEnd end) { ends[part] = end; });
 }
 

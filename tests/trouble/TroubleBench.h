@@ -41,7 +41,7 @@ struct TroubleBench : fakes::ProgramBench<fakes::TalkativePorts> {
     std::string whatIsWrong();
 
 private:
-    void listenTo(const std::string& part, Signal<TransferEnd>& ended);
+    void listenTo(const std::string& part, Signal<const Outcome&>& ended);
 
     Connections m_connections;
 };

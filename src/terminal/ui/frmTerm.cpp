@@ -230,8 +230,8 @@ QWidget* frmTerm::makeBufferRow() {
     line->setReadOnly(true);
     line->setFocusPolicy(Qt::ClickFocus);
     line->setAccessibleName(QStringLiteral("Line being written"));
-    m_connections +=
-        m_terminal.Text2.bind([line](const std::string& text) { line->setText(QString::fromStdString(text)); });
+    m_connections += m_terminal.link().lineWritten.bind(
+        [line](const std::string& text) { line->setText(QString::fromStdString(text)); });
 
     grid->addWidget(heading, 0, 0);
     grid->addWidget(clear, 0, 1);
