@@ -212,6 +212,9 @@ TEST_F(SerialDeviceOnPty, ABusyPortNamesWhoHasIt) {
         OtherProgram old([] {});
         std::ofstream(lockFile) << "      " << old.pid << "\n";
         EXPECT_EQ(busyText(old.pid), "named");
+        std::ofstream(lockFile) << "0" << old.pid << " minicom root\n";
+        EXPECT_EQ(busyText(old.pid), "named");
+        std::ofstream(lockFile) << old.pid << "\n";
     }
     EXPECT_FALSE(open()) << "the program that laid the lock file runs no more";
     QtSerialDevice second(pty.device);
@@ -220,6 +223,30 @@ TEST_F(SerialDeviceOnPty, ABusyPortNamesWhoHasIt) {
     EXPECT_NE(failure->text.find("another window of this program"), std::string::npos) << failure->text;
     device.close();
     EXPECT_FALSE(std::filesystem::exists(lockFile));
+}
+
+/// Every user may lay files there: a pipe that nobody writes into, a link to an endless file, a very long one.
+TEST_F(SerialDeviceOnPty, ALockFileOfAnyMakeupNeitherFreezesNorFillsTheProgram) {
+    const std::string lockFile = lockFileOf(pty.device);
+    const auto refusedThen = [&] {
+        const auto holder = lockHolder(pty.device);
+        const auto failure = open();
+        std::filesystem::remove(lockFile);
+        return failure && !holder && failure->text.find("sudo rm " + lockFile) != std::string::npos;
+    };
+    ASSERT_EQ(::mkfifo(lockFile.c_str(), 0666), 0);
+    EXPECT_TRUE(refusedThen());
+    std::filesystem::create_symlink("/dev/zero", lockFile);
+    EXPECT_TRUE(refusedThen());
+    std::filesystem::create_symlink("/nowhere", lockFile);
+    EXPECT_TRUE(refusedThen());
+    std::ofstream(lockFile) << "1";
+    std::filesystem::resize_file(lockFile, std::uintmax_t{1} << 40U);
+    EXPECT_TRUE(refusedThen());
+    std::ofstream(lockFile) << std::string(64, ' ') << ::getppid() << "\n";
+    EXPECT_FALSE(lockHolder(pty.device)) << "64 bytes are looked at";
+    std::filesystem::remove(lockFile);
+    EXPECT_FALSE(open());
 }
 
 TEST_F(SerialDeviceOnPty, TellsApartMissingForbiddenAndOtherThings) {

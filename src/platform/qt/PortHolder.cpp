@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <signal.h>
@@ -16,6 +17,7 @@
 #include <unistd.h>
 
 #include "base/NumberText.h"
+#include "platform/Descriptor.h"
 
 namespace korvex {
 
@@ -34,13 +36,22 @@ PortHolder holderWithName(pid_t pid) {
     return {pid, program.empty() ? "unknown" : program};
 }
 
-/// The number stands as text on the first line, or, from a few old programs, as four bytes.
+/// Without waiting and without following a link.
+std::string beginningOf(const std::string& path) {
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+    struct stat status {};
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
+    std::array<char, 64> buffer{};
+    const auto got = ::read(file.get(), buffer.data(), buffer.size());
+    return got > 0 ? std::string(buffer.data(), static_cast<std::size_t>(got)) : std::string();
+}
+
+/// The number stands as text at the beginning of the first line, or, from a few old programs, as four bytes.
 pid_t pidFromLockFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    content << file.rdbuf();
-    const std::string text = content.str();
-    if (const auto pid = parseWhole(text.substr(0, text.find('\n')))) return *pid;
+    const std::string text = beginningOf(path);
+    std::string first;
+    std::istringstream(text) >> first;
+    if (const auto pid = parseWhole(first)) return *pid;
     pid_t binary = 0;
     if (text.size() == sizeof binary) std::memcpy(&binary, text.data(), sizeof binary);
     return binary;
@@ -100,6 +111,18 @@ std::string lockFileOf(const std::string& device) {
     std::string name = device.starts_with(folder) ? device.substr(folder.size()) : device;
     std::replace(name.begin(), name.end(), '/', '_');
     return "/var/lock/LCK.." + name;
+}
+
+bool hasLockFile(const std::string& device) {
+    struct stat status {};
+    return ::lstat(lockFileOf(device).c_str(), &status) == 0;
+}
+
+bool hasOddLockFile(const std::string& device) {
+    constexpr off_t longest = 4096;
+    struct stat status {};
+    if (::lstat(lockFileOf(device).c_str(), &status) != 0) return false;
+    return !S_ISREG(status.st_mode) || status.st_size > longest;
 }
 
 std::optional<PortHolder> lockHolder(const std::string& device) {

@@ -45,10 +45,10 @@ std::string wayToPermission(const struct stat& device) {
 }
 
 std::string inTheWay(const std::string& device) {
-    const std::string lockFile = lockFileOf(device);
-    if (::access(lockFile.c_str(), F_OK) != 0) {
+    if (!hasLockFile(device)) {
         return " by another program. \"sudo fuser -v " + device + "\" tells which one.";
     }
+    const std::string lockFile = lockFileOf(device);
     return ": the lock file " + lockFile + " stands in the way. If no program uses the port, \"sudo rm " + lockFile +
            "\" removes it.";
 }
@@ -69,8 +69,7 @@ RuntimeError noPermission(const std::string& device) {
 RuntimeError held(const std::string& device) {
     std::string text = "The serial port " + device + " is in use";
     // A lock file that nobody holds any more, and that is not ours to remove, is the reason, whoever has the port open.
-    const bool locked = ::access(lockFileOf(device).c_str(), F_OK) == 0;
-    const auto holder = locked ? lockHolder(device) : holderOf(device);
+    const auto holder = hasLockFile(device) ? lockHolder(device) : holderOf(device);
     if (!holder) {
         text += inTheWay(device);
     } else if (holder->pid == ::getpid()) {
@@ -99,7 +98,8 @@ Failure beforeOpening(const std::string& device) {
     if (::stat(device.c_str(), &status) != 0) return errno == EACCES ? noPermission(device) : gone(device);
     if (!S_ISCHR(status.st_mode)) return noSerialPort(device, "it is no device");
     if (::faccessat(AT_FDCWD, device.c_str(), R_OK | W_OK, AT_EACCESS) != 0) return noPermission(device);
-    if (lockHolder(device)) return held(device);
+    // QSerialPort reads the lock file, too, whatever it is.
+    if (hasOddLockFile(device) || lockHolder(device)) return held(device);
     return {};
 }
 
