@@ -213,7 +213,7 @@ std::string usage() {
            "\n"
            "Kinds: menu, memory, list, bandstack, keyer\n"
            "Exit codes: 0 done, 1 compare: different, --verify: not all took, 2 usage, 3 port,\n"
-           "            4 no or wrong answers, 5 file, 130 interrupted\n";
+           "            4 no or wrong answers, 5 file or its own output, 128 + N signal N\n";
 }
 
 }  // namespace korvex::cli

@@ -49,7 +49,7 @@ enum class ExitCode {
     Port = 3,          ///< no such port, no permission, held by another program, gone
     Answers = 4,       ///< the radio answered nothing, not all, or refused
     File = 5,          ///< cannot be read or written, or is no file of its kind
-    Interrupted = 130  ///< Ctrl-C
+    Interrupted = 130  ///< Ctrl-C; the program ends with 128 and the number of the signal that it was
 };
 
 /// The arguments behind the program's name; the error's text is for the user.

@@ -5,7 +5,6 @@
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
-#include "cli/Console.h"
 
 namespace korvex::cli {
 
@@ -39,7 +38,7 @@ std::map<std::string, const DataItem*> byName(const DataItems& items) {
 }
 
 std::string printed(const std::optional<std::string>& value) {
-    return value ? "\"" + printable(utf8FromWire(*value)) + "\"" : "-";
+    return value ? "\"" + utf8FromWire(*value) + "\"" : "-";
 }
 
 constexpr int registers = 3;
@@ -105,7 +104,7 @@ DataItems turnedLike(const DataItems& wanted, const DataItems& other) {
 
 std::string titled(const std::string& kind, const std::string& item, const ItemTitles& titles) {
     const std::string title = titles ? titles(kind, item) : "";
-    return printable(utf8FromWire(item) + (title.empty() ? "" : " (" + title + ")"));
+    return utf8FromWire(item) + (title.empty() ? "" : " (" + title + ")");
 }
 
 void print(std::ostream& out, const std::vector<Difference>& list, const std::string& kind, const ItemTitles& titles) {

@@ -2,43 +2,12 @@
 
 #include <algorithm>
 
+#include "base/Printable.h"
+
 namespace korvex::cli {
 
-namespace {
-
-bool isControl(unsigned char c) {
-    return (c < ' ' && c != '\n' && c != '\t') || c == 0x7F;
-}
-
-/// U+2400 and the 32 behind it are the pictures of the control characters; delete has its own.
-std::string picture(unsigned char c) {
-    const int place = c == 0x7F ? 0x21 : c;
-    return "\xE2\x90" + std::string(1, static_cast<char>(0x80 + place));
-}
-
-}  // namespace
-
-std::string printable(std::string_view utf8) {
-    constexpr std::string_view replacement = "\xEF\xBF\xBD";
-    std::string text;
-    for (std::size_t i = 0; i < utf8.size(); ++i) {
-        const auto c = static_cast<unsigned char>(utf8[i]);
-        const auto next = i + 1 < utf8.size() ? static_cast<unsigned char>(utf8[i + 1]) : 0;
-        if (c == '\r' && next == '\n') continue;
-        if (isControl(c)) {
-            text += picture(c);
-        } else if (c == 0xC2 && next >= 0x80 && next < 0xA0) {
-            text += replacement;  // the control characters above 127 have no pictures
-            ++i;
-        } else {
-            text += utf8[i];
-        }
-    }
-    return text;
-}
-
 MsgAnswer ConsoleMsgBox::show(const MsgBoxRequest& request) {
-    m_stream << "korvexctl: " << printable(request.text) << "\n";
+    m_stream << "korvexctl: " << request.text << "\n";
     switch (request.buttons) {
         case MsgButtons::Ok: return MsgAnswer::Ok;
         case MsgButtons::YesNo:
@@ -78,7 +47,7 @@ void ProgressLine::draw() {
     if (!m_progress.visible) return;
     const int percent =
         100 * std::min(m_progress.value.get(), m_progress.maximum.get()) / std::max(m_progress.maximum.get(), 1);
-    m_stream << "\r" << m_progress.caption.get() << "  " << percent << " % " << std::flush;
+    m_stream << "\r" << printable(m_progress.caption.get()) << "  " << percent << " % " << std::flush;
 }
 
 void ProgressLine::wipe() {

@@ -15,10 +15,6 @@
 
 namespace korvex::cli {
 
-/// UTF-8 that came from a radio or a file, for a terminal: line ends as they are here, and every other control
-/// character but tabs a picture of itself, so that nothing in it is obeyed.
-std::string printable(std::string_view utf8);
-
 /// Boxes become lines on stderr. Nobody is there to answer: what could lose something is answered with no.
 class ConsoleMsgBox : public MsgBox {
 public:

@@ -5,7 +5,6 @@
 #include <memory>
 #include <optional>
 
-#include "cli/Console.h"
 #include "menu/DescriptionTable.h"
 #include "menu/MenuRows.h"
 #include "platform/TextFile.h"
@@ -15,7 +14,7 @@ namespace korvex::cli {
 namespace {
 
 ExitCode failed(std::ostream& err, const std::string& why) {
-    err << "korvexctl: " << printable(why) << "\n";
+    err << "korvexctl: " << why << "\n";
     return ExitCode::File;
 }
 

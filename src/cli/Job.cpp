@@ -53,7 +53,7 @@ std::optional<DataItems> readItems(const Workshop& workshop, const std::string& 
 
 void printCommands(std::ostream& out, const DataItems& items) {
     for (const auto& item : items) {
-        if (!item.command.empty()) out << printable(utf8FromWire(item.command)) << "\n";
+        if (!item.command.empty()) out << utf8FromWire(item.command) << "\n";
     }
 }
 

@@ -31,12 +31,12 @@ struct Workshop {
     Program& program;
     const Command& command;
     std::vector<FileKind>& kinds;
-    std::ostream& out;
+    std::ostream& out;  ///< both show control characters as pictures
     std::ostream& err;
     ItemTitles titles;
 
     FileKind* kind(const std::string& name) const;
-    void tell(const std::string& text) const { err << "korvexctl: " << printable(text) << "\n"; }
+    void tell(const std::string& text) const { err << "korvexctl: " << text << "\n"; }
 };
 
 /// What a command does with files and radio, in steps that the session runs one after the other.

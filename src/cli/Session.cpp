@@ -45,7 +45,7 @@ void Session::waitOn() {
 }
 
 void Session::tell(const std::string& text) {
-    m_surroundings.err << "korvexctl: " << (m_steps.size() > 1 ? step().name + ": " : "") << printable(text) << "\n";
+    m_surroundings.err << "korvexctl: " << (m_steps.size() > 1 ? step().name + ": " : "") << text << "\n";
 }
 
 void Session::start() {
@@ -177,7 +177,7 @@ void Session::onListened() {
     }
     std::string text = utf8FromWire(received());
     std::erase(text, '\r');
-    m_surroundings.out << printable(text) << std::flush;
+    m_surroundings.out << text << std::flush;
     finish(m_record.refusals() > 0 ? ExitCode::Answers : ExitCode::Done);
 }
 

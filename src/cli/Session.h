@@ -17,7 +17,7 @@ namespace korvex::cli {
 
 /// What a session is told from outside.
 struct Surroundings {
-    std::ostream& out;
+    std::ostream& out;  ///< both show control characters as pictures
     std::ostream& err;
     ItemTitles titles = {};  ///< what the menu items are called
 };

@@ -3,7 +3,6 @@
 #include <map>
 
 #include "base/CodePage.h"
-#include "cli/Console.h"
 
 namespace korvex::cli {
 
@@ -43,9 +42,8 @@ bool reportWritten(std::ostream& out, const Written& written, const ItemTitles& 
         ++counts[word];
         out << titled(written.kind, item.name, titles) << ": " << word;
         if (difference != missed.end()) {
-            out << ", wanted \"" << printable(utf8FromWire(item.value)) << "\", the radio has "
-                << (difference->second.right ? "\"" + printable(utf8FromWire(*difference->second.right)) + "\""
-                                             : "nothing");
+            out << ", wanted \"" << utf8FromWire(item.value) << "\", the radio has "
+                << (difference->second.right ? "\"" + utf8FromWire(*difference->second.right) + "\"" : "nothing");
         }
         out << "\n";
     }

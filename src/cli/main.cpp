@@ -1,16 +1,15 @@
 #include <QCoreApplication>
 #include <QSocketNotifier>
-#include <array>
-#include <csignal>
-#include <fcntl.h>
+#include <algorithm>
 #include <iostream>
-#include <memory>
 #include <optional>
 #include <unistd.h>
 
 #include "app/Version.h"
+#include "base/Printable.h"
 #include "cli/Description.h"
 #include "cli/Session.h"
+#include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDatabase.h"
@@ -23,42 +22,40 @@ namespace korvex::cli {
 
 namespace {
 
-/// Ctrl-C and its like, brought from the signal handler into the event loop.
-class Interruption {
-public:
-    Interruption() {
-        if (::pipe2(s_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
-        m_notifier = std::make_unique<QSocketNotifier>(s_pipe[0], QSocketNotifier::Read);
-        for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-            struct sigaction action {};
-            action.sa_handler = [](int) { static_cast<void>(!::write(s_pipe[1], "x", 1)); };
-            ::sigaction(number, &action, nullptr);
-        }
-    }
-    void whenItComes(std::function<void()> handler) {
-        if (m_notifier) QObject::connect(m_notifier.get(), &QSocketNotifier::activated, std::move(handler));
-    }
+/// What is printed, for a terminal that must not obey it.
+struct Output {
+    std::ostream& out;
+    std::ostream& err;
 
-private:
-    static inline std::array<int, 2> s_pipe{-1, -1};
-    std::unique_ptr<QSocketNotifier> m_notifier;
+    int fail(const std::string& why, ExitCode code) const {
+        err << "korvexctl: " << why << "\n";
+        return static_cast<int>(code);
+    }
+    /// The exit code at the very end: a reader that went away, or a full disk, held nothing up until now.
+    int checked(int code) const {
+        if (out.flush()) return code;
+        fail("the output could not be written; everything else went on", ExitCode::File);
+        return code == 0 ? static_cast<int>(ExitCode::File) : code;
+    }
 };
 
-int listPorts(SerialPorts& ports) {
+std::string onOneLine(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
+int listPorts(SerialPorts& ports, std::ostream& out) {
     for (const auto& port : ports.list()) {
-        std::string description = port.description;
-        for (char& c : description) {
-            if (c == '\n') c = ' ';
-        }
-        std::cout << port.number << "\t" << port.device << "\t" << description << "\n";
+        out << port.number << "\t" << onOneLine(port.device) << "\t" << onOneLine(port.description) << "\n";
     }
     return static_cast<int>(ExitCode::Done);
 }
 
 int runSession(QCoreApplication& application, const Command& command, QtClock& clock, SerialPorts& ports,
-               SettingsStore& settings) {
+               SettingsStore& settings, const Output& output) {
+    endsignals::watch();
     GivenFile givenFile;
-    ConsoleMsgBox msgBox(std::cerr);
+    ConsoleMsgBox msgBox(output.err);
     NoShell shell;
     QtDatabase database;
     BorrowedSettings borrowed(settings);
@@ -66,61 +63,63 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     std::optional<ProgressLine> progressLine;
     if (::isatty(STDERR_FILENO) == 1) progressLine.emplace(program.progress, std::cerr);
     const std::string descriptions = command.database.value_or(findDescriptionDatabase(programPlaces({})));
-    Session session(program, givenFile, command, {std::cout, std::cerr, titlesFrom(database, descriptions)});
+    Session session(program, givenFile, command, {output.out, output.err, titlesFrom(database, descriptions)});
     std::optional<ExitCode> code;
     const Connection finished = session.finished.connect([&](ExitCode result) {
         code = result;
         application.quit();
     });
-    Interruption interruption;
-    interruption.whenItComes([&session] { session.interrupt(); });
+    const QSocketNotifier interruption(endsignals::descriptor(), QSocketNotifier::Read);
+    QObject::connect(&interruption, &QSocketNotifier::activated, [&session] { session.interrupt(); });
     session.start();
     if (!code) QCoreApplication::exec();
-    return static_cast<int>(code.value_or(ExitCode::Port));
+    return code == ExitCode::Interrupted ? endsignals::exitCode() : static_cast<int>(code.value_or(ExitCode::Port));
 }
 
-int runDescription(const Command& command) {
+int runDescription(const Command& command, const Output& output) {
     std::string databaseFile = command.database.value_or("");
     if (databaseFile.empty()) {
         const auto folder = makeProgramFolder(programPlaces({}));
-        if (!folder) {
-            std::cerr << "korvexctl: " << folder.error().text << "\n";
-            return static_cast<int>(ExitCode::File);
-        }
+        if (!folder) return output.fail(folder.error().text, ExitCode::File);
         databaseFile = *folder + "/" + std::string(descriptionDatabaseName);
     }
     QtDatabase database;
     const auto move = command.verb == Command::Verb::DescriptionExport ? exportDescription : importDescription;
-    return static_cast<int>(move(database, databaseFile, command.file, std::cerr));
+    return static_cast<int>(move(database, databaseFile, command.file, output.err));
 }
 
-int run(QCoreApplication& application, const Command& command) {
+int runWithPorts(QCoreApplication& application, const Command& command, const Output& output) {
     QtClock clock;
     QtSettingsStore settings(command.settingsFile.value_or(""));
     std::map<int, std::string> given;
     if (command.device) given[1] = *command.device;
     SimulatedPorts demo(clock);
     QtSerialPorts ports(settings, given, command.demo ? &demo : nullptr);
-    if (command.verb == Command::Verb::Ports) return listPorts(ports);
-    return runSession(application, command, clock, ports, settings);
+    if (command.verb == Command::Verb::Ports) return listPorts(ports, output.out);
+    return runSession(application, command, clock, ports, settings, output);
+}
+
+int run(QCoreApplication& application, const std::vector<std::string>& arguments, const Output& output) {
+    const auto command = parseArguments(arguments);
+    if (!command) return output.fail(command.error().text + "\nkorvexctl --help tells more.", ExitCode::Usage);
+    switch (command->verb) {
+        case Command::Verb::Help: output.out << usage(); return 0;
+        case Command::Verb::Version: output.out << "korvexctl " << versionText << "\n"; return 0;
+        case Command::Verb::DescriptionExport:
+        case Command::Verb::DescriptionImport: return runDescription(*command, output);
+        default: return runWithPorts(application, *command, output);
+    }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    endsignals::ignoreBrokenPipes();
     QCoreApplication application(argc, argv);
-    const auto command = parseArguments({argv + 1, argv + argc});
-    if (!command) {
-        std::cerr << "korvexctl: " << command.error().text << "\nkorvexctl --help tells more.\n";
-        return static_cast<int>(ExitCode::Usage);
-    }
-    switch (command->verb) {
-        case Command::Verb::Help: std::cout << usage(); return 0;
-        case Command::Verb::Version: std::cout << "korvexctl " << versionText << "\n"; return 0;
-        case Command::Verb::DescriptionExport:
-        case Command::Verb::DescriptionImport: return runDescription(*command);
-        default: return run(application, *command);
-    }
+    PrintableStream out(std::cout);
+    PrintableStream err(std::cerr);
+    const Output output{out, err};
+    return output.checked(run(application, {argv + 1, argv + argc}, output));
 }
 
 }  // namespace korvex::cli

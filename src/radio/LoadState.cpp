@@ -137,17 +137,37 @@ bool readLine(RadioState& state, std::string_view text) {
     return reader->read(state, trimmed(key.substr(reader->beginning.size())), value);
 }
 
-}  // namespace
-
-std::vector<std::string> loadState(RadioState& state, std::string_view text) {
-    std::vector<std::string> complaints;
+/// Comments and empty lines left out.
+template <class Work>
+void forEachLine(std::string_view text, Work work) {
     for (int number = 1; !text.empty(); ++number) {
         const auto raw = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(raw.size() + 1, text.size()));
         const auto content = trimmed(raw);
-        if (content.empty() || content.front() == '#' || readLine(state, content)) continue;
-        complaints.push_back("line " + std::to_string(number) + " makes no sense: " + std::string(content));
+        if (!content.empty() && content.front() != '#') work(number, content);
     }
+}
+
+}  // namespace
+
+bool isStateText(std::string_view text) {
+    if (text.starts_with(stateHeading)) return true;
+    bool all = true;
+    bool any = false;
+    RadioState state;
+    forEachLine(text, [&](int, std::string_view content) {
+        any = true;
+        all = readLine(state, content) && all;
+    });
+    return all && (any || text.find_first_not_of(" \t\r\n") == std::string_view::npos);
+}
+
+std::vector<std::string> loadState(RadioState& state, std::string_view text) {
+    std::vector<std::string> complaints;
+    forEachLine(text, [&](int number, std::string_view content) {
+        if (readLine(state, content)) return;
+        complaints.push_back("line " + std::to_string(number) + " makes no sense: " + std::string(content));
+    });
     return complaints;
 }
 

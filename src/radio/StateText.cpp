@@ -60,7 +60,7 @@ std::string keyerAndMenuLines(const RadioState& state) {
 }  // namespace
 
 std::string stateText(const RadioState& state) {
-    std::string text = "# A simulated FT-2000. Change what you like; lines that make no sense are passed over.\n";
+    std::string text = std::string(stateHeading) + " Change what you like; lines that make no sense are passed over.\n";
     for (const auto& [key, value] : state.radio) text += line(key, value);
     return text + bandLines(state) + memoryLines(state) + keyerAndMenuLines(state);
 }

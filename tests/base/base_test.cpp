@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/NumberText.h"
+#include "base/Printable.h"
 #include "base/Property.h"
 #include "base/Signal.h"
 
@@ -69,6 +71,19 @@ TEST(CodePage, KeepsAll256BytesAndRefusesTheRest) {
     EXPECT_FALSE(wireFromUtf8("\xC3"));              // cut off
     EXPECT_FALSE(wireFromUtf8("\xC0\x80"));          // overlong
     EXPECT_FALSE(wireFromUtf8("\xF0\x9F\x93\xBB"));  // beyond the basic plane
+}
+
+TEST(Printable, LeavesNothingThatATerminalObeys) {
+    EXPECT_EQ(printable("a\r\nb\tc\rd\x1B[2J\x7F"), "a\nb\tc\u240Dd\u241B[2J\u2421");
+    EXPECT_EQ(printable("\u009B \xC2 \x9B \xE2\x90 Ä€\U0001F4FB"), "\uFFFD \uFFFD \uFFFD \uFFFD\uFFFD Ä€\U0001F4FB");
+    std::ostringstream shown;
+    PrintableStream stream(shown);
+    for (const char c : std::string("Ä\r\n\x1B")) stream << c;
+    EXPECT_EQ(shown.str(), "Ä\n");
+    EXPECT_TRUE(stream.flush());
+    EXPECT_EQ(shown.str(), "Ä\n\u241B");
+    shown.setstate(std::ios::badbit);
+    EXPECT_FALSE(stream << "lost\n");
 }
 
 std::vector<std::string> allFields(std::string_view content) {

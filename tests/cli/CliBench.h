@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/Printable.h"
 #include "cli/Session.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/TalkativePorts.h"
@@ -21,7 +22,9 @@ struct CliBench {
     GivenFile givenFile;
     std::ostringstream out;
     std::ostringstream err;
-    ConsoleMsgBox msgBox{err};
+    PrintableStream shownOut{out};
+    PrintableStream shownErr{err};
+    ConsoleMsgBox msgBox{shownErr};
     NoShell shell;
     fakes::FakeDatabase database;
     fakes::TemporaryFolder folder;
@@ -35,7 +38,7 @@ struct CliBench {
         EXPECT_TRUE(command) << command.error().text;
         Program program(
             {clock, ports, settings, givenFile, msgBox, shell, database, folder.path(), [this] { return timeOfDay; }});
-        Session session(program, givenFile, *command, {out, err});
+        Session session(program, givenFile, *command, {shownOut, shownErr});
         code.reset();
         out.str("");
         err.str("");
@@ -48,6 +51,7 @@ struct CliBench {
         session.start();
         if (meanwhile) meanwhile(session);
         EXPECT_TRUE(clock.advanceUntil([this] { return code.has_value(); }, 300'000)) << "never finished";
+        shownOut.flush();
         EXPECT_FALSE(program.link.PortOpen());
         const auto sentSoFar = ports.radio().timesSet;
         clock.advance(5'000);

@@ -63,5 +63,16 @@ TEST(StateText, PassesOverWhatMakesNoSense) {
     EXPECT_EQ(state.get("KS"), "031");
 }
 
+TEST(StateText, IsToldFromAnyOtherText) {
+    const std::string written = stateText(RadioState());
+    for (const auto& state : {written, std::string(stateHeading) + "\nnonsense\n", std::string("# mine\nKS = 031\n"),
+                              std::string(" \r\n\n"), std::string()}) {
+        EXPECT_TRUE(isStateText(state)) << state;
+    }
+    for (const auto* other : {"Dear diary,\n", "# Notes\n", "KS = 031\nDear diary,\n", "a = b\n", "\xFF\xFE"}) {
+        EXPECT_FALSE(isStateText(other)) << other;
+    }
+}
+
 }  // namespace
 }  // namespace korvex

@@ -4,8 +4,10 @@
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <poll.h>
+
+#include "platform/EndSignals.h"
+#include "radio/pty/Messages.h"
 
 namespace korvex::pty {
 
@@ -21,10 +23,6 @@ timespec asTimespec(double ms) {
     time.tv_sec = static_cast<time_t>(wait / 1000);
     time.tv_nsec = static_cast<long>(std::fmod(wait, 1000) * 1e6);
     return time;
-}
-
-void tell(const Failure& failure) {
-    if (failure) std::fprintf(stderr, "ft2000sim: %s\n", failure->text.c_str());
 }
 
 }  // namespace
@@ -48,25 +46,25 @@ Failure PtyServer::start() {
     if (!m_options.link.empty()) {
         if (auto failure = m_pty.makeLink(m_options.link)) return failure;
     }
-    std::printf("%s\n", m_pty.deviceName().c_str());
-    std::fflush(stdout);
     return {};
 }
 
-void PtyServer::serve(const volatile std::sig_atomic_t& ended, const sigset_t& whileWaiting) {
-    while (ended == 0 && !m_line.isUnplugged(now())) {
-        waitForSomething(whileWaiting);
+void PtyServer::serve() {
+    while (endsignals::came() == 0 && !m_line.isUnplugged(now())) {
+        waitForSomething();
         exchange();
-        tell(m_stateFile.writeIfDue(now()));
+        if (const auto failure = m_stateFile.writeIfDue(now())) complain(failure->text);
     }
+    endsignals::endMayTakeLong();
 }
 
-void PtyServer::waitForSomething(const sigset_t& whileWaiting) {
+void PtyServer::waitForSomething() {
     auto due = m_line.nextDue();
     if (const auto save = m_stateFile.nextDue()) due = due ? std::min(*due, *save) : save;
     const timespec wait = asTimespec(due ? *due - now() : 0);
-    std::array<pollfd, 2> watched = {{{m_pty.readable(), POLLIN, 0}, {m_pty.usersWatch(), POLLIN, 0}}};
-    ::ppoll(watched.data(), watched.size(), due ? &wait : nullptr, &whileWaiting);
+    std::array<pollfd, 3> watched = {
+        {{m_pty.readable(), POLLIN, 0}, {m_pty.usersWatch(), POLLIN, 0}, {endsignals::descriptor(), POLLIN, 0}}};
+    ::ppoll(watched.data(), watched.size(), due ? &wait : nullptr, nullptr);
 }
 
 void PtyServer::exchange() {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <csignal>
-#include <optional>
+#include <string>
 
 #include "radio/RadioLine.h"
 #include "radio/pty/Options.h"
@@ -16,18 +15,18 @@ class PtyServer {
 public:
     explicit PtyServer(const Options& options);
 
-    /// Opens what the options name; the device's name is on stdout afterwards.
+    /// Opens what the options name.
     Failure start();
+    const std::string& deviceName() const { return m_pty.deviceName(); }
 
-    /// Serves until `ended` is set by a signal or the radio's plug is pulled. The signals are let in only while nothing
-    /// goes on, with `whileWaiting` as the mask.
-    void serve(const volatile std::sig_atomic_t& ended, const sigset_t& whileWaiting);
+    /// Serves until a signal ends the program or the radio's plug is pulled.
+    void serve();
 
     /// Writes the state for the last time.
     Failure finish() { return m_stateFile.writeNow(); }
 
 private:
-    void waitForSomething(const sigset_t& whileWaiting);
+    void waitForSomething();
     void exchange();
     double now() const;
 

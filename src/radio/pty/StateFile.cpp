@@ -1,9 +1,10 @@
 #include "radio/pty/StateFile.h"
 
-#include <cstdio>
+#include <filesystem>
 
 #include "platform/TextFile.h"
 #include "radio/StateText.h"
+#include "radio/pty/Messages.h"
 
 namespace korvex::pty {
 
@@ -15,13 +16,20 @@ constexpr double writeDelayMs = 300;
 
 Failure StateFile::load() {
     if (m_path.empty()) return {};
+    std::error_code ignored;
+    if (std::filesystem::exists(m_path, ignored) && !std::filesystem::is_regular_file(m_path, ignored)) {
+        return RuntimeError{errors::PathFileAccess, m_path + " is no file that a state could be kept in."};
+    }
     const auto content = textfile::read(m_path);
     if (!content) {
         if (content.error().number == errors::FileNotFound) return writeNow();
         return content.error();
     }
+    if (!isStateText(*content)) {
+        return RuntimeError{errors::PathFileAccess, m_path + " is no state of a simulated radio; it stays as it is."};
+    }
     for (const auto& complaint : loadState(m_radio.state, *content)) {
-        std::fprintf(stderr, "ft2000sim: %s: %s\n", m_path.c_str(), complaint.c_str());
+        complain(m_path + ": " + complaint);
     }
     m_written = stateText(m_radio.state);  // an untouched file keeps its comments
     return {};

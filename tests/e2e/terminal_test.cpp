@@ -1,0 +1,92 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+
+#include "Shell.h"
+#include "fakes/ProgramBench.h"
+#include "fakes/SimulatorProcess.h"
+
+namespace korvex {
+namespace {
+
+/// What the programs are to whoever starts them from a shell: signals, streams, and what they print.
+class InTheShell : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!std::filesystem::exists(std::string(BINARY_DIR) + "/korvexctl")) GTEST_SKIP();
+        ASSERT_EQ(run("mkfifo " + fifo).code, 0);
+    }
+    static bool isObeyed(const std::string& text) {
+        return std::any_of(text.begin(), text.end(),
+                           [](char c) { return c >= 0 && c < ' ' && c != '\n' && c != '\t'; });
+    }
+
+    const std::string simulator = std::string(BINARY_DIR) + "/ft2000sim ";
+    const std::string korvexctl = std::string(BINARY_DIR) + "/korvexctl --settings /dev/null ";
+    fakes::TemporaryFolder folder;
+    const std::string fifo = folder.file("fifo");
+};
+
+TEST_F(InTheShell, ASignalEndsTheProgramWhateverItWaitsFor) {
+    const std::string saved = folder.file("saved");
+    const std::string restore = korvexctl + "--demo restore menu " + fifo;
+    const auto codeAfter = [](const std::string& signal, const std::string& commandLine) {
+        return run("timeout --preserve-status -k 9 -s " + signal + " 0.8 " + commandLine).code;
+    };
+    EXPECT_EQ(codeAfter("INT", restore), 130);
+    EXPECT_EQ(codeAfter("INT", korvexctl + "--demo save menu " + saved), 130);
+    EXPECT_FALSE(std::filesystem::exists(saved));
+    EXPECT_EQ(codeAfter("HUP", restore), 129);
+    EXPECT_EQ(codeAfter("TERM", simulator + "--log " + fifo), 143);
+    EXPECT_EQ(codeAfter("TERM", simulator), 0);
+    const std::string background = restore + " & p=$!; sleep 0.5; kill -TERM $p; ";
+    EXPECT_EQ(run(background + "sleep 0.4; kill -HUP $p; wait $p").code, 129) << "the second one ends it at once";
+    EXPECT_EQ(run("trap '' HUP; " + korvexctl + "--demo send 'FA;' & p=$!; sleep 0.3; kill -HUP $p; wait $p").code, 0);
+}
+
+TEST_F(InTheShell, OutputThatNobodyGetsIsTold) {
+    for (const std::string what : {"--help", "--version", "--demo ports", "--demo send 'FA;'"}) {
+        const auto outcome = run(korvexctl + what + " >/dev/full");
+        EXPECT_EQ(outcome.code, 5) << what;
+        EXPECT_NE(outcome.output.find("could not be written"), std::string::npos) << outcome.output;
+    }
+    EXPECT_EQ(run(simulator + "--help >/dev/full").code, 1);
+    EXPECT_EQ(run("timeout 5 " + simulator + ">/dev/full").code, 1);
+}
+
+TEST_F(InTheShell, ARestoreWhoseReaderWentAwayGoesOn) {
+    fakes::SimulatorProcess radio(simulator.substr(0, simulator.size() - 1));
+    const std::string port = korvexctl + "-r " + radio.device() + " ";
+    std::string texts = "|Mem.|Keyer Text|Char. Count|\r\n";
+    for (const char memory : std::string("12345")) texts.append("|KM").append(1, memory).append(";|73 TU|5|\r\n");
+    fakes::writeFile(folder.file("keyer.kem"), texts);
+    const std::string code = folder.file("code");
+    run("{ " + port + "restore-all --verify " + folder.path() + "; echo $? >" + code + "; } 2>&1 | true");
+    EXPECT_EQ(run(port + "send 'KM5;'").output, "KM573 TU;\n");
+    EXPECT_EQ(fakes::fileContent(code), "5\n");
+}
+
+TEST_F(InTheShell, NothingThatIsPrintedIsObeyedByTheTerminal) {
+    const std::string escape = "'\033[31m\033]0;x\a'";
+    fakes::writeFile(folder.file("state"), "# A simulated FT-2000.\n\033[2J = 1\n");
+    for (const std::string& commandLine :
+         {korvexctl + "-r /dev/" + escape + " send 'FA;'", korvexctl + escape, korvexctl + "save menu /no/" + escape,
+          korvexctl + "--database /no/" + escape + " description export x", simulator + escape,
+          simulator + "--fault " + escape, simulator + "--link /no/" + escape,
+          "timeout 1 " + simulator + "--state " + folder.file("state")}) {
+        const auto outcome = run(commandLine);
+        EXPECT_FALSE(isObeyed(outcome.output)) << outcome.output;
+        EXPECT_NE(outcome.output.find("\u241B["), std::string::npos) << commandLine << outcome.output;
+    }
+}
+
+TEST_F(InTheShell, TheSimulatorKeepsItsStateInNothingButAStateFile) {
+    const std::string diary = folder.file("diary.txt");
+    fakes::writeFile(diary, "Dear diary,\n");
+    EXPECT_EQ(run("timeout 5 " + simulator + "--state " + diary).code, 1);
+    EXPECT_EQ(fakes::fileContent(diary), "Dear diary,\n");
+    EXPECT_EQ(run("timeout 5 " + simulator + "--state " + fifo).code, 1);
+}
+
+}  // namespace
+}  // namespace korvex
