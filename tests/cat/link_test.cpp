@@ -37,6 +37,12 @@ TEST_F(LinkTest, OpeningTestsTheCommunicationAndShowsThePortEverywhere) {
     bench.clock.advance(3000);
     EXPECT_EQ(link.panels().Status.get(), "Status: ");
     EXPECT_EQ(link.panels().ConnectTime.get(), "00:00:03 ");
+    for (const auto& [seconds, shown] :
+         {std::pair(57, "00:01:00 "), std::pair(3'539, "00:59:59 "), std::pair(2, "01:00:01 "),
+          std::pair(82'798, "23:59:59 "), std::pair(1, "00:00:00 ")}) {
+        bench.clock.advance(std::int64_t{1'000} * seconds);
+        EXPECT_EQ(link.panels().ConnectTime.get(), shown);
+    }
 
     link.togglePort();
     EXPECT_EQ(link.panels().Settings.get(), "Settings: ");

@@ -50,12 +50,14 @@ TEST_F(PortSettingsTest, TheDialogListsWhatCouldBeOpenedAndOkStoresItAll) {
     bench.ports.plug(1);
     bench.ports.plug(2).openFailure = RuntimeError{errors::PermissionDenied, "no"};
     bench.ports.plug(3);
+    bench.ports.plug(20);
     bench.openPort();
     PortSettings dialog = program.makePortSettings();
     dialog.Form_Load();
     EXPECT_FALSE(program.link.PortOpen());
     EXPECT_FALSE(program.link.indicators().open);
-    ASSERT_EQ(dialog.cboPort.size(), 2U);
+    ASSERT_EQ(dialog.cboPort.size(), 3U);
+    EXPECT_EQ(dialog.cboPort.back().number, 20);
     EXPECT_EQ(dialog.cboPort.at(*dialog.selectedPort).number, 1);
     EXPECT_EQ(port.CommPort(), 1) << "looking is not choosing";
 

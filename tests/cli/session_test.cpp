@@ -21,6 +21,9 @@ TEST(Session, SendsACommandAndPrintsTheAnswer) {
     EXPECT_EQ(bench.run({"send", "ID;EX029;"}), ExitCode::Done);
     EXPECT_EQ(bench.out.str(), "ID0251;\nEX0291;\n");
     EXPECT_EQ(bench.run({"send", "EX999;"}), ExitCode::Answers);
+    bench.ports.faults().slowMs = 500;
+    EXPECT_EQ(bench.run({"send", "ID;"}), ExitCode::Done);
+    EXPECT_EQ(bench.out.str(), "ID0251;\n");
 }
 
 TEST(Session, EachTroubleHasItsExitCodeAndLeavesNoFile) {

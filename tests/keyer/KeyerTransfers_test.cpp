@@ -57,7 +57,7 @@ TEST_F(KeyerTransferTest, ReadsAMemoryEvery400ms) {
 
 TEST_F(KeyerTransferTest, StrayAndGluedAnswersDoNoHarm) {
     window.readKeyer();
-    line.feed("FA00007030000;");  // before anything was asked
+    line.feed("FA00007030000;KM1EARLY;");  // before anything was asked
     EXPECT_EQ(bench.grid().TextMatrix(0, 1), "Keyer Text");
     clock.advance(400);
     line.feed("KM1FIRST;KM2SECOND;");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/NumberText.h"
 #include "memory/MemoryCodes.h"
 #include "memory/MemoryFile.h"
 #include "memory/MemoryTables.h"
@@ -57,6 +58,14 @@ TEST(MemoryCodes, TranslateBothWays) {
     EXPECT_EQ(modeTable.code(11), "C");
     EXPECT_EQ(modeTable.label(*modeTable.position("B")), "FM(N)");
     EXPECT_EQ(toneTable.code(8), "08");
+    int tenths = 0;  // of all tones: each is higher than the one before it
+    for (int i = 0, last = 0; i < toneTable.size(); ++i) {
+        std::string tone(toneTable.label(i));
+        tone.erase(tone.find('.'), 1);
+        EXPECT_GT(*parseWhole(tone), last) << i;
+        tenths += last = *parseWhole(tone);
+    }
+    EXPECT_EQ(tenths, 75'284);
     EXPECT_EQ(toneTable.label(*toneTable.position("49")), "254.1");
     EXPECT_EQ(directionTable.position("-"), 1);
     for (const auto* list : {&modeTable, &toneTable, &ctcssModeTable, &shiftTable, &clarifierTable, &directionTable}) {

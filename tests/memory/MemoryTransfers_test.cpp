@@ -66,10 +66,12 @@ TEST_F(MemoryBench, WaitsForASlowRadioAndIsNotMisledByNews) {
     ports.faults().garbage = true;
     ports.faults().split = true;
     memory.reader.mnu_saveMem_Click();
+    link.answers().take("MR00150100000+000000200080;");  // before anything was asked
     fileDialog.choose(path("slow.mem"));
     ASSERT_TRUE(endsWithin(30'000));
     EXPECT_EQ(ends, Ends{TransferEnd::Done});
     EXPECT_TRUE(contentOf("slow.mem").ends_with("MR09918068000+000000300490;\r\n"));
+    EXPECT_TRUE(contentOf("slow.mem").starts_with("MR00114074000+"));
 }
 
 TEST_F(MemoryBench, AnAnswerThatIsMissingWritesNoFile) {
@@ -222,6 +224,27 @@ TEST_F(MemoryBench, AnotherOperationTakesTheAnswersOver) {
     EXPECT_EQ(ends, Ends{TransferEnd::NoAnswer});
     EXPECT_FALSE(progress.visible);
     EXPECT_EQ(memory.list.cell(1, MemoryField::Frequency), "14074000");
+}
+
+TEST_F(MemoryBench, AWriteThatEndsLeavesTheAnswersToWhatWasStartedMeanwhile) {
+    std::string lines;
+    for (int i = 0; i < 90; ++i) lines += "MR00114250000+000000200080;\r\n";
+    write("many.mem", lines);
+    for (const bool fromList : {true, false}) {
+        openPort();
+        ends.clear();
+        if (!fromList) fileDialog.choose(path("many.mem"));
+        fromList ? memory.listWriter.mnu_MemRestoreTOFT2000_Click() : memory.restorer.mnu_restMem_Click();
+        clock.advance(fromList ? 45'000 : 4'000);
+        fileDialog.choose(path("menu " + std::to_string(fromList ? 1 : 2)));
+        program.menuReader.mnu_Store_Click();
+        EXPECT_EQ(ends, Ends{});
+        clock.advance(20'000);
+        EXPECT_EQ(ends, Ends{TransferEnd::Done});
+        EXPECT_EQ(contentOf("menu 1").substr(0, 5), "EX001");
+        link.togglePort();
+    }
+    EXPECT_EQ(contentOf("menu 2"), contentOf("menu 1"));
 }
 
 }  // namespace

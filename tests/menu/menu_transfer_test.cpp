@@ -101,6 +101,16 @@ TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {
     bench.clock.advance(20'000);
     EXPECT_EQ(fakes::fileContent(file), wholeFile());
     EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::Done});
+
+    // The last answer has two seconds from the one before it.
+    const auto answer = line.answer;
+    line.answer = [answer](std::string_view wire) { return wire == "EX149;" ? "" : answer(wire); };
+    line.answerDelay = 30;
+    program.menuReader.mnu_Store_Click();
+    bench.clock.advance(14'780 + 1'950);
+    line.feed("EX1491;");
+    EXPECT_EQ(fakes::fileContent(file), wholeFile());
+    EXPECT_EQ(ends.size(), 2U);
 }
 
 TEST_F(MenuTransferTest, ClosingThePortEndsEitherTransferAtOnceAndWritesNothing) {
@@ -195,7 +205,7 @@ TEST_F(MenuTransferTest, AnswersThatNobodyAskedForOrThatComeTogetherMoveNoRow) {
     bench.fileDialog.choose(file);
     line.answer = nullptr;
     program.menuReader.mnu_Store_Click();
-    line.feed("FA14250000;");  // the communication test's, late
+    line.feed("FA14250000;EX0019;");  // the communication test's, late, and of an item before it was asked for
     std::string glued;
     for (int item = 1; item <= 149; ++item) {
         bench.clock.advance(100);
@@ -204,6 +214,17 @@ TEST_F(MenuTransferTest, AnswersThatNobodyAskedForOrThatComeTogetherMoveNoRow) {
     }
     EXPECT_EQ(bench.error(), "Terminated");
     EXPECT_EQ(fakes::fileContent(file), wholeFile());
+}
+
+TEST_F(MenuTransferTest, ARefusalBehindNoiseIsARefusal) {
+    const auto answer = line.answer;
+    line.answer = [answer](std::string_view wire) { return wire == "EX042;" ? "\xF0~?;" : answer(wire); };
+    bench.fileDialog.choose(file);
+    program.menuReader.mnu_Store_Click();
+    bench.clock.advance(20'000);
+    std::string expected = wholeFile();
+    expected.replace(expected.find("EX0421;"), 7, "?;");
+    EXPECT_EQ(fakes::fileContent(file), expected);
 }
 
 TEST_F(MenuTransferTest, TheOperationThatStartsLastIsAlone) {
