@@ -50,7 +50,7 @@ struct CliBench {
         auto finished = session.finished.connect([this](ExitCode result) { code = result; });
         session.start();
         if (meanwhile) meanwhile(session);
-        EXPECT_TRUE(clock.advanceUntil([this] { return code.has_value(); }, 300'000)) << "never finished";
+        EXPECT_TRUE(clock.advanceUntil([this] { return code.has_value(); }, 900'000)) << "never finished";
         shownOut.flush();
         EXPECT_FALSE(program.link.PortOpen());
         const auto sentSoFar = ports.radio().timesSet;

@@ -12,21 +12,10 @@ namespace korvex {
 
 namespace {
 
-constexpr int menuItems = RadioState::menuItems;
 constexpr int managerColumn = 7;
 
-/// Another radio than the one that the files were read from: what is written can be seen.
 void changeRadio(TroubleBench& bench) {
-    auto& state = bench.ports.radio().state;
-    for (int item = 1; item <= menuItems; ++item) {
-        std::string answer = bench.ask("EX" + zeroPadded(item, 3));
-        char& digit = answer.at(answer.size() - 2);
-        digit = digit == '0' ? '1' : '0';
-        bench.ports.radio().answer(answer);
-    }
-    for (auto& memory : state.memories) memory.reset();
-    for (auto& text : state.keyer) text = "CQ TEST";
-    for (auto& values : state.registers) values["FA"] = "03500000";
+    bench.ports.radio().state = unlikeRadio();
 }
 
 std::string radioState(TroubleBench& bench) {
@@ -284,6 +273,12 @@ bool toldInTheKeyer(TroubleBench& bench) {
 
 }  // namespace
 
+RadioState unlikeRadio() {
+    RadioState state = fakes::radioUnlike(ownersRadio());
+    for (std::size_t channel = 1; channel <= MemoryList::rows; ++channel) state.memories.at(channel).reset();
+    return state;
+}
+
 const std::vector<TriedOperation>& operations() {
     static const std::vector<TriedOperation> all = {
         {"menu read", nothing, readMenu, [](TroubleBench& b) { return b.program.menuReader.running(); }, "menu reader",
@@ -326,7 +321,7 @@ const std::vector<TriedOperation>& operations() {
         {"band stack write", prepareBandStack,
          [](TroubleBench& b) { b.program.bandStackWindow.mnu_writeBandStack_Click(); },
          [](TroubleBench& b) { return b.program.bandStackWindow.writer().running(); }, "band stack writer", radioState,
-         toldInTheReceiveDisplay, "KR"},
+         toldInTheReceiveDisplay, "NB0"},
         {"equalizer read", nothing, readEqualizer, equalizerRuns, "equalizer", equalizerValues, toldInThePanel,
          "EX127"},
         {"equalizer write", prepareEqualizer, moveSliders, [](TroubleBench& b) { return b.slidersToMove > 0; },

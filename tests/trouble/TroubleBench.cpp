@@ -1,7 +1,6 @@
 #include "TroubleBench.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace korvex {
 
@@ -23,7 +22,10 @@ TroubleBench::TroubleBench() {
         const Mode mode = fileDialog.shown.back().mode;
         fileDialog.choose(mode == Mode::Folder ? backups : mode == Mode::Save ? target : source);
     };
-    msgBox.whileShown = [this] { msgBox.foresee(""); };
+    msgBox.whileShown = [this] {
+        const bool wantsTheLine = msgBox.shown.back().text.ends_with("Stop it?");
+        msgBox.foresee("", wantsTheLine ? MsgAnswer::Yes : MsgAnswer::Ok);
+    };
     auto& bandStack = program.bandStackWindow;
     auto& keyer = program.keyerWindow;
     listenTo("menu reader", program.menuReader.ended);
@@ -101,13 +103,6 @@ std::string TroubleBench::whatIsWrong() {
         expect(std::filesystem::exists(backup / "summary.txt"), "a backup that is not whole");
     }
     return wrong;
-}
-
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) lines.push_back(line);
-    return lines;
 }
 
 const TriedOperation& secondOperation(const TriedOperation& first) {

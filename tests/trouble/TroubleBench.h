@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -70,17 +71,37 @@ struct Healthy {
 
 const Healthy& healthy(const TriedOperation& operation);
 
+/// What can go wrong with the radio and its line, for whatever sends that many commands and, among them, one item.
+struct LineTrouble {
+    std::string_view name;
+    void (*arrange)(Faults&, int commands, std::string_view oneItem);
+};
+
+const std::vector<LineTrouble>& lineTroubles();
+
 /// What can go wrong. `arrange` runs with the port open, just before the operation starts.
 struct Trouble {
     std::string_view name;
-    void (*arrange)(TroubleBench&, const TriedOperation&, const Healthy&);
+    std::function<void(TroubleBench&, const TriedOperation&, const Healthy&)> arrange;
 };
 
 const std::vector<Trouble>& troubles();
+inline constexpr std::string_view secondOperationTrouble = "a second operation";
 
 /// The operation that is started in the middle of this one.
 const TriedOperation& secondOperation(const TriedOperation& first);
 
+/// Another radio than the one that files are read from, so that what is written can be seen.
+RadioState unlikeRadio();
+
 std::vector<std::string> linesOf(const std::string& text);
+/// " 3/5", when that many of the facts are there now, and not all or, as it may be, none; else empty.
+std::string shareOf(const std::vector<std::string>& facts, const std::vector<std::string>& now, bool all);
+
+/// Rows of cells as a Markdown table whose columns stand below one another.
+std::string markdown(const std::vector<std::vector<std::string>>& rows);
+/// docs/RELIABILITY.md tells owners what to expect: its table that begins with `head` is the one that was found.
+/// KORVEX_WRITE_RELIABILITY=1 writes it.
+void expectOnThePage(const std::string& head, const std::string& found);
 
 }  // namespace korvex
