@@ -1,7 +1,6 @@
 #include "cat/TransmitGuard.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "base/NumberText.h"
@@ -10,36 +9,72 @@ namespace korvex {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> keying = {"TX1", "TX2", "MX1", "VX1", "KY", "AC002"};
+bool isControl(char c) {
+    return static_cast<unsigned char>(c) < ' ' || c == '\x7f';
+}
 
-/// As a radio may hear it: in capitals, without line ends and blanks.
+bool isBlankOrForeign(char c) {
+    return static_cast<unsigned char>(c) <= ' ' || static_cast<unsigned char>(c) >= 0x7f;
+}
+
+/// What a radio hears that passes over everything that belongs to no command.
 std::string closedUp(std::string_view wire) {
     std::string text;
     for (const char c : wire) {
-        if (static_cast<unsigned char>(c) > ' ') text += asciiUpper(c);
+        if (!isBlankOrForeign(c)) text += asciiUpper(c);
     }
     return text;
 }
 
-bool keys(std::string_view command) {
-    return std::any_of(keying.begin(), keying.end(), [command](auto key) { return command.starts_with(key); });
+/// What a radio hears that begins anew behind a control character or one that is not ASCII.
+std::string withoutFragments(std::string_view wire) {
+    std::string text;
+    std::size_t commandBegins = 0;
+    for (const char c : wire) {
+        if (c == ' ') continue;
+        if (isBlankOrForeign(c)) {
+            text.resize(commandBegins);
+            continue;
+        }
+        text += asciiUpper(c);
+        if (c == ';') commandBegins = text.size();
+    }
+    return text;
 }
 
-bool canStillKey(std::string_view beginning) {
-    return !beginning.empty() &&
-           std::any_of(keying.begin(), keying.end(), [beginning](auto key) { return key.starts_with(beginning); });
+/// `ended`: the ";" has come, so nothing can follow that would make another command of it.
+bool keysWith(const KeyingCommand& row, std::string_view command, bool ended) {
+    if (!command.starts_with(row.letters)) return !ended && !command.empty() && row.letters.starts_with(command);
+    const std::string_view behind = command.substr(row.letters.size());
+    switch (row.when) {
+        case KeyingCommand::When::Always: return true;
+        case KeyingCommand::When::NotZero: return behind.empty() ? !ended : behind.front() != '0';
+        case KeyingCommand::When::ThirdIsTwo: return behind.size() > 2 ? behind[2] == '2' : !ended;
+    }
+    return true;
+}
+
+bool keys(std::string_view command, bool ended) {
+    return std::any_of(keyingCommands.begin(), keyingCommands.end(),
+                       [&](const KeyingCommand& row) { return keysWith(row, command, ended); });
+}
+
+bool anyKeys(std::string_view heard) {
+    for (auto end = heard.find(';'); end != std::string_view::npos; end = heard.find(';')) {
+        if (keys(heard.substr(0, end), true)) return true;
+        heard.remove_prefix(end + 1);
+    }
+    return keys(heard, false);
 }
 
 }  // namespace
 
 bool keysTransmitter(std::string_view wire) {
-    const std::string text = closedUp(wire);
-    std::string_view rest = text;
-    for (auto end = rest.find(';'); end != std::string_view::npos; end = rest.find(';')) {
-        if (keys(rest.substr(0, end))) return true;
-        rest.remove_prefix(end + 1);
-    }
-    return keys(rest) || canStillKey(rest);
+    return anyKeys(closedUp(wire)) || anyKeys(withoutFragments(wire));
+}
+
+bool holdsControlCharacter(std::string_view wire) {
+    return std::any_of(wire.begin(), wire.end(), isControl);
 }
 
 }  // namespace korvex

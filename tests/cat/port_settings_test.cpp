@@ -2,7 +2,6 @@
 
 #include "cat/PortConfiguration.h"
 #include "cat/PortSettings.h"
-#include "cat/TransmitGuard.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/ScriptedDevice.h"
 
@@ -113,15 +112,6 @@ TEST_F(PortSettingsTest, WithoutAnyPortOkKeepsTheNumber) {
     EXPECT_TRUE(dialog.cboPort.empty());
     EXPECT_TRUE(dialog.cmdOK_Click());
     EXPECT_EQ(stored("COM-Anschluß"), "7");
-}
-
-TEST(TransmitGuard, KnowsTheCommandsThatKeyTheTransmitter) {
-    for (const char* bad :
-         {"TX1;", "tx2;", "KY1;", "MX1;", "AC002;", "EX0011;TX1;", " \r\nTX1", "T\r\nX 1;", "EX0011;AC0"}) {
-        EXPECT_TRUE(keysTransmitter(bad)) << bad;
-    }
-    for (const char* good : {"", "EX0011;", "TX0;", "KM1TX1", "AC001;", "?;"})
-        EXPECT_FALSE(keysTransmitter(good)) << good;
 }
 
 }  // namespace
