@@ -1,7 +1,6 @@
 #include "app/DataItems.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 
 #include "bandstack/BandStack.h"
@@ -139,16 +138,6 @@ std::string endingOf(std::string_view kind) {
 
 bool wasRefused(const DataItem& item) {
     return item.value == "?;" || item.value == "?";
-}
-
-bool setsCatLine(std::string_view command) {
-    std::string letters;
-    for (const char c : command) {
-        if (c != ' ') letters += asciiUpper(c);
-    }
-    constexpr std::array<std::string_view, 3> heads = {"EX028", "EX029", "EX030"};
-    return std::any_of(heads.begin(), heads.end(),
-                       [&](std::string_view head) { return letters.find(head) != std::string::npos; });
 }
 
 }  // namespace korvex

@@ -37,7 +37,4 @@ Result<DataItems> dataItems(const std::string& kind, std::string_view content);
 /// The value of an item that the radio has refused to tell.
 bool wasRefused(const DataItem& item);
 
-/// The radio's own CAT settings, menu items 028 to 030: speed, time-out, RTS. Whoever changes them may cut the line.
-bool setsCatLine(std::string_view command);
-
 }  // namespace korvex

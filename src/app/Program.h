@@ -15,6 +15,7 @@
 #include "menu/MenuCommandTable.h"
 #include "menu/MenuManager.h"
 #include "menu/MenuReader.h"
+#include "menu/MenuRestore.h"
 #include "menu/MenuWriter.h"
 #include "platform/Clock.h"
 #include "platform/Database.h"
@@ -60,6 +61,7 @@ public:
     MenuCommandTable menuCommandTable;
     MenuReader menuReader;
     MenuWriter menuWriter;
+    MenuRestore menuRestore;
     MemoryManager memory;
     MenuManager menuManager;
     EqWindow eqWindow;

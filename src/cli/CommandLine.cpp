@@ -84,6 +84,7 @@ const std::map<std::string_view, Option>& options() {
         {"--verify", flag(&Command::verify)},
         {"--dry-run", flag(&Command::dryRun)},
         {"--with-cat", flag(&Command::withCat)},
+        {"--force", flag(&Command::force)},
         {"--allow-transmit", flag(&Command::allowTransmit)},
         {"-h", verb(Command::Verb::Help)},
         {"--help", verb(Command::Verb::Help)},
@@ -130,10 +131,19 @@ const std::map<std::string_view, VerbRow>& verbs() {
     return all;
 }
 
+/// A line end behind the last command may stand: the windows send it, too.
+std::string_view withoutLineEnd(std::string_view wire) {
+    return wire.substr(0, wire.find_last_not_of("\r\n") + 1);
+}
+
 Failure checkText(Command& command) {
     const auto wire = wireFromUtf8(command.text);
     if (!wire) return wrong("the text to send holds characters that the radio does not have");
     command.text = *wire;
+    const std::string_view typed = withoutLineEnd(command.text);
+    if (holdsControlCharacter(typed)) {
+        return wrong("the text to send holds a control character, and no command of the radio has one");
+    }
     if (!keysTransmitter(command.text) || command.allowTransmit) return {};
     return wrong("this would key the transmitter; --allow-transmit says that you mean it");
 }
@@ -143,7 +153,9 @@ Failure checkOptions(const Command& command) {
     const bool restores = command.verb == Verb::Restore || command.verb == Verb::RestoreAll;
     if ((command.verify || command.dryRun) && !restores) return wrong("--verify and --dry-run belong to a restore");
     if (command.verify && command.dryRun) return wrong("--verify and --dry-run exclude each other");
-    if (command.withCat && command.verb != Verb::RestoreAll) return wrong("--with-cat belongs to restore-all");
+    const bool restoresMenu = command.verb == Verb::RestoreAll || (restores && command.kind == "menu");
+    if (command.withCat && !restoresMenu) return wrong("--with-cat belongs to restore-all and restore menu");
+    if (command.force && !restores) return wrong("--force belongs to a restore");
     return {};
 }
 
@@ -207,7 +219,9 @@ std::string usage() {
            "  --allow-transmit      lets \"send\" send a command that keys the transmitter\n"
            "  --verify              restore: reads back what was written and tells of every item\n"
            "  --dry-run             restore: prints what would be sent, and sends nothing\n"
-           "  --with-cat            restore-all: the radio's CAT settings (menu items 028 to 030) too, last\n"
+           "  --with-cat            restore menu, restore-all: the radio's CAT settings (menu items 028 to 030) too,\n"
+           "                        last\n"
+           "  --force               restore: a file that does not hold every menu item\n"
            "  --kind KIND           compare: what the files are, where their ending does not tell\n"
            "  -h, --help  --version\n"
            "\n"

@@ -39,6 +39,7 @@ struct Command {
     bool verify = false;   ///< read back what was written
     bool dryRun = false;   ///< print what would be sent
     bool withCat = false;  ///< the radio's own CAT settings too
+    bool force = false;    ///< also a file that does not hold everything
 };
 
 /// Exit codes, for scripts.

@@ -17,10 +17,10 @@ FileKind menuKind(Program& program) {
              {},
              [&program] { return objections::toMenuWithRefusals(program.menuCommandTable); }},
             {[&program] {
-                 program.menuWriter.mnu_Restore_Click();
+                 program.menuRestore.mnu_Restore_Click();
                  return std::nullopt;
              },
-             &program.menuWriter.ended,
+             &program.menuRestore.ended,
              {},
              {}}};
 }

@@ -1,16 +1,11 @@
 #include "cli/RestoreAllJob.h"
 
-#include <algorithm>
 #include <array>
 #include <filesystem>
 
 #include "app/BackupFolder.h"
-#include "base/Lines.h"
 #include "cli/Restorable.h"
 #include "cli/Verification.h"
-#include "menu/MenuCommandTable.h"
-#include "menu/MenuFile.h"
-#include "platform/TextFile.h"
 
 namespace korvex::cli {
 
@@ -21,14 +16,11 @@ constexpr std::array<const char*, 4> order = {"menu", "memory", "bandstack", "ke
 
 }  // namespace
 
-RestoreAllJob::RestoreAllJob(Workshop workshop)
-    : m_workshop(std::move(workshop)), m_sender(m_workshop.program.link, m_workshop.program.machine().clock) {}
-
 std::optional<ExitCode> RestoreAllJob::prepare() {
     if (const auto code = takeParts()) return code;
     if (!m_workshop.command.dryRun) return std::nullopt;
     for (const auto& part : m_parts) printCommands(m_workshop.out, part.items);
-    if (m_workshop.command.withCat) printCommands(m_workshop.out, m_catItems);
+    if (m_workshop.command.withCat) printCommands(m_workshop.out, m_menu.catItems());
     return ExitCode::Done;
 }
 
@@ -56,44 +48,30 @@ bool RestoreAllJob::takePart(const std::string& name) {
         m_workshop.tell(file + ": " + why);
         return false;
     }
-    Part part{kind, file, std::move(*items), {}};
-    if (name == "menu") {
-        if (const auto failure = separateCatLines(part)) {
-            m_workshop.tell(failure->text);
-            return false;
-        }
-    }
-    m_parts.push_back(std::move(part));
+    if (name == "menu" && !takeMenu(file, *items)) return false;
+    m_parts.push_back({kind, file, name == "menu" ? m_menu.items() : std::move(*items), {}});
     return true;
 }
 
-/// What is written is a copy of the menu file without the CAT items and without what the saved radio refused to tell.
-Failure RestoreAllJob::separateCatLines(Part& menu) {
-    DataItems kept;
-    std::string text;
-    for (auto& item : menu.items) {
-        if (wasRefused(item)) continue;
-        auto& target = setsCatLine(item.command) ? m_catItems : kept;
-        target.push_back(std::move(item));
-    }
-    for (const auto& item : kept) text.append(item.command).append(crLf);
-    // The writer sends as many lines as there are items; the others are to be empty.
-    for (std::size_t lines = kept.size(); lines < std::size_t{menuItemCount}; ++lines) text += crLf;
-    menu.items = std::move(kept);
-    menu.file = m_scratch.file("menu");
-    return textfile::write(menu.file, text);
+bool RestoreAllJob::takeMenu(const std::string& file, const DataItems& items) {
+    m_menu.take(items);
+    const std::string why = m_menu.whyIncomplete();
+    if (why.empty() || m_workshop.command.force) return true;
+    m_workshop.tell(file + ": " + why);
+    return false;
 }
 
 std::vector<Step> RestoreAllJob::steps() {
     std::vector<Step> steps;
     for (auto& part : m_parts) addSteps(steps, part);
-    if (m_workshop.command.withCat && !m_catItems.empty()) steps.push_back(catStep());
+    if (m_workshop.command.withCat && !m_menu.catItems().empty()) steps.push_back(m_menu.catStep(m_workshop.program));
     return steps;
 }
 
 void RestoreAllJob::addSteps(std::vector<Step>& steps, Part& part) {
     const bool verifies = m_workshop.command.verify;
-    Step restore = restoreStep(*part.kind, part.file);
+    Step restore = part.kind->name == "menu" ? m_menu.itemsStep(*part.kind, m_workshop.program, part.file)
+                                             : restoreStep(*part.kind, part.file);
     restore.refusalsAreTold = !verifies;
     restore.after = [this, &part](const WriteRecord& record) {
         part.refused = record.refused();
@@ -103,24 +81,9 @@ void RestoreAllJob::addSteps(std::vector<Step>& steps, Part& part) {
     if (verifies) steps.push_back(readStep(*part.kind, m_scratch.file(backupFileName(part.kind->name))));
 }
 
-/// Time-out and RTS, then the speed: the radio hears nothing more behind that.
-Step RestoreAllJob::catStep() {
-    std::vector<std::string> commands;
-    for (const auto& item : m_catItems) commands.push_back(item.command);
-    std::stable_partition(commands.begin(), commands.end(),
-                          [](const std::string& command) { return command.find("028") == std::string::npos; });
-    Transfer transfer;
-    transfer.start = [this, commands] {
-        m_sender.send(commands);
-        return std::nullopt;
-    };
-    transfer.ended = &m_sender.ended;
-    return {"CAT settings", transfer, {}, true, true, {}};
-}
-
 ExitCode RestoreAllJob::conclude() {
-    if (!m_catItems.empty() && !m_workshop.command.withCat) {
-        m_workshop.tell("the CAT settings (menu items 028 to 030) were left as they are; --with-cat writes them too");
+    if (!m_menu.catItems().empty() && !m_workshop.command.withCat) {
+        m_workshop.tell(catSettingsLeft);
     }
     if (!m_workshop.command.verify) return ExitCode::Done;
     bool took = true;

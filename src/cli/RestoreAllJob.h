@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Job.h"
-#include "cli/LineSender.h"
+#include "cli/MenuRestoreSteps.h"
 #include "cli/ScratchFolder.h"
 
 namespace korvex::cli {
@@ -11,7 +11,7 @@ namespace korvex::cli {
 /// its channels are those of the memory file, which is written.
 class RestoreAllJob : public Job {
 public:
-    explicit RestoreAllJob(Workshop workshop);
+    explicit RestoreAllJob(Workshop workshop) : m_workshop(std::move(workshop)) {}
 
     std::optional<ExitCode> prepare() override;
     std::vector<Step> steps() override;
@@ -27,15 +27,13 @@ private:
     };
     std::optional<ExitCode> takeParts();
     bool takePart(const std::string& name);
-    Failure separateCatLines(Part& menu);
+    bool takeMenu(const std::string& file, const DataItems& items);
     void addSteps(std::vector<Step>& steps, Part& part);
-    Step catStep();
 
     Workshop m_workshop;
     ScratchFolder m_scratch;
-    LineSender m_sender;
+    MenuRestoreSteps m_menu;
     std::vector<Part> m_parts;
-    DataItems m_catItems;
     std::vector<std::string> m_finished;
 };
 

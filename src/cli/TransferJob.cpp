@@ -17,6 +17,7 @@ std::optional<ExitCode> TransferJob::prepare() {
     if (const auto code = restores() ? takeFile() : checkTarget()) return code;
     if (!command.dryRun) return std::nullopt;
     printCommands(m_workshop.out, m_wanted);
+    if (command.withCat) printCommands(m_workshop.out, m_menu.catItems());
     return ExitCode::Done;
 }
 
@@ -37,14 +38,20 @@ std::optional<ExitCode> TransferJob::takeFile() {
     }
     auto items = readItems(m_workshop, command.kind, m_file);
     if (!items) return ExitCode::File;
-    std::string why = whyNotRestorable(command.kind, *items);
-    if (!holdsAnything(command.kind, *items)) why = "there is nothing in it that could be restored as " + command.kind;
-    if (why.empty()) {
-        m_wanted = std::move(*items);
-        return std::nullopt;
+    if (const std::string why = whyNotTaken(*items); !why.empty()) {
+        m_workshop.tell(command.file + ": " + why);
+        return ExitCode::File;
     }
-    m_workshop.tell(command.file + ": " + why);
-    return ExitCode::File;
+    m_wanted = isMenu() ? m_menu.items() : std::move(*items);
+    return std::nullopt;
+}
+
+std::string TransferJob::whyNotTaken(const DataItems& items) {
+    const std::string& kind = m_workshop.command.kind;
+    if (!holdsAnything(kind, items)) return "there is nothing in it that could be restored as " + kind;
+    if (!isMenu()) return whyNotRestorable(kind, items);
+    m_menu.take(items);
+    return m_workshop.command.force ? std::string() : m_menu.whyIncomplete();
 }
 
 /// "/dev/stdin" can be read once, and a file is read several times.
@@ -61,14 +68,21 @@ std::vector<Step> TransferJob::steps() {
     const Command& command = m_workshop.command;
     const FileKind& kind = *m_workshop.kind(command.kind);
     if (!restores()) return {saveStep(kind, command.file)};
-    Step restore = restoreStep(kind, m_file);
-    if (!command.verify) return {restore};
-    restore.refusalsAreTold = false;
-    restore.after = [this](const WriteRecord& record) { m_refused = record.refused(); };
-    return {restore, readStep(kind, m_scratch.file(command.kind))};
+    Step restore = isMenu() ? m_menu.itemsStep(kind, m_workshop.program, m_file) : restoreStep(kind, m_file);
+    std::vector<Step> steps;
+    if (command.verify) {
+        restore.refusalsAreTold = false;
+        restore.after = [this](const WriteRecord& record) { m_refused = record.refused(); };
+        steps = {restore, readStep(kind, m_scratch.file(command.kind))};
+    } else {
+        steps = {restore};
+    }
+    if (command.withCat && !m_menu.catItems().empty()) steps.push_back(m_menu.catStep(m_workshop.program));
+    return steps;
 }
 
 ExitCode TransferJob::conclude() {
+    if (!m_menu.catItems().empty() && !m_workshop.command.withCat) m_workshop.tell(catSettingsLeft);
     if (!m_workshop.command.verify) return ExitCode::Done;
     const std::string& kind = m_workshop.command.kind;
     const auto found = readItems(m_workshop, kind, m_scratch.file(kind));

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "cli/Job.h"
+#include "cli/MenuRestoreSteps.h"
 #include "cli/ScratchFolder.h"
 
 namespace korvex::cli {
@@ -22,11 +23,14 @@ private:
     std::optional<ExitCode> checkTarget();
     std::optional<ExitCode> takeFile();
     Failure keepStream();
+    bool isMenu() const { return m_workshop.command.kind == "menu"; }
+    std::string whyNotTaken(const DataItems& items);
 
     Workshop m_workshop;
     ScratchFolder m_scratch;
     std::string m_file;  // to restore
     DataItems m_wanted;
+    MenuRestoreSteps m_menu;
     std::set<std::string> m_refused;
 };
 

@@ -1,74 +1,59 @@
 #include "menu/ManagerWriter.h"
 
-#include "base/CodePage.h"
+#include <utility>
+
 #include "base/Lines.h"
+#include "menu/MenuCommandTable.h"
 
 namespace korvex {
 
-ManagerWriter::ManagerWriter(Terminal& terminal, Clock& clock, const MenuCommandTable& table)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_timer1(clock.makeTimer()) {
-    m_timer1->setInterval(50);
-    m_connections += m_timer1->tick.connect([this] { Timer1_Timer(); });
-    m_connections += m_link.closed.connect([this] {
-        if (running()) end(TransferEnd::PortClosed);
-    });
-}
-
-void ManagerWriter::start() {
+void ManagerWriter::write(std::vector<std::string> lines) {
+    auto operation = m_link.begin({ActiveOperation::MenuWrite,
+                                   "Writing the menu settings",
+                                   static_cast<int>(lines.size()),
+                                   {"line", "lines", true},
+                                   "Restore Menu Settings to FT-2000",
+                                   155,
+                                   1});
+    if (!operation) return ended.emit(m_link.notBegun());
+    m_operation = std::move(operation);
+    m_lines = std::move(lines);
     m_link.panels().Error = "";
-    m_link.setActiveOperation(ActiveOperation::MenuWrite);
     m_link.clearTraffic();
-    if (!m_link.PortOpen()) {
-        ended.emit(TransferEnd::PortClosed);
-        return;
-    }
-    m_link.progress().caption = "Restore Menu Settings to FT-2000";
-    m_link.progress().maximum = 155;
-    m_link.progress().value = 1;
-    m_link.progress().show();
-    m_writeIndex = 1;
-    m_timer1->setEnabled(true);
+    m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    m_operation->every(50, m_phase, [this] { work(); });
 }
 
-void ManagerWriter::Timer1_Timer() {
-    if (m_link.activeOperation() != ActiveOperation::MenuWrite) {
-        // Another operation was started meanwhile: the panels are its own now.
-        m_link.leaveProgress();
-        return end(TransferEnd::NoAnswer);
+void ManagerWriter::work() {
+    if (static_cast<std::size_t>(m_operation->item()) < m_lines.size()) {
+        sendNext();
+    } else if (m_link.port().OutBufferCount() == 0) {
+        finish();  // closing drops what has not left yet, so it waits for that
     }
-    if (m_phase.isSet()) {
-        if (m_writeIndex <= menuItemCount) {
-            sendNext();
-        } else if (m_link.port().OutBufferCount() == 0) {
-            finish();  // closing drops what has not left yet, so it waits for that
-        }
-    }
-    m_phase.invert();
 }
 
 void ManagerWriter::sendNext() {
-    const std::string& line = m_table.lineToWrite(m_writeIndex);
-    m_link.send(line + std::string(crLf));
-    m_link.panels().Error = "Writing Menu " + utf8FromWire(line.size() > 2 ? line.substr(2, 3) : std::string());
-    m_link.sent().append(line + std::string(crLf));
+    const int done = m_operation->item();
+    const std::string& line = m_lines[static_cast<std::size_t>(done)];
+    const std::string sent = line + std::string(crLf);
+    m_operation->send(sent);
+    m_link.panels().Error = "Writing Menu " + itemInLine(line);
+    m_link.sent().append(sent);
     m_link.received().append(line + "  ");
-    m_link.progress().value = m_link.progress().value + 1;
-    ++m_writeIndex;
+    m_operation->step(done + 1, m_link.progress().value + 1);
 }
 
 void ManagerWriter::finish() {
-    m_timer1->setEnabled(false);
     m_link.panels().Error = "Terminated";
     m_link.lineWritten = "Terminated";
     m_link.received().append(crLf);
-    m_link.setActiveOperation(ActiveOperation::Idle);
+    // Ended after the port is closed: whoever is told begins nothing on a port that is about to go.
+    auto operation = std::exchange(m_operation, nullptr);
+    const int count = static_cast<int>(m_lines.size());
+    operation->onEnd(nullptr);
+    operation->end({});
     m_link.closePort();
-    ended.emit(TransferEnd::Done);
-}
-
-void ManagerWriter::end(TransferEnd how) {
-    m_timer1->setEnabled(false);
-    ended.emit(how);
+    ended.emit({Outcome::Kind::Done, count, count, {}, {}});
 }
 
 }  // namespace korvex

@@ -5,7 +5,6 @@
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
-#include "cat/TransmitGuard.h"
 
 namespace korvex {
 
@@ -13,30 +12,31 @@ std::string menuReadCommand(int item) {
     return "EX" + zeroPadded(item, 3) + ";";
 }
 
-std::optional<std::string> menuWriteCommand(const std::string& number, std::string_view value) {
-    const auto wire = wireFromUtf8(value);
-    if (!wire) return std::nullopt;
-    const bool ends = std::any_of(wire->begin(), wire->end(), [](char c) { return c == ';' || (c >= 0 && c < ' '); });
-    std::string command = "EX" + number + *wire + ";";
-    if (ends || keysTransmitter(command)) return std::nullopt;
-    return command;
+bool isMenuValue(std::string_view value) {
+    const std::string_view digits = value.substr(value.starts_with('+') || value.starts_with('-') ? 1 : 0);
+    return !digits.empty() && std::all_of(digits.begin(), digits.end(), isDigit);
 }
 
-const MenuCommandTable::Row& MenuCommandTable::at(int row) const {
-    static const Row nothing;
-    return row >= 0 && row <= lastRow ? m_rows[static_cast<std::size_t>(row)] : nothing;
+std::optional<std::string> menuWriteCommand(const std::string& number, std::string_view value) {
+    if (!value.empty() && !isMenuValue(value)) return std::nullopt;
+    return "EX" + number + std::string(value) + ";";
+}
+
+std::string itemInLine(std::string_view line) {
+    return utf8FromWire(line.size() > 2 ? line.substr(2, 3) : std::string_view());
+}
+
+const std::string& MenuCommandTable::answer(int row) const {
+    static const std::string nothing;
+    return row >= 0 && row <= menuItemCount ? m_answers[static_cast<std::size_t>(row)] : nothing;
 }
 
 void MenuCommandTable::setAnswer(int row, std::string wire) {
-    if (row >= 0 && row <= lastRow) m_rows[static_cast<std::size_t>(row)].answer = std::move(wire);
-}
-
-void MenuCommandTable::setLineToWrite(int row, std::string wire) {
-    if (row >= 0 && row <= lastRow) m_rows[static_cast<std::size_t>(row)].lineToWrite = std::move(wire);
+    if (row >= 0 && row <= menuItemCount) m_answers[static_cast<std::size_t>(row)] = std::move(wire);
 }
 
 void MenuCommandTable::clearAnswers() {
-    for (auto& row : m_rows) row.answer.clear();
+    m_answers.fill({});
 }
 
 }  // namespace korvex

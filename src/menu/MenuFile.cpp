@@ -1,15 +1,39 @@
 #include "menu/MenuFile.h"
 
+#include <algorithm>
+#include <array>
+#include <set>
+
 #include "base/CodePage.h"
 #include "base/Lines.h"
+#include "base/NumberText.h"
+#include "base/Printable.h"
 #include "cat/TransmitGuard.h"
 
 namespace korvex {
 
 namespace {
 
+constexpr std::size_t mostLines = 152;  // lines 150 to 152 of an edited file are taken, and never sent
+constexpr std::size_t headLength = 5;   // EX042
+constexpr std::string_view refusal = "?;";
+
 RuntimeError refused(const std::string& why) {
-    return {errors::TypeMismatch, why + ", nothing was sent"};
+    return {errors::TypeMismatch, why};
+}
+
+/// "EX042", a value, ";".
+bool isItem(std::string_view line) {
+    if (line.size() < headLength + 2 || !line.starts_with("EX") || !line.ends_with(';')) return false;
+    const std::string_view digits = line.substr(2, 3);
+    const auto item = std::all_of(digits.begin(), digits.end(), isDigit) ? parseWhole(digits) : std::nullopt;
+    return item && *item >= 1 && *item <= menuItemCount &&
+           isMenuValue(line.substr(headLength, line.size() - headLength - 1));
+}
+
+std::string whyNoMenuLine(std::string_view line) {
+    if (line.empty() || line == refusal || isItem(line)) return {};
+    return keysTransmitter(line) ? "would key the transmitter" : "is no line of a menu file";
 }
 
 }  // namespace
@@ -30,24 +54,54 @@ Result<std::vector<std::string>> menuFileLines(std::string_view content) {
     std::vector<std::string> lines;
     FieldReader reader(content);
     while (const auto field = reader.next()) {
-        if (lines.size() == MenuCommandTable::lastRow) {
-            return refused("The file has more than " + std::to_string(MenuCommandTable::lastRow) + " lines");
-        }
-        if (keysTransmitter(*field)) {
-            return refused("Line " + std::to_string(lines.size() + 1) + " (" + utf8FromWire(field->substr(0, 20)) +
-                           ") would key the transmitter");
+        if (lines.size() == mostLines) return refused("The file has more than " + std::to_string(mostLines) + " lines");
+        if (const std::string why = whyNoMenuLine(*field); !why.empty()) {
+            return refused("Line " + std::to_string(lines.size() + 1) + " (" +
+                           printable(utf8FromWire(field->substr(0, 20))) + ") " + why);
         }
         lines.emplace_back(*field);
     }
     return lines;
 }
 
+int itemsTold(const std::vector<std::string>& lines) {
+    std::set<std::string> told;
+    for (const auto& line : lines) {
+        if (isItem(line)) told.insert(line.substr(2, 3));
+    }
+    return static_cast<int>(told.size());
+}
+
+int itemsRefused(const std::vector<std::string>& lines) {
+    return static_cast<int>(std::count(lines.begin(), lines.end(), refusal));
+}
+
+bool setsCatLine(std::string_view command) {
+    constexpr std::array<std::string_view, 3> heads = {"EX028", "EX029", "EX030"};
+    return command.size() > headLength + 1 &&
+           std::any_of(heads.begin(), heads.end(), [&](std::string_view head) { return command.starts_with(head); });
+}
+
+MenuLines apartFromCatLines(const std::vector<std::string>& lines) {
+    MenuLines apart;
+    for (std::size_t i = 0; i < std::min(lines.size(), std::size_t{menuItemCount}); ++i) {
+        const std::string& line = lines[i];
+        if (setsCatLine(line)) {
+            apart.cat.push_back(line);
+        } else {
+            apart.items.push_back(line == refusal ? std::string() : line);
+        }
+    }
+    std::stable_partition(apart.cat.begin(), apart.cat.end(),
+                          [](const std::string& line) { return !line.starts_with("EX028"); });
+    return apart;
+}
+
 int answersInPlace(const MenuCommandTable& table) {
     int count = 0;
     for (int item = 1; item <= menuItemCount; ++item) {
         const std::string& answer = table.answer(item);
-        const std::string head = menuReadCommand(item).substr(0, 5);
-        if (answer.starts_with(head) && answer.size() > head.size() + 1) ++count;
+        if (isItem(answer) && answer.starts_with(menuReadCommand(item).substr(0, headLength))) ++count;
     }
     return count;
 }

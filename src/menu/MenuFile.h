@@ -13,9 +13,25 @@ namespace korvex {
 /// after each; an item without an answer is an empty line. No header, no count.
 std::string menuFileText(const MenuCommandTable& table);
 
-/// The lines of a menu file. Refused are a file with more lines than the table has rows and one with a line that would
-/// key the transmitter: nobody restores such a file on purpose.
+/// The lines of a menu file as wire text, as many as the file has. Each is "EX", an item's number, a value and ";", or
+/// "?;" for an item that the radio would not tell, or empty. A file with any other line, or with more lines than 152,
+/// is refused with the line's number and the reason.
 Result<std::vector<std::string>> menuFileLines(std::string_view content);
+
+/// How many items have a value in these lines of a menu file.
+int itemsTold(const std::vector<std::string>& lines);
+/// How many say "?;": items that the radio of the file would not tell. They make no file incomplete.
+int itemsRefused(const std::vector<std::string>& lines);
+
+/// The radio's own CAT settings, menu items 028 to 030: speed, time-out, RTS. Whoever changes them may cut the line.
+bool setsCatLine(std::string_view command);
+
+/// Menu lines as they are sent: all that leave the radio's CAT settings alone, in the order of the file.
+struct MenuLines {
+    std::vector<std::string> items;  ///< one for each row up to 149; empty where there is nothing to set
+    std::vector<std::string> cat;    ///< what sets the CAT settings; the speed last, behind it the radio hears nothing
+};
+MenuLines apartFromCatLines(const std::vector<std::string>& lines);
 
 /// How many of the answers are the right item's own: "EX", its number, a value, ";".
 int answersInPlace(const MenuCommandTable& table);

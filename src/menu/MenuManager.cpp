@@ -6,6 +6,8 @@
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "gridedit/clsFlexGridEdit.h"
+#include "menu/MenuFile.h"
+#include "menu/MenuRestore.h"
 #include "platform/ProgramFolder.h"
 
 namespace korvex {
@@ -19,6 +21,7 @@ constexpr std::array<int, 13> columnWidths = {700, 900, 1800, 3000, 2600, 3000, 
 constexpr int keyR = 82;
 constexpr int keyS = 83;
 
+const std::string restoreTitle = "Restore Menu Settings to FT-2000";
 const std::string selectFirst = "Aborted. Select first a Column in Settings  1 to 4 !";
 const std::string selectFirstToWrite = "Aborted. Select first a Column: Settings1 or Settings 2!";
 
@@ -29,7 +32,7 @@ MenuManager::MenuManager(MenuManagerNeeds needs)
       m_link(m_needs.terminal.link()),
       m_database({m_needs.database, m_needs.clock, m_needs.msgBox, m_link.progress(), FlexGrid1,
                   m_needs.programFolder + "/" + std::string(descriptionDatabaseName)}),
-      m_writer(m_needs.terminal, m_needs.clock, m_needs.table),
+      m_writer(m_link),
       m_exchange(m_link, m_needs.clock, m_needs.msgBox, FlexGrid1) {
     m_database.prepareGrid = [this] { prepareGrid(); };
     m_needs.reader.placeAnswer = [this](const std::string& item, const std::string& value) {
@@ -141,11 +144,20 @@ void MenuManager::readComplete() {
 // --- the selected column -> the radio
 
 void MenuManager::mnuRestore_Click() {
-    if (columnChecked(selectFirstToWrite) && !busy() && fillLinesToWrite()) m_writer.start();
+    if (!columnChecked(selectFirstToWrite) || busy()) return;
+    const auto lines = linesOfColumn();
+    if (!lines) return;
+    m_link.panels().Error = "";
+    MenuLines apart = apartFromCatLines(*lines);
+    if (m_link.PortOpen() && mayWriteCatSettings(m_needs.msgBox, apart.cat, restoreTitle)) {
+        apart.items.insert(apart.items.end(), apart.cat.begin(), apart.cat.end());
+    }
+    m_writer.write(std::move(apart.items));
 }
 
 /// A value that cannot be sent stops it all before anything has been sent.
-bool MenuManager::fillLinesToWrite() {
+std::optional<std::vector<std::string>> MenuManager::linesOfColumn() {
+    std::vector<std::string> lines;
     for (int item = 1; item <= menuItemCount; ++item) {
         const std::string number = zeroPadded(item, 3);
         const int row = rowOfItem(number, 0);
@@ -153,13 +165,13 @@ bool MenuManager::fillLinesToWrite() {
         const auto command = menuWriteCommand(number, value);
         if (!command) {
             m_needs.msgBox.exclamation("Menu item " + number + ": \"" + value + "\" is no value; nothing was sent.",
-                                       "Restore Menu Settings to FT-2000");
-            return false;
+                                       restoreTitle);
+            return std::nullopt;
         }
         // Without a row there is nothing to ask or set: the line stays empty.
-        m_needs.table.setLineToWrite(item, row < 0 ? std::string() : *command);
+        lines.push_back(row < 0 ? std::string() : *command);
     }
-    return true;
+    return lines;
 }
 
 // --- gestures

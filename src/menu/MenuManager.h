@@ -1,12 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "base/Property.h"
 #include "menu/DescriptionDatabase.h"
 #include "menu/ItemExchange.h"
 #include "menu/ManagerWriter.h"
-#include "menu/MenuCommandTable.h"
 #include "menu/MenuReader.h"
 #include "platform/MSFlexGrid.h"
 #include "terminal/Terminal.h"
@@ -21,7 +22,6 @@ struct MenuManagerNeeds {
     MsgBox& msgBox;
     Database& database;
     MenuReader& reader;
-    MenuCommandTable& table;
     WindowState& window;
     std::string programFolder;  ///< UTF-8, without a slash at the end
 };
@@ -78,7 +78,7 @@ private:
     void prepareGrid();
     void placeAnswer(const std::string& item, const std::string& value);
     void readComplete();
-    bool fillLinesToWrite();
+    std::optional<std::vector<std::string>> linesOfColumn();
     int rowOfItem(const std::string& item, int from) const;
     void saveGrid();
     void showLabel(const std::string& text, bool yellow);

@@ -1,103 +1,51 @@
 #include "menu/MenuWriter.h"
 
+#include <utility>
+
 #include "base/CodePage.h"
 #include "base/Lines.h"
-#include "menu/MenuFile.h"
-#include "platform/TextFile.h"
+#include "menu/MenuCommandTable.h"
 
 namespace korvex {
 
-MenuWriter::MenuWriter(Terminal& terminal, Clock& clock, MenuCommandTable& table)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_timer6(clock.makeTimer()) {
-    m_timer6->setInterval(50);
-    m_connections += m_timer6->tick.connect([this] { Timer6_Timer(); });
-    m_connections += m_link.closed.connect([this] { onPortClosed(); });
-}
-
-void MenuWriter::mnu_Restore_Click() {
-    m_link.setActiveOperation(ActiveOperation::MenuWrite);
+void MenuWriter::write(std::vector<std::string> lines) {
+    const int count = static_cast<int>(lines.size());
+    auto operation = m_link.begin({ActiveOperation::MenuWrite,
+                                   "Writing the menu",
+                                   count,
+                                   {"line", "lines", true},
+                                   "Restore Menu to FT2000",
+                                   155});
+    if (!operation) return ended.emit(m_link.notBegun());
+    m_operation = std::move(operation);
+    m_lines = std::move(lines);
     m_link.clearTraffic();
     m_link.panels().Error = "";
-    if (!loadMenuFile()) return;
-    if (!m_link.PortOpen()) {
-        ended.emit(TransferEnd::PortClosed);
-        return;
-    }
-    m_link.received().clear();
-    m_link.progress().caption = "Restore Menu to FT2000";
-    m_link.progress().maximum = 155;
-    m_link.progress().value = 0;
-    m_link.progress().show();
-    m_writeIndex = 1;
-    m_timer6->setEnabled(true);
-}
-
-bool MenuWriter::loadMenuFile() {
-    const auto file = m_terminal.askForFile({FileDialogRequest::Mode::Open, "Restore Menu to FT-2000 ",
-                                             "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", "txt"});
-    if (!file) {
-        ended.emit(TransferEnd::Cancelled);
-        return false;
-    }
-    const auto content = textfile::read(*file);
-    if (!content) {
-        m_terminal.tellFileError(content.error());
-        ended.emit(TransferEnd::FileFailed);
-        return false;
-    }
-    const auto lines = menuFileLines(*content);
-    if (!lines) {
-        m_link.panels().Error = lines.error().text;
-        ended.emit(TransferEnd::FileFailed);
-        return false;
-    }
-    int row = 0;
-    for (const auto& line : *lines) m_table.setLineToWrite(++row, line);
-    return true;
-}
-
-void MenuWriter::Timer6_Timer() {
-    if (m_link.activeOperation() != ActiveOperation::MenuWrite) {
-        // Another operation was started meanwhile: the panels are its own now.
-        m_timer6->setEnabled(false);
-        m_link.leaveProgress();
-        ended.emit(TransferEnd::NoAnswer);
-        return;
-    }
-    if (m_phase.isSet()) writeNext();
-    if (m_writeIndex == menuItemCount + 1) {
-        finish();
-    } else {
-        m_phase.invert();
-    }
+    m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    m_operation->every(50, m_phase, [this] { writeNext(); });
 }
 
 void MenuWriter::writeNext() {
-    const std::string& line = m_table.lineToWrite(m_writeIndex);
+    const int done = m_operation->item();
+    if (static_cast<std::size_t>(done) >= m_lines.size()) return finish();
+    const std::string& line = m_lines[static_cast<std::size_t>(done)];
+    const std::string sent = line + std::string(crLf);
     m_link.lineWritten = utf8FromWire(line);
-    if (!m_link.PortOpen()) return;
-    m_link.send(line + std::string(crLf));
-    m_link.panels().Error = "Writing Menu " + utf8FromWire(line.size() > 2 ? line.substr(2, 3) : std::string());
-    m_link.sent().append(line + std::string(crLf));
+    m_operation->send(sent);
+    m_link.panels().Error = "Writing Menu " + itemInLine(line);
+    m_link.sent().append(sent);
     m_link.received().append(line + "  ");
-    m_link.progress().value = m_writeIndex;
-    ++m_writeIndex;
+    m_operation->step(done + 1);
+    if (static_cast<std::size_t>(done) + 1 == m_lines.size()) finish();
 }
 
 void MenuWriter::finish() {
-    m_timer6->setEnabled(false);
+    m_phase.invert();  // the next writing begins with the half step that works
     m_link.panels().Error = "Terminated";
     m_link.lineWritten = "Terminated";
     m_link.sent().append("Terminated\r\n");
-    m_link.setActiveOperation(ActiveOperation::Idle);
-    m_link.progress().hide();
-    ended.emit(TransferEnd::Done);
-}
-
-void MenuWriter::onPortClosed() {
-    if (!m_timer6->Enabled()) return;
-    m_timer6->setEnabled(false);
-    ended.emit(TransferEnd::PortClosed);
+    const int count = static_cast<int>(m_lines.size());
+    m_operation->end({Outcome::Kind::Done, count, count, {}, {}});
 }
 
 }  // namespace korvex

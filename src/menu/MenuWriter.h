@@ -1,42 +1,34 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
+#include "cat/CatLink.h"
 #include "cat/PhaseFlag.h"
-#include "menu/MenuCommandTable.h"
-#include "platform/Clock.h"
-#include "terminal/Terminal.h"
-#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
-/// Writes a menu file back into the radio: one line every 100 ms, each followed by CR LF, without waiting for anything;
-/// the radio says nothing to a set that it takes. Always rows 1 to 149 of the table go out, also for a shorter file: a
-/// row that was never filled is CR LF alone, which the radio passes over.
+/// Writes lines into the radio's menu: one every 100 ms, each followed by CR LF, without waiting for anything; the
+/// radio says nothing to a set that it takes. An empty line is CR LF alone, which the radio passes over.
 class MenuWriter {
 public:
-    MenuWriter(Terminal& terminal, Clock& clock, MenuCommandTable& table);
+    explicit MenuWriter(CatLink& link) : m_link(link) {}
 
-    /// "&Restore Menu to FT2000". With the port closed the file is only loaded.
-    void mnu_Restore_Click();
+    /// Wire text without line ends. Another operation that has the line is asked about first.
+    void write(std::vector<std::string> lines);
 
-    bool running() const { return m_timer6->Enabled(); }
+    bool running() const { return m_operation && m_operation->running(); }
     Signal<const Outcome&> ended;
 
 private:
-    bool loadMenuFile();
-    void Timer6_Timer();
     void writeNext();
     void finish();
-    void onPortClosed();
 
-    Terminal& m_terminal;
     CatLink& m_link;
-    MenuCommandTable& m_table;
-    std::unique_ptr<Timer> m_timer6;
+    std::unique_ptr<Operation> m_operation;
     PhaseFlag m_phase;
-    int m_writeIndex = 1;  // next row to write; 150 when all are out
-    Connections m_connections;
+    std::vector<std::string> m_lines;
 };
 
 }  // namespace korvex

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/CliBench.h"
+#include "cli/MenuRestoreSteps.h"
 
 namespace korvex::cli {
 namespace {
@@ -13,7 +14,8 @@ TEST(Session, SavesAndRestoresTheMenu) {
     const std::string saved = fakes::fileContent(file);
     EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), 149);
     EXPECT_EQ(bench.run({"--demo", "restore", "menu", file}), ExitCode::Done);
-    EXPECT_EQ(bench.err.str(), "");
+    EXPECT_EQ(bench.err.str(), "korvexctl: " + std::string(catSettingsLeft) + "\n");
+    EXPECT_EQ(bench.sent.find("EX028"), std::string::npos);
 }
 
 TEST(Session, SendsACommandAndPrintsTheAnswer) {
@@ -53,8 +55,11 @@ TEST(Session, EachTroubleHasItsExitCodeAndLeavesNoFile) {
     EXPECT_EQ(bench.run({"save", "toast", file}), ExitCode::Usage);
     fakes::writeFile(file, "EX0421;\r\nTX1;\r\n");
     EXPECT_EQ(bench.run({"restore", "menu", file}), ExitCode::File);
-    fakes::writeFile(file, "EX9991;\r\n");
-    EXPECT_EQ(bench.run({"restore", "menu", file}), ExitCode::Answers);
+    fakes::writeFile(file, "EX0421;\r\n");
+    EXPECT_EQ(bench.run({"restore", "menu", file}), ExitCode::File);
+    EXPECT_NE(bench.err.str().find("it holds 1 of 149 menu items"), std::string::npos);
+    EXPECT_EQ(bench.sent, "");
+    EXPECT_EQ(bench.run({"restore", "menu", "--force", file}), ExitCode::Answers) << "one digit is none of its values";
     EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
 }
 
@@ -141,7 +146,7 @@ TEST(Session, RefusesAFileThatHoldsNothingForTheRadioOrMoreThanItTakes) {
     CliBench bench;
     const std::string file = bench.folder.file("given");
     const std::vector<std::pair<std::string, std::string>> useless = {
-        {"menu", "Dear OM,\r\n"},
+        {"menu", "\r\n?;\r\n"},
         {"memory", "\r\n\r\n"},
         {"memory", "Location,Name,Frequency\r\n"},
         {"list", "Location,Name,Frequency\r\n0,DX,14.2\r\n"},
@@ -179,11 +184,16 @@ TEST(CommandLine, RefusesWhatItDoesNotUnderstand) {
              {"backup", "a", "b"},
              {"save", "menu", "a", "--verify"},
              {"restore", "menu", "a", "--verify", "--dry-run"},
-             {"restore", "menu", "a", "--with-cat"},
+             {"restore", "memory", "a", "--with-cat"},
+             {"save", "menu", "a", "--force"},
+             {"send", "FA\nTX1;"},
+             {"send", "--allow-transmit", "FA\nTX1;"},
+             {"send", "FA;\tFB;"},
          }) {
         EXPECT_FALSE(parseArguments(bad)) << testing::PrintToString(bad);
     }
     EXPECT_TRUE(parseArguments({"--allow-transmit", "send", "TX1;"}));
+    EXPECT_TRUE(parseArguments({"send", "FA;\r\n"}));
     EXPECT_EQ(parseArguments({"--help"})->verb, Command::Verb::Help);
 }
 

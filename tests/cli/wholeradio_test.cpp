@@ -152,6 +152,8 @@ TEST_F(WholeRadio, DryRunSaysWhatWouldBeSentWithoutARadio) {
         EXPECT_EQ(bench.out.str(), sent) << kind;
         bench.ports.plugIn();
     }
+    ASSERT_EQ(bench.run({"restore", "menu", "--with-cat", file("menu.mnu")}), ExitCode::Done);
+    EXPECT_TRUE(bench.sent.ends_with("EX0291;\nEX0300;\nEX0283;\n")) << bench.sent;
     EXPECT_EQ(bench.run({"restore-all", "--dry-run", backup}), ExitCode::Done);
     EXPECT_TRUE(said("EX031")) << bench.out.str();
     EXPECT_FALSE(said("EX028"));
@@ -186,6 +188,9 @@ TEST_F(WholeRadio, NothingIsSentWhenOneFileIsBad) {
     EXPECT_EQ(bench.run({"restore-all", backup}), ExitCode::File);
     EXPECT_EQ(bench.sent, "");
     EXPECT_EQ(bench.run({"restore-all", dir}), ExitCode::File) << "a folder without a backup";
+    fakes::writeFile(file("menu.mnu"), "EX0421;\r\n");
+    EXPECT_EQ(bench.run({"restore-all", backup}), ExitCode::File);
+    EXPECT_EQ(bench.sent, "");
     EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
 }
 

@@ -28,7 +28,7 @@ void writeList(TroubleBench& bench) {
 }
 
 constexpr Way ways[] = {
-    {'m', [](TroubleBench& b) { b.program.menuWriter.mnu_Restore_Click(); },
+    {'m', [](TroubleBench& b) { b.program.menuRestore.mnu_Restore_Click(); },
      [](TroubleBench& b) { return b.program.menuWriter.running(); }},
     {'e', [](TroubleBench& b) { b.program.memory.restorer.mnu_restMem_Click(); },
      [](TroubleBench& b) { return b.program.memory.restorer.running(); }},

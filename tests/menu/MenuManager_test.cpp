@@ -150,6 +150,28 @@ TEST_F(MenuManagerTest, WritesAColumnALineEvery100MsAndClosesThePort) {
     EXPECT_EQ(line.writes.size(), 149U);
 }
 
+TEST_F(MenuManagerTest, TheRadiosCatSettingsAreAskedAboutAndComeLast) {
+    select(7);
+    const std::string asked = "(menu items 029, 030, 028)";
+    for (int row = 1; row < grid.Rows(); ++row) {
+        if (!cell(row, 0).empty()) grid.setTextMatrix(row, 7, "2");
+    }
+    bench.msgBox.foresee(asked, MsgAnswer::No);
+    manager.mnuRestore_Click();
+    bench.clock.advance(20'000);
+    EXPECT_EQ(line.writes.size(), 146U);
+    EXPECT_EQ(line.story().find("EX028"), std::string::npos);
+
+    bench.openPort();
+    line.forgetWrites();
+    bench.msgBox.foresee(asked, MsgAnswer::Yes);
+    manager.mnuRestore_Click();
+    bench.clock.advance(20'000);
+    ASSERT_EQ(line.writes.size(), 149U);
+    EXPECT_EQ(line.writes[145].text, "EX1492;\r\n");
+    EXPECT_EQ(line.writes[148].text, "EX0282;\r\n");
+}
+
 TEST_F(MenuManagerTest, WithoutASelectedColumnNothingStarts) {
     const std::string complaint = "Aborted. Select first a Column in Settings  1 to 4 !";
     bench.msgBox.foresee(complaint);
@@ -262,7 +284,7 @@ TEST_F(MenuManagerTest, KeysActOnItemsOfSettingsColumnsOnly) {
 }
 
 TEST_F(MenuManagerTest, AValueThatWouldBecomeAnotherCommandIsNeverSent) {
-    for (const std::string bad : {"1;TX1", "1;", "1\r\nTX1;", "Ω"}) {
+    for (const std::string bad : {"1;TX1", "1;", "1\r\nTX1;", "Ω", "ä", "ON", "+", "1 2"}) {
         grid.setTextMatrix(53, 7, bad);
         grid.setCurrent(53, 7);
         bench.msgBox.foresee("042");
@@ -276,7 +298,7 @@ TEST_F(MenuManagerTest, AValueThatWouldBecomeAnotherCommandIsNeverSent) {
 }
 
 TEST_F(MenuManagerTest, ATransferIsLeftAloneAndEndsWithThePort) {
-    select(7);
+    select(8);
     manager.mnuRestore_Click();
     bench.clock.advance(1'000);
     bench.program.progress.hide();  // the user closes the progress window

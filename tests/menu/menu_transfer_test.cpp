@@ -23,13 +23,21 @@ protected:
         bench.openPort();
         line.forgetWrites();
         ended = bench.program.menuReader.ended.connect([this](TransferEnd end) { ends.push_back(end); });
-        writeEnded = bench.program.menuWriter.ended.connect([this](TransferEnd end) { ends.push_back(end); });
+        writeEnded = bench.program.menuRestore.ended.connect([this](TransferEnd end) { ends.push_back(end); });
     }
 
     static std::string wholeFile() {
         std::string text;
         for (int item = 1; item <= 149; ++item) text += "EX" + zeroPadded(item, 3) + "1;\r\n";
         return text;
+    }
+
+    /// The file goes into the radio; what is asked about its CAT settings is answered as given.
+    void restore(const std::string& content, MsgAnswer withCat = MsgAnswer::Yes) {
+        fakes::writeFile(file, content);
+        bench.fileDialog.choose(file);
+        if (content.find("EX0281;") != std::string::npos) bench.msgBox.foresee("(menu items 029, 030, 028)", withCat);
+        program.menuRestore.mnu_Restore_Click();
     }
 
     Bench bench;
@@ -123,9 +131,7 @@ TEST_F(MenuTransferTest, ClosingThePortEndsEitherTransferAtOnceAndWritesNothing)
     EXPECT_FALSE(program.progress.visible);
 
     bench.openPort();
-    fakes::writeFile(file, wholeFile());
-    bench.fileDialog.choose(file);
-    program.menuWriter.mnu_Restore_Click();
+    restore(wholeFile());
     bench.clock.advance(5'000);
     bench.msgBox.foresee("");
     line.goAway();
@@ -155,50 +161,96 @@ TEST_F(MenuTransferTest, ACancelledDialogOrABadFolderLeavesNoFile) {
 TEST_F(MenuTransferTest, RestoresALineEvery100MsAndSaysTerminated) {
     std::string content = wholeFile();
     content.resize(content.size() - 2);  // no line end at the end
-    fakes::writeFile(file, content);
-    bench.fileDialog.choose(file);
-    program.menuWriter.mnu_Restore_Click();
+    restore(content);
     EXPECT_EQ(program.progress.caption.get(), "Restore Menu to FT2000");
-    bench.clock.advance(100);
+    EXPECT_EQ(program.progress.maximum, 155);
+    bench.clock.advance(99);
+    EXPECT_EQ(line.story(), "");
+    bench.clock.advance(1);
     EXPECT_EQ(line.story(), "100 EX0011;\r\n");
     EXPECT_EQ(bench.error(), "Writing Menu 001");
     EXPECT_EQ(program.link.lineWritten.get(), "EX0011;");
     EXPECT_EQ(program.link.received().text(), "EX0011;  ");
-    bench.clock.advance(20'000);
+    bench.clock.advance(14'799);
+    EXPECT_EQ(line.writes.size(), 148U);
+    bench.clock.advance(1);
     ASSERT_EQ(line.writes.size(), 149U);
-    EXPECT_EQ(line.writes.back(), (fakes::ScriptedLine::Write{14'900, "EX1491;\r\n"}));
+    // What can cut the line comes last, the speed at the very end.
+    EXPECT_EQ(line.writes.at(27).text, "EX0311;\r\n");
+    EXPECT_EQ(line.writes.at(145).text, "EX1491;\r\n");
+    EXPECT_EQ(line.writes.at(146).text, "EX0291;\r\n");
+    EXPECT_EQ(line.writes.back(), (fakes::ScriptedLine::Write{14'900, "EX0281;\r\n"}));
     EXPECT_EQ(bench.error(), "Terminated");
     EXPECT_EQ(program.link.lineWritten.get(), "Terminated");
-    EXPECT_TRUE(program.link.sent().text().ends_with("EX1491;\r\nTerminated\r\n"));
+    EXPECT_TRUE(program.link.sent().text().ends_with("EX0281;\r\nTerminated\r\n"));
     EXPECT_EQ(program.link.activeOperation(), ActiveOperation::Idle);
     EXPECT_FALSE(program.progress.visible);
+
+    // The second one begins as punctually, and leaves the CAT settings alone when it is told to.
+    line.forgetWrites();
+    restore(content, MsgAnswer::No);
+    bench.clock.advance(100);
+    EXPECT_EQ(line.writes.size(), 1U);
+    bench.clock.advance(20'000);
+    EXPECT_EQ(line.writes.size(), 146U);
+    EXPECT_EQ(line.story().find("EX028"), std::string::npos);
+    EXPECT_EQ(ends, (std::vector<TransferEnd>{TransferEnd::Done, TransferEnd::Done}));
 }
 
-TEST_F(MenuTransferTest, AShortFileIsFollowedByWhatTheTableHoldsAndBareLineEnds) {
-    fakes::writeFile(file, "EX0015;\nEX0025;\r\n\"EX0035;\"\r\n");
-    bench.fileDialog.choose(file);
-    program.menuWriter.mnu_Restore_Click();
+TEST_F(MenuTransferTest, AnIncompleteFileIsAskedAboutAndFollowedByBareLineEnds) {
+    const std::string text = "holds 3 of 149";
+    bench.msgBox.foresee(text, MsgAnswer::No);
+    restore("EX0015;\nEX0025;\r\n?;\r\n\"EX0045;\"\r\n");
+    bench.clock.advance(20'000);
+    EXPECT_EQ(line.story(), "");
+    EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::Cancelled});
+
+    bench.msgBox.foresee(text, MsgAnswer::Yes);
+    restore("EX0015;\nEX0025;\r\n?;\r\n\"EX0045;\"\r\n");
     bench.clock.advance(20'000);
     ASSERT_EQ(line.writes.size(), 149U);
-    EXPECT_EQ(line.writes.at(2).text, "EX0035;\r\n");
-    EXPECT_EQ(line.writes.at(3).text, "\r\n");
+    EXPECT_EQ(line.writes.at(2).text, "\r\n");  // the radio did not tell it, so there is nothing to set
+    EXPECT_EQ(line.writes.at(3).text, "EX0045;\r\n");
+    EXPECT_EQ(line.writes.at(4).text, "\r\n");
 }
 
 TEST_F(MenuTransferTest, FilesThatAreNoMenuFilesSendNothing) {
     std::string tooLong;
     for (int i = 0; i < 10'000; ++i) tooLong += "EX0011;\r\n";
-    for (const std::string& content : {tooLong, wholeFile() + "TX1;\r\n"}) {
+    const std::vector<std::pair<std::string, std::string>> files = {
+        {tooLong, "more than 152 lines"},
+        {wholeFile() + "TX1;\r\n", "Line 150 (TX1;) would key the transmitter"},
+        {"EX0011;\r\n\"EX0021\r\nTX1;\"\r\n", "Line 2"},
+        {"MW0010145000000000021000000;\r\n", "Line 1 (MW001014500000000002)"},
+        {"EX0011\r\n", "Line 1 (EX0011) is no line of a menu file"},
+        {"EX001;\r\n", "Line 1"},
+        {"EX0001;\r\n", "Line 1"},
+        {"EX1501;\r\n", "Line 1"},
+        {"EX0011;\r\nEX002A;\r\n", "Line 2"},
+        {"EX001+;\r\n", "Line 1"},
+        {std::string("\x7f"
+                     "ELF\x02\x01\x01",
+                     7),
+         "Line 1"},
+        {"KM1CQ CQ|DE|\r\n", "Line 1"},
+        {"", "There is no menu item in it"},
+        {"?;\r\n\r\n", "There is no menu item in it"},
+    };
+    for (const auto& [content, why] : files) {
         fakes::writeFile(file, content);
         bench.fileDialog.choose(file);
-        program.menuWriter.mnu_Restore_Click();
-        EXPECT_NE(bench.error().find("nothing was sent"), std::string::npos);
+        bench.msgBox.foresee(why);
+        program.menuRestore.mnu_Restore_Click();
+        EXPECT_NE(bench.error().find(why), std::string::npos) << bench.error();
+        EXPECT_NE(bench.error().find("nothing was sent"), std::string::npos) << why;
     }
     bench.fileDialog.choose(bench.folder.file("missing.mnu"));
     bench.msgBox.foresee("missing.mnu");
-    program.menuWriter.mnu_Restore_Click();
+    program.menuRestore.mnu_Restore_Click();
     EXPECT_EQ(bench.msgBox.shown.back().title, "File not found");
     bench.clock.advance(20'000);
     EXPECT_EQ(line.story(), "");
+    EXPECT_EQ(ends, std::vector<TransferEnd>(files.size() + 1, TransferEnd::FileFailed));
 }
 
 TEST_F(MenuTransferTest, AnswersThatNobodyAskedForOrThatComeTogetherMoveNoRow) {
@@ -227,16 +279,24 @@ TEST_F(MenuTransferTest, ARefusalBehindNoiseIsARefusal) {
     EXPECT_EQ(fakes::fileContent(file), expected);
 }
 
-TEST_F(MenuTransferTest, TheOperationThatStartsLastIsAlone) {
-    fakes::writeFile(file, wholeFile());
-    bench.fileDialog.choose(file);
-    program.menuWriter.mnu_Restore_Click();
+TEST_F(MenuTransferTest, OneTransferAtATimeAndACancelledDialogLeavesItAlone) {
+    restore(wholeFile());
     bench.clock.advance(1'000);
-    bench.fileDialog.choose(bench.folder.file("read.mnu"));
-    program.menuReader.mnu_Store_Click();
+    bench.fileDialog.cancel();
+    program.menuRestore.mnu_Restore_Click();
+    bench.fileDialog.choose(file);
+    bench.msgBox.foresee("CAT settings", MsgAnswer::Yes);
+    bench.msgBox.foresee("Writing the menu, line 10 of 149. Stop it?", MsgAnswer::No);
+    program.menuRestore.mnu_Restore_Click();
+    EXPECT_TRUE(program.progress.visible);
+    bench.clock.advance(1'000);
+    EXPECT_EQ(line.writes.size(), 20U);
+    program.progress.cancelled.emit();
+    EXPECT_FALSE(program.progress.visible);
+    EXPECT_EQ(bench.error(), "Stopped at line 20 of 149; lines 1 to 19 are in the radio.");
     bench.clock.advance(20'000);
-    EXPECT_EQ(fakes::fileContent(bench.folder.file("read.mnu")), wholeFile());
-    EXPECT_EQ(ends, (std::vector<TransferEnd>{TransferEnd::NoAnswer, TransferEnd::Done}));
+    EXPECT_EQ(line.writes.size(), 20U);
+    EXPECT_EQ(ends, std::vector<TransferEnd>(3, TransferEnd::Cancelled));
 }
 
 TEST_F(MenuTransferTest, AStallCausesNoBurst) {
@@ -268,7 +328,8 @@ TEST(MenuRoundTrip, WhatWasSavedComesBackIntoAnotherRadio) {
         bench.ports.radio().answer(answer);
     }
     bench.fileDialog.choose(file);
-    bench.program.menuWriter.mnu_Restore_Click();
+    bench.msgBox.foresee("CAT settings", MsgAnswer::Yes);
+    bench.program.menuRestore.mnu_Restore_Click();
     bench.clock.advance(20'000);
     bench.fileDialog.choose(bench.folder.file("again.mnu"));
     bench.program.menuReader.mnu_Store_Click();

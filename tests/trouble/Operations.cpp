@@ -283,7 +283,7 @@ const std::vector<TriedOperation>& operations() {
     static const std::vector<TriedOperation> all = {
         {"menu read", nothing, readMenu, [](TroubleBench& b) { return b.program.menuReader.running(); }, "menu reader",
          targetFile, toldInTheReceiveDisplay, "EX042"},
-        {"menu write", prepareMenuFile, [](TroubleBench& b) { b.program.menuWriter.mnu_Restore_Click(); },
+        {"menu write", prepareMenuFile, [](TroubleBench& b) { b.program.menuRestore.mnu_Restore_Click(); },
          [](TroubleBench& b) { return b.program.menuWriter.running(); }, "menu writer", radioState, untold, "EX042"},
         {"menu read into the Menu Manager", prepareManager,
          [](TroubleBench& b) { b.program.menuManager.mnu_readSettings_Click(); },

@@ -23,13 +23,13 @@ TroubleBench::TroubleBench() {
         fileDialog.choose(mode == Mode::Folder ? backups : mode == Mode::Save ? target : source);
     };
     msgBox.whileShown = [this] {
-        const bool wantsTheLine = msgBox.shown.back().text.ends_with("Stop it?");
-        msgBox.foresee("", wantsTheLine ? MsgAnswer::Yes : MsgAnswer::Ok);
+        const bool isQuestion = msgBox.shown.back().buttons == MsgButtons::YesNoCareful;
+        msgBox.foresee("", isQuestion ? MsgAnswer::Yes : MsgAnswer::Ok);
     };
     auto& bandStack = program.bandStackWindow;
     auto& keyer = program.keyerWindow;
     listenTo("menu reader", program.menuReader.ended);
-    listenTo("menu writer", program.menuWriter.ended);
+    listenTo("menu writer", program.menuRestore.ended);
     listenTo("backup", program.backup.ended);
     listenTo("Menu Manager writer", program.menuManager.writer().ended);
     listenTo("menu item exchange", program.menuManager.exchange().ended);

@@ -74,7 +74,7 @@ private:
 
     void comeToRest() {
         expectSilence();
-        EXPECT_LE(m_bench.msgBox.shown.size(), 2U);
+        EXPECT_LE(m_bench.msgBox.shown.size(), 3U);
         m_bench.closePorts();
         expectSilence();
     }

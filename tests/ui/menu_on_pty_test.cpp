@@ -70,8 +70,9 @@ TEST_F(WindowsOnPty, SaveTheMenuAndRestoreItIntoAChangedRadio) {
 
     program.link.send("EX042099;EX0280;");
     fileDialog.choose(first);
+    msgBox.foresee("CAT settings", MsgAnswer::Yes);
     entry("mnu_Restore")->trigger();
-    ASSERT_TRUE(until([this] { return program.menuWriter.running(); }, 2'000));
+    ASSERT_TRUE(until([this] { return program.menuRestore.running(); }, 2'000));
     EXPECT_TRUE(until([] { return shown("Term2").contains(QStringLiteral("EX0")); }, 2'000));
     ASSERT_TRUE(until([this] { return terminated(); }, 20'000));
     const std::string second = folder.file("second.mnu");

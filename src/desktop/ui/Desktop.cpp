@@ -71,7 +71,7 @@ std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
     return std::make_unique<frmTerm>(m_program.terminal, m_program.windows, m_program.machine().settings,
                                      TerminalActions{
                                          .saveMenu = [this] { m_program.menuReader.mnu_Store_Click(); },
-                                         .restoreMenu = [this] { m_program.menuWriter.mnu_Restore_Click(); },
+                                         .restoreMenu = [this] { m_program.menuRestore.mnu_Restore_Click(); },
                                          .saveMemories = [this] { m_program.memory.reader.mnu_saveMem_Click(); },
                                          .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },
                                          .portSettings = [this] { showPortSettings(); },
