@@ -68,40 +68,37 @@ target_link_libraries(korvex_ui PUBLIC korvex_qt Qt6::Widgets PRIVATE Qt6::Svg)
 
 include(GNUInstallDirs)
 
-if(EXISTS ${PROJECT_SOURCE_DIR}/src/desktop/ui/main.cpp)
-  qt_add_executable(korvex src/desktop/ui/main.cpp)
-  korvex_qt_target(korvex)
-  korvex_resources(korvex)
-  target_link_libraries(korvex PRIVATE korvex_ui)
-  install(TARGETS korvex)
-endif()
+# The menu descriptions that come with the program. Korvex copies them into its program folder where there are none.
+add_executable(make_descriptions tools/make_descriptions.cpp)
+korvex_qt_target(make_descriptions)
+target_link_libraries(make_descriptions PRIVATE korvex_qt)
+set(descriptions ${PROJECT_BINARY_DIR}/data/FT2000_Menu.mdb)
+add_custom_command(OUTPUT ${descriptions}
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/data
+  COMMAND ${CMAKE_COMMAND} -E rm -f ${descriptions}
+  COMMAND ${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0
+    $<TARGET_FILE:make_descriptions> ${descriptions} ${PROJECT_SOURCE_DIR}/data/menu-description.tsv
+  DEPENDS make_descriptions data/menu-description.tsv
+  COMMENT "Making the menu descriptions" VERBATIM)
+add_custom_target(korvex_descriptions DEPENDS ${descriptions})
+install(FILES ${descriptions} DESTINATION ${CMAKE_INSTALL_DATADIR}/korvex)
 
-if(EXISTS ${PROJECT_SOURCE_DIR}/src/cli/main.cpp)
-  add_executable(korvexctl src/cli/main.cpp)
-  korvex_qt_target(korvexctl)
-  target_link_libraries(korvexctl PRIVATE korvex_qt)
-  install(TARGETS korvexctl)
+# Whoever builds a program gets the descriptions along, whichever target he named.
+qt_add_executable(korvex src/desktop/ui/main.cpp)
+korvex_qt_target(korvex)
+korvex_resources(korvex)
+target_link_libraries(korvex PRIVATE korvex_ui)
+add_dependencies(korvex korvex_descriptions)
 
-  # The menu descriptions that come with the program. Korvex copies them into its program folder where there are none.
-  set(descriptions ${PROJECT_BINARY_DIR}/data/FT2000_Menu.mdb)
-  add_custom_command(OUTPUT ${descriptions}
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/data
-    COMMAND ${CMAKE_COMMAND} -E rm -f ${descriptions}
-    COMMAND ${CMAKE_COMMAND} -E env ASAN_OPTIONS=detect_leaks=0
-      $<TARGET_FILE:korvexctl> --database ${descriptions} description import ${PROJECT_SOURCE_DIR}/data/menu-description.tsv
-    DEPENDS korvexctl data/menu-description.tsv VERBATIM)
-  add_custom_target(korvex_descriptions ALL DEPENDS ${descriptions})
-  install(FILES ${descriptions} DESTINATION ${CMAKE_INSTALL_DATADIR}/korvex)
-endif()
+add_executable(korvexctl src/cli/main.cpp)
+korvex_qt_target(korvexctl)
+target_link_libraries(korvexctl PRIVATE korvex_qt)
+add_dependencies(korvexctl korvex_descriptions)
+install(TARGETS korvex korvexctl)
 
 if(TARGET ft2000sim)
   install(TARGETS ft2000sim)
 endif()
-if(EXISTS ${PROJECT_SOURCE_DIR}/data/helpfile)
-  install(DIRECTORY data/helpfile DESTINATION ${CMAKE_INSTALL_DATADIR}/korvex)
-endif()
-
-if(TARGET korvex)
-  install(FILES packaging/korvex.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-  install(FILES data/images/korvex.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-endif()
+install(DIRECTORY data/helpfile DESTINATION ${CMAKE_INSTALL_DATADIR}/korvex)
+install(FILES packaging/korvex.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES data/images/korvex.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
