@@ -1,5 +1,6 @@
 #include "eq/ui/frmEQ_Set.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -111,6 +112,14 @@ TEST_F(EqFormTest, IndicatorsFollowThePortAndTheButtonTheProcessor) {
     EXPECT_FALSE(find<QToolButton>("imgNotConnected")->isVisible());
     EXPECT_EQ(label("Label6"), " Reading EQ Settings of FT-2000");
     EXPECT_EQ(label("Settings"), "Settings: Port 1, 4800,n,8,2");
+
+    auto* access = QAccessible::queryAccessibleInterface(find<QToolButton>("openPort"));
+    for (const bool open : {false, true}) {
+        access->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        QApplication::processEvents();
+        EXPECT_EQ(logic.isPortOpen(), open);
+        EXPECT_EQ(static_cast<bool>(access->state().checked), open);
+    }
 
     auto* off = find<QPushButton>("Command1_0");
     auto* on = find<QPushButton>("Command1_1");

@@ -151,6 +151,30 @@ TEST_F(TerminalWindow, TypingPastingAndAssistiveProgramsAllSendTheSame) {
     EXPECT_EQ(sent->toPlainText(), QString());
 }
 
+TEST_F(TerminalWindow, AnAssistiveToggleOfTheToolBarSwitchesThePortAndShowsItsTrueState) {
+    auto* button = control<QToolButton>("openPort");
+    auto* access = QAccessible::queryAccessibleInterface(button);
+    const auto toggle = [&] {
+        access->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        settle();
+    };
+    toggle();
+    EXPECT_TRUE(bench.program.link.PortOpen());
+    EXPECT_TRUE(access->state().checked && control<QAction>("mnu_openPort")->isChecked());
+    button->click();
+    settle();
+    EXPECT_FALSE(bench.program.link.PortOpen() || access->state().checked);
+    line.openFailure = RuntimeError{errors::PortAlreadyOpen, "held"};
+    bench.msgBox.foresee("held");
+    toggle();
+    EXPECT_FALSE(bench.program.link.PortOpen() || access->state().checked);
+    line.openFailure.reset();
+    toggle();
+    bench.program.link.closePort();
+    settle();  // the mark that followed the closing asks for nothing
+    EXPECT_FALSE(bench.program.link.PortOpen() || access->state().checked);
+}
+
 TEST_F(TerminalWindow, EveryControlHasANameThatAPersonUnderstands) {
     for (const char* name : {"Term2", "term3", "txtPath", "Text2", "cmd3"}) {
         EXPECT_FALSE(control<QWidget>(name)->accessibleName().isEmpty()) << name;

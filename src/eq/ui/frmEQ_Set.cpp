@@ -15,6 +15,7 @@
 #include <algorithm>
 
 #include "app/ui/PanelLabel.h"
+#include "app/ui/PortSwitch.h"
 #include "app/ui/SvgArt.h"
 #include "eq/EqWindow.h"
 #include "eq/ui/EqSlider.h"
@@ -48,7 +49,9 @@ void exchangeInPlace(QWidget* going, QWidget* coming) {
 }  // namespace
 
 frmEQ_Set::frmEQ_Set(EqWindow& logic, SettingsStore& settings)
-    : ToolWindow(geometry::equalizer, settings), m_logic(logic) {
+    : ToolWindow(geometry::equalizer, settings),
+      m_logic(logic),
+      m_portSwitch(new PortSwitch([this] { return m_logic.isPortOpen(); }, [this] { m_logic.toggleEqPort(); }, this)) {
     setObjectName(QStringLiteral("frmEQ_Set"));
     setWindowTitle(QStringLiteral("FT-2000 Equalizer Settings"));
     setContextMenuPolicy(Qt::NoContextMenu);
@@ -64,9 +67,9 @@ frmEQ_Set::frmEQ_Set(EqWindow& logic, SettingsStore& settings)
 void frmEQ_Set::buildMenu() {
     auto* menu = menuBar()->addMenu(QStringLiteral("RS-232 Port"));
     menu->setObjectName(QStringLiteral("PortSet"));
-    comop = menu->addAction(QStringLiteral("Open RS-232 Port"));
+    auto* comop = menu->addAction(QStringLiteral("Open RS-232 Port"));
     comop->setObjectName(QStringLiteral("comop"));
-    comop->setCheckable(true);
+    m_portSwitch->add(comop);
     menu->addSeparator();
     auto* exit = menu->addAction(QStringLiteral("Exit"));
     exit->setObjectName(QStringLiteral("mnu_EXit"));
@@ -79,10 +82,10 @@ void frmEQ_Set::buildToolBar() {
     bar->setObjectName(QStringLiteral("tbrToolBar"));
     bar->setMovable(false);
     bar->setIconSize({24, 24});
-    openPort = bar->addAction(svgIcon(QLatin1String(toolBarImage)), QStringLiteral("Open RS-232 Port"));
+    auto* openPort = bar->addAction(svgIcon(QLatin1String(toolBarImage)), QStringLiteral("Open RS-232 Port"));
     openPort->setObjectName(QStringLiteral("openPort"));
     openPort->setToolTip(QStringLiteral("Open RS-232 Port"));
-    openPort->setCheckable(true);
+    m_portSwitch->add(openPort, bar);
     auto* button = bar->widgetForAction(openPort);
     button->setObjectName(QStringLiteral("openPort"));
     button->setAccessibleName(QStringLiteral("Open RS-232 Port"));
@@ -223,11 +226,6 @@ bool frmEQ_Set::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmEQ_Set::wire() {
-    // Queued, as every click here: a box for a port that refuses must not keep an assistive program's call waiting.
-    for (QAction* action : {comop, openPort}) {
-        connect(
-            action, &QAction::triggered, this, [this] { togglePort(); }, Qt::QueuedConnection);
-    }
     for (std::size_t item = 0; item < eqItemCount; ++item) wireItem(item);
     m_connections += m_logic.connected.bind([this](bool connected) { showConnected(connected); });
     m_connections += m_logic.processorOn.bind([this](bool on) { showProcessor(on); });
@@ -236,11 +234,6 @@ void frmEQ_Set::wire() {
         m_logic.exchange().statusText.bind([this](const std::string& text) { Label6->setText(fromUtf8(text)); });
     m_connections += m_logic.storePlace.connect([this] { storePlace(); });
     m_connections += m_logic.hide.connect([this] { hide(); });
-}
-
-void frmEQ_Set::togglePort() {
-    m_logic.toggleEqPort();
-    showConnected(m_logic.connected);  // the check marks follow the port, not the click
 }
 
 void frmEQ_Set::wireItem(std::size_t item) {
@@ -258,8 +251,7 @@ void frmEQ_Set::wireItem(std::size_t item) {
 
 void frmEQ_Set::showConnected(bool connected) {
     m_images->setCurrentWidget(connected ? imgConnected : imgNotConnected);
-    comop->setChecked(connected);
-    openPort->setChecked(connected);
+    m_portSwitch->showState();
 }
 
 void frmEQ_Set::showProcessor(bool on) {

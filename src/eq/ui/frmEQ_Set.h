@@ -7,7 +7,6 @@
 #include "base/Signal.h"
 #include "eq/EqItems.h"
 
-class QAction;
 class QFrame;
 class QGroupBox;
 class QLabel;
@@ -19,6 +18,7 @@ namespace korvex {
 
 class EqSlider;
 class EqWindow;
+class PortSwitch;
 
 /// "FT-2000 Equalizer Settings": nine sliders, the speech processor's button and the switch of the window's own port.
 class frmEQ_Set : public ToolWindow {
@@ -44,13 +44,11 @@ private:
 
     void wire();
     void wireItem(std::size_t item);
-    void togglePort();
     void showConnected(bool connected);
     void showProcessor(bool on);
 
     EqWindow& m_logic;
-    QAction* comop = nullptr;
-    QAction* openPort = nullptr;
+    PortSwitch* m_portSwitch;
     std::array<EqSlider*, eqItemCount> VScroll1{};
     std::array<QLabel*, eqItemCount> Label1{};
     std::array<QPushButton*, 2> Command1{};

@@ -34,7 +34,8 @@ frmTerm::frmTerm(Terminal& terminal, ToolWindows& windows, SettingsStore& settin
     : ToolWindow(geometry::terminal, settings),
       m_terminal(terminal),
       m_link(terminal.link()),
-      m_actions(std::move(actions)) {
+      m_actions(std::move(actions)),
+      m_portSwitch(new PortSwitch([this] { return m_link.PortOpen(); }, [this] { m_link.togglePort(); }, this)) {
     setObjectName(QStringLiteral("frmTerm"));
     setWindowTitle(QStringLiteral("FT-2000 Menu and Memory Saver"));
     makeFileMenu();
@@ -83,8 +84,9 @@ void frmTerm::makeFileMenu() {
 
 void frmTerm::makePortMenu() {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&RS-232 Port"));
-    m_openPort = entry(menu, "mnu_openPort", QStringLiteral("Open Comm-Port "), [this] { m_link.togglePort(); });
-    m_openPort->setCheckable(true);
+    QAction* openPort = menu->addAction(QStringLiteral("Open Comm-Port "));
+    openPort->setObjectName(QStringLiteral("mnu_openPort"));
+    m_portSwitch->add(openPort);
     menu->addSeparator();
     entry(menu, "mnu_portSettings", QStringLiteral("&RS-232 Port Settings"), m_actions.portSettings);
 }
@@ -111,7 +113,6 @@ QAction* frmTerm::toolButton(const char* key, const QString& tip, const char* ic
     QAction* action = bar->addAction(QIcon(QLatin1String(":/images/") + QLatin1String(icon)), tip);
     action->setObjectName(QLatin1String(key));
     action->setToolTip(tip);
-    action->setEnabled(static_cast<bool>(run));
     if (run) connect(action, &QAction::triggered, this, run, Qt::QueuedConnection);
     QWidget* button = bar->widgetForAction(action);
     button->setObjectName(QLatin1String(key));
@@ -129,6 +130,7 @@ void frmTerm::makeToolBar() {
     const auto radioButton = [this](const char* key, const QString& tip, const char* icon,
                                     const std::function<void()>& run) {
         QAction* action = toolButton(key, tip, icon, run);
+        action->setEnabled(static_cast<bool>(run));
         if (run) m_radioActions.append(action);
     };
     radioButton("OpenLogFile", QStringLiteral("Save Menue of FT-2000"), "save-menu.svg", m_actions.saveMenu);
@@ -140,9 +142,7 @@ void frmTerm::makeToolBar() {
     radioButton("Restore_Memory", QStringLiteral("Restore Memory content to FT-2000"), "restore-memory.svg",
                 m_actions.restoreMemories);
     bar->addSeparator();
-    m_openPortButton =
-        toolButton("openPort", QStringLiteral("Open Com Port"), "port-open.svg", [this] { m_link.togglePort(); });
-    m_openPortButton->setCheckable(true);
+    m_portSwitch->add(toolButton("openPort", QStringLiteral("Open Com Port"), "port-open.svg", {}), bar);
     toolButton("Properties", QStringLiteral("Com Port Settings"), "port-settings.svg", m_actions.portSettings);
     auto* spacer = new QWidget(bar);
     spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
@@ -287,16 +287,8 @@ void frmTerm::makeStatusBar() {
 void frmTerm::followPort() {
     m_connections += m_link.indicators().open.bind([this](bool open) {
         for (QAction* action : m_radioActions) action->setEnabled(open);
-        m_openPortButton->setChecked(open);
+        m_portSwitch->showState();
     });
-    // The entry checks itself when it is clicked; only the port's real state may stay.
-    const auto showReal = [this] {
-        m_openPort->setChecked(m_link.PortOpen());
-        m_openPortButton->setChecked(m_link.PortOpen());
-    };
-    connect(m_openPort, &QAction::triggered, this, showReal, Qt::QueuedConnection);
-    connect(m_openPortButton, &QAction::triggered, this, showReal, Qt::QueuedConnection);
-    m_connections += m_link.indicators().open.bind([this](bool open) { m_openPort->setChecked(open); });
 }
 
 }  // namespace korvex

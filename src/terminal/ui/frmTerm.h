@@ -3,6 +3,7 @@
 #include <QAction>
 #include <functional>
 
+#include "app/ui/PortSwitch.h"
 #include "app/ui/ToolWindow.h"
 #include "terminal/Terminal.h"
 
@@ -51,8 +52,7 @@ private:
     CatLink& m_link;
     TerminalActions m_actions;
     QList<QAction*> m_radioActions;  // enabled exactly while the port is open
-    QAction* m_openPort = nullptr;
-    QAction* m_openPortButton = nullptr;
+    PortSwitch* m_portSwitch;
     Connections m_connections;
 };
 
