@@ -81,7 +81,8 @@ int runDescription(const Command& command, const Output& output) {
     if (databaseFile.empty()) {
         const auto folder = makeProgramFolder(programPlaces({}));
         if (!folder) return output.fail(folder.error().text, ExitCode::File);
-        databaseFile = *folder + "/" + std::string(descriptionDatabaseName);
+        if (!folder->news.empty()) output.err << folder->news << "\n";
+        databaseFile = folder->path + "/" + std::string(descriptionDatabaseName);
     }
     QtDatabase database;
     const auto move = command.verb == Command::Verb::DescriptionExport ? exportDescription : importDescription;

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <unistd.h>
 
+#include "platform/BuildTree.h"
+
 namespace korvex {
 
 namespace {
@@ -20,8 +22,14 @@ fs::path installedData(const fs::path& program) {
 
 fs::path choose(const ProgramPlaces& places) {
     if (!places.named.empty()) return places.named;
-    const bool unpacked = !isFolder(installedData(places.program)) && ::access(places.program.c_str(), W_OK) == 0;
+    const bool unpacked = !isFolder(installedData(places.program)) && !isInBuildTree(places.program) &&
+                          ::access(places.program.c_str(), W_OK) == 0;
     return unpacked ? places.program : places.user;
+}
+
+/// Where an earlier version kept the owner's files although it stood in a build tree.
+std::string formerFolder(const ProgramPlaces& places) {
+    return places.named.empty() && isInBuildTree(places.program) ? places.program : std::string();
 }
 
 /// Beside the executable, installed, or in the sources above a build folder.
@@ -66,7 +74,7 @@ void bringDatabase(const fs::path& program, const fs::path& folder) {
 
 }  // namespace
 
-Result<std::string> makeProgramFolder(const ProgramPlaces& places) {
+Result<ProgramFolder> makeProgramFolder(const ProgramPlaces& places) {
     std::error_code error;
     fs::path folder = fs::absolute(choose(places), error).lexically_normal();
     if (!folder.has_filename()) folder = folder.parent_path();
@@ -76,15 +84,20 @@ Result<std::string> makeProgramFolder(const ProgramPlaces& places) {
         return RuntimeError{errors::PathFileAccess, "The program folder " + folder.string() + " cannot be used: " +
                                                         reason + ". Name another one with --program-folder."};
     }
+    ProgramFolder made{folder.string(), formerFolder(places), {}};
+    if (!made.former.empty()) made.news = moveOutOfBuildTree(made.former, made.path);
     bringHelp(places.program, folder);
     bringDatabase(places.program, folder);
-    return folder.string();
+    return made;
 }
 
 std::string findDescriptionDatabase(const ProgramPlaces& places) {
-    const fs::path own = choose(places) / descriptionDatabaseName;
     std::error_code ignored;
-    return fs::is_regular_file(own, ignored) ? own.string() : shippedDatabase(places.program).string();
+    for (const fs::path& folder : {choose(places), fs::path(formerFolder(places))}) {
+        const fs::path own = folder / descriptionDatabaseName;
+        if (!folder.empty() && fs::is_regular_file(own, ignored)) return own.string();
+    }
+    return shippedDatabase(places.program).string();
 }
 
 }  // namespace korvex

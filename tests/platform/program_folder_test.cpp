@@ -4,6 +4,8 @@
 #include <sstream>
 #include <unistd.h>
 
+#include "app/RememberedPaths.h"
+#include "fakes/FakeDialogs.h"
 #include "platform/ProgramFolder.h"
 
 namespace korvex {
@@ -27,7 +29,7 @@ protected:
     std::string helpIn(const fs::path& folder) const { return content(folder / "helpfile/help.html"); }
     std::string make(const std::string& named = {}) const {
         const auto folder = makeProgramFolder({named, (root / "bin").string(), (root / "home/Korvex").string()});
-        return folder ? *folder : "failed: " + std::to_string(folder.error().number);
+        return folder ? folder->path : "failed: " + std::to_string(folder.error().number);
     }
 
     fs::path root = fs::temp_directory_path() / ("korvex-folder-" + std::to_string(::getpid()));
@@ -82,6 +84,60 @@ TEST_F(ProgramFolder, GetsTheShippedDatabaseWhereThereIsNone) {
     make();
     EXPECT_TRUE(fs::is_symlink(own));
     EXPECT_FALSE(fs::exists(root / "bin/FT2000_Menu.mdb.new"));
+}
+
+TEST_F(ProgramFolder, OfAProgramInABuildTreeIsTheUsersAndWhatLayThereIsMovedWithAWord) {
+    const fs::path home = root / "home/Korvex";
+    const ProgramPlaces places{{}, (root / "bin").string(), home.string()};
+    const auto news = [&] { return makeProgramFolder(places)->news; };
+    write(root / "CMakeCache.txt", "");
+    write(root / "bin/data/FT2000_Menu.mdb", "shipped");
+    write(root / "bin/FT2000_Menu.mdb", "shipped");
+    EXPECT_EQ(make(), home.string());
+    EXPECT_EQ(news(), "");
+    EXPECT_FALSE(fs::exists(root / "bin/files"));
+
+    write(root / "bin/FT2000_Menu.mdb", "the owner's");
+    write(root / "bin/FT2000_Menu.mdb-journal", "half");
+    write(root / "bin/files/mine.mnu", "EX0011;");
+    write(root / "bin/files/korvex-2026/summary.txt", "all");
+    write(home / "files/mine.mnu", "another");
+    write(home / "from-build/FT2000_Menu.mdb", "earlier");
+    fs::remove(home / "FT2000_Menu.mdb");
+    EXPECT_EQ(findDescriptionDatabase(places), (root / "bin/FT2000_Menu.mdb").string());
+    const std::string said = news();
+    EXPECT_NE(said.find((home / "from-build-2/files/mine.mnu").string()), std::string::npos) << said;
+    EXPECT_EQ(content(home / "FT2000_Menu.mdb"), "the owner's");
+    EXPECT_EQ(content(home / "FT2000_Menu.mdb-journal"), "half");
+    EXPECT_EQ(content(home / "files/mine.mnu"), "another");
+    EXPECT_EQ(content(home / "from-build-2/files/mine.mnu"), "EX0011;");
+    EXPECT_EQ(content(home / "files/korvex-2026/summary.txt"), "all");
+    EXPECT_TRUE(fs::is_empty(root / "bin/files"));
+    EXPECT_EQ(news(), "");
+
+    write(root / "bin/FT2000_Menu.mdb", "newer");
+    write(root / "bin/FT2000_Menu.mdb.bak", "newer");
+    news();  // the two stay together
+    EXPECT_EQ(content(home / "FT2000_Menu.mdb"), "the owner's");
+    EXPECT_EQ(content(home / "from-build-3/FT2000_Menu.mdb") + content(home / "from-build-3/FT2000_Menu.mdb.bak"),
+              "newernewer");
+
+    write(root / "bin/files/mine.mnu", "kept");
+    make((root / "named").string());
+    EXPECT_EQ(content(root / "bin/files/mine.mnu"), "kept");  // a named folder moves nothing
+}
+
+TEST(RememberedPaths, LeadToWhereTheFilesWereMoved) {
+    fakes::FakeSettings settings;
+    settings.values = {{"Settings/SavePath", "/k/build/files/my.mnu"},
+                       {"Settings/SaveKeyer", "/k/build/files"},
+                       {"Settings/SavePath3", "/k/build/filesystem/x.mef"}};
+    rememberNewFolder(settings, "", "/home/Korvex");
+    rememberNewFolder(settings, "/k/build", "/home/Korvex");
+    EXPECT_EQ(settings.values,
+              (std::map<std::string, std::string>{{"Settings/SavePath", "/home/Korvex/files/my.mnu"},
+                                                  {"Settings/SaveKeyer", "/home/Korvex/files"},
+                                                  {"Settings/SavePath3", "/k/build/filesystem/x.mef"}}));
 }
 
 TEST_F(ProgramFolder, MayBeNamedAndIsRefusedWhereNothingCanBeWritten) {

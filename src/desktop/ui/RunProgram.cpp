@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/Program.h"
+#include "app/RememberedPaths.h"
 #include "desktop/ui/Desktop.h"
 #include "platform/ProgramFolder.h"
 #include "platform/qt/QtClock.h"
@@ -52,9 +53,11 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
         msgBox.stop(folder.error().text);
         return 1;
     }
-    Program program({clock, ports, settings, fileDialog, msgBox, shell, database, *folder});
+    rememberNewFolder(settings, folder->former, folder->path);
+    Program program({clock, ports, settings, fileDialog, msgBox, shell, database, folder->path});
     Desktop desktop(program);
     desktop.showStartWindow();
+    if (!folder->news.empty()) msgBox.show({folder->news, "", MsgIcon::Information, MsgButtons::Ok});
     if (started) started(program);
     return QApplication::exec();
 }
