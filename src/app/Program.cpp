@@ -90,7 +90,7 @@ void Program::introduceEqualizer() {
     // Both ports are set to the same device: whoever opens takes it from the other.
     m_connections += link.opening.connect([this] { eqWindow.closePort(); });
     m_connections += eqWindow.exchange().beforeOpen.connect([this] { link.closePort(); });
-    m_connections += eqWindow.showTerminal.connect([this] { windows.terminal.show(); });
+    m_connections += eqWindow.showTerminal.connect([this] { windows.terminal.showBehind(); });
     m_connections += eqWindow.hide.connect([this] { windows.equalizer.hide(); });
     m_connections += eqWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Equalizer); });
 }
@@ -138,17 +138,15 @@ void Program::openTool(int tool) {
         terminal.mnu_equalizer_Click();
         return;
     }
+    // The terminal comes along first and without the keyboard: window managers take the windows in this order.
+    if (tool != StartWindow::Terminal) windows.terminal.showBehind();
     switch (tool) {
         case StartWindow::MemoryManager: terminal.mnu_memory_Click(); break;
         case StartWindow::MenuManager: terminal.mnu_description_Click(); break;
         case StartWindow::BandStack: terminal.mnu_bandStack_Click(); break;
         case StartWindow::Keyer: terminal.mnu_keyer_Click(); break;
-        default: break;
+        default: windows.terminal.show(); break;
     }
-    windows.terminal.show();
-    // The picked tool lies above the terminal that came with it.
-    WindowState* picked = toolWindow(tool);
-    if (picked != &windows.terminal) picked->restored.emit();
 }
 
 bool Program::end() {

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int largest = 32'000 * twipsPerPixel;  // what window systems can address
 constexpr int titleBar = 450;                    // height of what the user grasps a window by
+constexpr int frame = 150;                       // what it adds to a window's width
 constexpr int graspable = 900;                   // how much of its width must be in sight
 
 std::string stored(const SettingsStore& store, std::string_view prefix, std::string_view what) {
@@ -37,6 +38,11 @@ void fitInto(int& start, int& length, int screenStart, int screenLength) {
 
 }  // namespace
 
+bool WindowGeometry::isRemembered(const SettingsStore& store) const {
+    const std::string left = stored(store, prefix, "Left");
+    return !left.empty() && !left.starts_with('-') && !stored(store, prefix, "Top").starts_with('-');
+}
+
 WindowPlace WindowGeometry::load(const SettingsStore& store) const {
     const std::string left = stored(store, prefix, "Left");
     const std::string top = stored(store, prefix, "Top");
@@ -60,16 +66,22 @@ void WindowGeometry::save(SettingsStore& store, const WindowPlace& place) const 
 }
 
 WindowPlace broughtIntoSight(WindowPlace place, const std::vector<WindowPlace>& screens) {
-    if (screens.empty()) return place;
-    auto screen =
+    const auto screen =
         std::find_if(screens.begin(), screens.end(), [&](const WindowPlace& s) { return canBeGrasped(place, s); });
-    const bool inSight = screen != screens.end();
-    if (!inSight) screen = screens.begin();
+    if (screen == screens.end()) return broughtWhollyIntoSight(place, screens);
     fitInto(place.left, place.width, screen->left, screen->width);
     fitInto(place.top, place.height, screen->top, screen->height - titleBar);
-    if (inSight) return place;
-    place.left = std::clamp(place.left, screen->left, screen->left + screen->width - place.width);
-    place.top = std::clamp(place.top, screen->top, screen->top + screen->height - titleBar - place.height);
+    return place;
+}
+
+WindowPlace broughtWhollyIntoSight(WindowPlace place, const std::vector<WindowPlace>& screens) {
+    if (screens.empty()) return place;
+    const WindowPlace& screen = screens.front();
+    fitInto(place.left, place.width, screen.left, screen.width);
+    fitInto(place.top, place.height, screen.top, screen.height - titleBar);
+    const int rightmost = screen.left + screen.width - place.width - frame;
+    place.left = std::clamp(place.left, screen.left, std::max(screen.left, rightmost));
+    place.top = std::clamp(place.top, screen.top, screen.top + screen.height - titleBar - place.height);
     return place;
 }
 

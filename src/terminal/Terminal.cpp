@@ -132,8 +132,8 @@ void Terminal::mnu_description_Click() {
 }
 
 void Terminal::mnu_memory_Click() {
+    m_needs.windows.memoryList.showBehind();
     m_needs.windows.memoryEditor.show();
-    m_needs.windows.memoryList.show();
     m_needs.link.indicators().memoryEditor = m_needs.link.PortOpen() ? "ComPort open" : "ComPort closed";
 }
 

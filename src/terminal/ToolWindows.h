@@ -6,16 +6,22 @@
 
 namespace korvex {
 
-/// A window as the logic sees it: whether it can be opened at all, whether it is to be seen, and the wish that it come
-/// to the front in normal size. The window itself, made on first use, follows.
+/// A window as the logic sees it: whether it can be opened at all, whether it is to be seen, and whether that is to be
+/// in front. The window itself, made on first use, follows.
 struct WindowState {
     Property<bool> available{false};  ///< entries and buttons of a tool that is not there stand disabled
     Property<bool> visible{false};
-    Signal<> restored;  ///< back to normal size and to the front
+    Signal<> restored;     ///< to be seen in normal size, in front and with the keyboard
+    Signal<> shownBehind;  ///< to be seen, the keyboard stays where it is
 
     void show() {
         visible.set(true);
         restored.emit();
+    }
+    /// For a window that comes along with the one that was asked for. Show that one after it.
+    void showBehind() {
+        visible.set(true);
+        shownBehind.emit();
     }
     void hide() { visible.set(false); }
 };

@@ -60,7 +60,7 @@ TEST(WindowGeometry, AWindowOffEveryScreenComesIntoSight) {
     const std::vector<WindowPlace> screens = {{0, 0, 15000, 12000}, {15000, 0, 15000, 12000}};
     const WindowPlace onSecond{20000, 300, 6000, 6000};
     EXPECT_EQ(broughtIntoSight(onSecond, screens), onSecond);
-    EXPECT_EQ(broughtIntoSight({100000, 90000, 6000, 6000}, screens), (WindowPlace{9000, 5550, 6000, 6000}));
+    EXPECT_EQ(broughtIntoSight({100000, 90000, 6000, 6000}, screens), (WindowPlace{8850, 5550, 6000, 6000}));
     const WindowPlace corner{29000, 11000, 6000, 6000};  // enough left to grasp it by
     EXPECT_EQ(broughtIntoSight(corner, screens), corner);
     EXPECT_EQ(broughtIntoSight({500, 11900, 6000, 6000}, screens).top, 5550);  // the title bar was out of reach

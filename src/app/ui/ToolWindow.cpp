@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
+#include <utility>
 
 namespace korvex {
 
@@ -29,9 +30,22 @@ ToolWindow::ToolWindow(const WindowGeometry& geometry, SettingsStore& settings)
     : m_geometry(geometry), m_settings(settings) {}
 
 void ToolWindow::loadPlace() {
-    m_loaded = broughtIntoSight(m_geometry.load(m_settings), screensInTwips());
-    move(pixels(m_loaded.left), pixels(m_loaded.top));
-    resize(pixels(m_loaded.width), pixels(m_loaded.height));
+    m_wasPlaced = m_geometry.isRemembered(m_settings);
+    goTo(broughtIntoSight(m_geometry.load(m_settings), screensInTwips()));
+}
+
+void ToolWindow::goTo(const WindowPlace& place) {
+    m_loaded = place;
+    move(pixels(place.left), pixels(place.top));
+    resize(pixels(place.width), pixels(place.height));
+}
+
+/// Only now is it known how large a window is that goes by what is in it.
+void ToolWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (event->spontaneous() || std::exchange(m_fitted, true)) return;
+    const auto bring = m_wasPlaced ? broughtIntoSight : broughtWhollyIntoSight;
+    goTo(bring(presentPlace(), screensInTwips()));
 }
 
 void ToolWindow::storePlace() {
@@ -43,6 +57,13 @@ void ToolWindow::showRestored() {
     show();
     raise();
     activateWindow();
+}
+
+void ToolWindow::showBehind() {
+    if (isVisible()) return;
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    showNormal();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
 WindowPlace ToolWindow::presentPlace() const {

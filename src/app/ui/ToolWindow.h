@@ -21,8 +21,10 @@ public:
     /// The program ends: what the window keeps is stored.
     virtual void unload() { storePlace(); }
 
-    /// Makes the window visible at its normal size, in front of the others.
+    /// Makes the window visible at its normal size, in front of the others and with the keyboard.
     void showRestored();
+    /// Makes it visible without taking the keyboard from the window that has it. One that is visible stays as it is.
+    void showBehind();
 
     static int pixels(int twips) { return pixelsFromTwips(twips); }
     static int twips(int pixels) { return twipsFromPixels(pixels); }
@@ -36,13 +38,17 @@ protected:
     virtual bool closeBox();
 
     void closeEvent(QCloseEvent* event) final;
+    void showEvent(QShowEvent* event) override;
 
 private:
     WindowPlace presentPlace() const;
+    void goTo(const WindowPlace& place);
 
     WindowGeometry m_geometry;
     SettingsStore& m_settings;
     WindowPlace m_loaded;
+    bool m_wasPlaced = false;  // by the user, in an earlier run
+    bool m_fitted = false;
 };
 
 }  // namespace korvex

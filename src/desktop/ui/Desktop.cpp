@@ -60,10 +60,13 @@ void Desktop::follow(WindowState& state, Maker make) {
             m_loaded.push_back(make());
             *window = m_loaded.back().get();
         }
-        if (*window) (*window)->setVisible(visible);
+        if (*window && !visible) (*window)->hide();
     });
     m_connections += state.restored.connect([window] {
         if (*window) (*window)->showRestored();
+    });
+    m_connections += state.shownBehind.connect([window] {
+        if (*window) (*window)->showBehind();
     });
 }
 
