@@ -1,6 +1,20 @@
 #include <QApplication>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <gtest/gtest.h>
+
+namespace {
+
+/// A test that ended the program leaves an application in which no event loop starts any more; the next one begins
+/// anew.
+class FreshEventLoop : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override {
+        QTimer::singleShot(0, [] { QApplication::quit(); });
+        QApplication::exec();
+    }
+};
+
+}  // namespace
 
 /// Windows without a screen, and a home of their own: no test touches the settings of the person who runs it.
 int main(int argc, char** argv) {
@@ -13,5 +27,6 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     ::testing::InitGoogleTest(&argc, argv);
+    ::testing::UnitTest::GetInstance()->listeners().Append(new FreshEventLoop);
     return RUN_ALL_TESTS();
 }
