@@ -56,10 +56,11 @@ Result<DataItems> memoryItems(std::string_view content) {
 
 Result<DataItems> listItems(std::string_view content) {
     const auto records = parseMemoryListFile(content);
+    if (!records) return records.error();
     MemoryList list;
-    list.replaceAll(records);
+    list.replaceAll(*records);
     DataItems items;
-    for (const auto& [row, record] : records) {
+    for (const auto& [row, record] : *records) {
         const std::string command = memoryListCommand(list, row).value_or("");
         items.push_back({channelText(row), valueBehind(memoryHead, memoryWriteCommand(record)), command,
                          record[MemoryField::Remark]});

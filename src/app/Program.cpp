@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/HelpPage.h"
+#include "memory/UnsavedList.h"
 
 namespace korvex {
 
@@ -150,6 +151,7 @@ void Program::openTool(int tool) {
 }
 
 bool Program::end() {
+    if (!mayLoseEdits(memory.list, m_machine.msgBox)) return false;
     if (!terminal.Form_Unload()) return false;
     backupEntry.tellNow();
     eqWindow.closePort();

@@ -4,26 +4,12 @@
 #include <string_view>
 #include <utility>
 
-#include "base/CodePage.h"
 #include "base/Lines.h"
-#include "base/NumberText.h"
+#include "memory/MemoryListFile.h"
 
 namespace korvex {
 
-namespace {
-
-bool isLetterOrDigit(char c) {
-    const char upper = asciiUpper(c);
-    return isDigit(c) || (upper >= 'A' && upper <= 'Z');
-}
-
-/// A code that no list knows, but that can stand in a command.
-bool canBeCarried(MemoryField field, std::string_view code) {
-    return code.size() == static_cast<std::size_t>(memoryPlace(field).width) &&
-           std::all_of(code.begin(), code.end(), isLetterOrDigit);
-}
-
-}  // namespace
+namespace {}  // namespace
 
 MemoryEditor::MemoryEditor(CatLink& link, MemoryList& list, Clock& clock)
     : m_link(link), m_list(list), m_timer2(clock.makeTimer()), m_patience(clock, [this] { giveUp(); }) {
@@ -36,8 +22,8 @@ MemoryEditor::MemoryEditor(CatLink& link, MemoryList& list, Clock& clock)
     m_choices.try_emplace(MemoryField::Shift, shiftTable);
     m_timer2->setInterval(1000);
     m_connections += m_timer2->tick.connect([this] { Timer2_Timer(); });
-    m_connections += txt1.text.changed.connect([this](const std::string&) { composeEditorWriteCommand(); });
-    m_connections += txt2.text.changed.connect([this](const std::string&) { composeEditorWriteCommand(); });
+    m_connections += txt1.text.changed.connect([this](const std::string&) { onFieldChanged(); });
+    m_connections += txt2.text.changed.connect([this](const std::string&) { onFieldChanged(); });
     m_connections += m_link.closed.connect([this] { endReading(TransferEnd::PortClosed); });
     m_link.answers().onAnswer(ActiveOperation::ReadOneChannel, [this] { return takeAnswer(); });
 }
@@ -54,6 +40,7 @@ void MemoryEditor::Timer2_Timer() {
     composeEditorWriteCommand();
     boxesShownAnew.emit();
     m_followsList = true;
+    m_edited = false;
 }
 
 void MemoryEditor::Combo1_Click(int position) {
@@ -72,6 +59,11 @@ void MemoryEditor::choose(MemoryField field, int position) {
     if (code.empty()) return;
     choice(field) = position;
     m_fields[field] = code;
+    onFieldChanged();
+}
+
+void MemoryEditor::onFieldChanged() {
+    m_edited = true;
     composeEditorWriteCommand();
 }
 
@@ -86,7 +78,7 @@ void MemoryEditor::composeEditorWriteCommand() {
 /// channel can be read and written back unchanged; the combo box then shows no entry.
 void MemoryEditor::take(MemoryField field, std::string_view code) {
     const auto position = codes(field).position(code);
-    const bool carried = !position && canBeCarried(field, code);
+    const bool carried = !position && canStandIn(field, code);
     choice(field) = carried ? -1 : position.value_or(0);
     m_fields[field] = carried ? std::string(code) : codes(field).code(choice(field));
 }
@@ -100,30 +92,45 @@ void MemoryEditor::loadEditorFromList() {
     Text1 = m_list.cell(channel(), MemoryField::Remark);
     m_loading = false;
     composeEditorWriteCommand();
+    m_edited = false;
+}
+
+void MemoryEditor::followReading() {
+    if (!m_edited) loadEditorFromList();
 }
 
 std::optional<std::string> MemoryEditor::Text1_Change(const std::string& utf8) {
-    if (const auto character = firstInexpressible(utf8)) return "\"" + *character + "\" cannot be kept in a list file";
-    if (utf8.find_first_of("\r\n") != std::string::npos) return "A line end cannot be kept in a list file";
+    if (auto refusal = whyRemarkIsRefused(utf8)) return refusal;
     Text1 = utf8;
+    m_edited = true;
     return std::nullopt;
 }
 
 void MemoryEditor::Command1_Click() {
     composeEditorWriteCommand();
     m_list.place(channel(), m_fields);
-    m_list.setCell(channel(), MemoryField::Remark, Text1);
+    m_list.setRemark(channel(), Text1);
+    m_edited = false;
 }
 
 void MemoryEditor::cmd2_Click() {
     if (m_link.PortOpen()) m_link.send(Text2.get());
-    cmd3_Click();
+    m_wrote = true;
+    readBack();
 }
 
 void MemoryEditor::cmd3_Click() {
+    m_wrote = false;
+    readBack();
+}
+
+void MemoryEditor::readBack() {
     if (!m_link.PortOpen()) return;
+    hint = "";
+    m_writeRefused = false;
     m_link.setActiveOperation(ActiveOperation::ReadOneChannel);
     m_currentRow = channel();
+    m_cellBefore = m_list.cell(m_currentRow, MemoryField::Channel);
     m_list.setCell(m_currentRow, MemoryField::Channel, channelText(channel()));
     m_link.answers().clearAccumulator();
     m_link.send(memoryReadCommand(channel()) + std::string(crLf));
@@ -141,24 +148,47 @@ void MemoryEditor::endReading(TransferEnd how) {
 }
 
 void MemoryEditor::giveUp() {
+    if (isReading() && m_writeRefused) return takeRefusal();
     if (isReading()) {
         m_link.setActiveOperation(ActiveOperation::Idle);
         m_link.panels().Error = "Communication faild ";
+        hint = "The radio does not answer.";
     }
     endReading(TransferEnd::NoAnswer);
 }
 
-/// The error answer of a channel without data empties the row. Anything else that is no memory string (the radio tells
-/// of its dial by itself when it is set so) is passed over.
+/// What is no memory string (the radio tells of its dial by itself when it is set so) is passed over.
 Rest MemoryEditor::takeAnswer() {
     const auto answer = memoryAnswerIn(m_link.answers().takeAnswer());
-    if (!answer) return Rest::GoOn;
-    const auto record = isErrorAnswer(*answer) ? MemoryRecord{} : parseMemoryString(*answer);
+    if (!answer || !m_waits) return Rest::GoOn;
+    if (isErrorAnswer(*answer)) {
+        takeRefusal();
+        return Rest::GoOn;
+    }
+    const auto record = parseMemoryString(*answer);
     if (!record) return Rest::GoOn;
     m_list.placeAnswer(m_currentRow, *record);
     loadEditorFromList();
-    endReading(TransferEnd::Done);
+    if (m_writeRefused) tell("The radio refused channel " + channelText(m_currentRow) + ". Shown is what it holds.");
+    endReading(m_writeRefused ? TransferEnd::Refused : TransferEnd::Done);
     return Rest::GoOn;
+}
+
+/// Form and row stay as they are: nobody knows whether the channel is empty or the radio was busy. A command that was
+/// refused is told before the answer to the question behind it.
+void MemoryEditor::takeRefusal() {
+    if (m_wrote && !m_writeRefused) {
+        m_writeRefused = true;
+        return;
+    }
+    m_list.setCell(m_currentRow, MemoryField::Channel, m_cellBefore);
+    tell("Channel " + channelText(m_currentRow) + (m_writeRefused ? " was refused." : " is empty or was refused."));
+    endReading(TransferEnd::Refused);
+}
+
+void MemoryEditor::tell(const std::string& what) {
+    m_link.panels().Error = what;
+    hint = what;
 }
 
 }  // namespace korvex

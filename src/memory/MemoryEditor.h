@@ -47,9 +47,10 @@ public:
     /// The remark was typed or pasted. A character that no list file can keep is refused: the reason comes back, the
     /// remark stays as it was.
     std::optional<std::string> Text1_Change(const std::string& utf8);
-    void Command1_Click();  ///< copies the channel into the list
-    void cmd2_Click();      ///< writes the channel into the radio and reads it back
-    void cmd3_Click();      ///< reads the channel from the radio into the list and the form; waits 5 s for it
+    void Command1_Click();       ///< copies the channel into the list
+    void cmd2_Click();           ///< writes the channel into the radio and reads it back
+    void cmd3_Click();           ///< reads the channel from the radio into the list and the form; waits 5 s for it
+    Property<std::string> hint;  ///< why the last of these two did not do what it should; UTF-8
     bool isReading() const;
     Signal<const Outcome&> readingEnded;
     /// A click on a row of the list.
@@ -57,6 +58,8 @@ public:
 
     void composeEditorWriteCommand();
     void loadEditorFromList();
+    /// The list has been filled from the radio: the form shows its row, unless the user is just changing the form.
+    void followReading();
 
     const MemoryRecord& fields() const { return m_fields; }
 
@@ -68,9 +71,13 @@ private:
     };
 
     int channel() const { return Combo1 + 1; }
+    void onFieldChanged();
     void take(MemoryField field, std::string_view code);
     void Timer2_Timer();
     Rest takeAnswer();
+    void takeRefusal();
+    void tell(const std::string& what);
+    void readBack();
     void endReading(TransferEnd how);
     void giveUp();
 
@@ -81,8 +88,12 @@ private:
     std::unique_ptr<Timer> m_timer2;
     bool m_followsList = false;
     bool m_loading = false;  // many fields change, one command is composed
+    bool m_edited = false;   // by the user, since the form was loaded
     int m_currentRow = 0;    // of the list: where the answer goes
     bool m_waits = false;    // for that answer
+    bool m_wrote = false;    // before it asked: a refusal is the command's
+    bool m_writeRefused = false;
+    std::string m_cellBefore;  // of the row's channel, which is written when the radio is asked
     AnswerPatience m_patience;
     Connections m_connections;
 };

@@ -1,8 +1,7 @@
 #include "memory/MemoryFile.h"
 
-#include "base/CodePage.h"
 #include "base/Lines.h"
-#include "cat/TransmitGuard.h"
+#include "memory/FileLine.h"
 #include "memory/MemoryRecord.h"
 
 namespace korvex {
@@ -29,10 +28,7 @@ Result<std::vector<std::string>> parseMemoryFile(std::string_view content) {
         if (lines.size() == MemoryTable::lastSlot) {
             return refused("The file has more than " + std::to_string(MemoryTable::lastSlot) + " lines");
         }
-        if (keysTransmitter(memoryWriteCommand(*value))) {
-            return refused("Line " + std::to_string(lines.size() + 1) + " (" + utf8FromWire(value->substr(0, 20)) +
-                           ") would key the transmitter");
-        }
+        if (!isUndamaged(*value)) return refused(lineInWords(content, *value) + " is no memory as the radio tells it");
         lines.emplace_back(*value);
     }
     return lines;

@@ -18,7 +18,8 @@ inline constexpr std::string_view memoryFileExtension = "mem";
 std::string memoryFileText(const MemoryTable& table, int lastSlot);
 
 /// The lines of a memory file as they stand; blank lines are passed over, there is nothing in them to write. A file
-/// with more lines than the table has slots is refused: it is no memory file.
+/// with more lines than the table has slots is refused, and so is one with a line that is no undamaged memory string:
+/// what is sent from it would be some other command.
 Result<std::vector<std::string>> parseMemoryFile(std::string_view content);
 
 }  // namespace korvex

@@ -61,6 +61,7 @@ MemoryList::MemoryList()
     }
     setListHeaders();
     FlexGrid1.setCurrent(1, firstColumn);
+    noteSaved();
 }
 
 void MemoryList::setListHeaders() {
@@ -80,32 +81,87 @@ MemoryRecord MemoryList::channelFields(int row) const {
     return record;
 }
 
+MemoryList::Row MemoryList::cellsOf(int row) const {
+    Row cells;
+    for (int col = firstColumn; col <= lastColumn; ++col) {
+        cells.at(static_cast<std::size_t>(col - firstColumn)) = FlexGrid1.TextMatrix(row, col);
+    }
+    return cells;
+}
+
+void MemoryList::noteSaved() {
+    m_safe.assign(rows + 1, {});
+    for (int row = 1; row <= rows; ++row) noteSafe(row, true);
+    noteChange();
+}
+
+void MemoryList::noteSafe(int row, bool withRemark) {
+    if (!isChannelRow(row)) return;
+    constexpr auto remark = static_cast<std::size_t>(MemoryField::Remark);
+    Row& safe = m_safe.at(static_cast<std::size_t>(row));
+    const std::string remarkBefore = safe[remark];
+    safe = cellsOf(row);
+    if (!withRemark) safe[remark] = remarkBefore;
+}
+
+void MemoryList::noteChange() {
+    bool differs = false;
+    for (int row = 1; row <= rows && !differs; ++row)
+        differs = cellsOf(row) != m_safe.at(static_cast<std::size_t>(row));
+    modified = differs;
+}
+
+void MemoryList::fillRow(int row, const MemoryRecord& record) {
+    for (std::size_t i = 0; i < memoryFieldCount; ++i) {
+        const auto field = static_cast<MemoryField>(i);
+        setCell(row, field, utf8FromWire(record[field]));
+    }
+}
+
 void MemoryList::place(int row, const MemoryRecord& record) {
-    setCell(row, MemoryField::Channel, utf8FromWire(record[MemoryField::Channel]));
-    setCell(row, MemoryField::Remark, utf8FromWire(record[MemoryField::Remark]));
-    placeAnswer(row, record);
+    const OneRedraw quiet(FlexGrid1);
+    fillRow(row, record);
+    noteChange();
+}
+
+void MemoryList::setRemark(int row, std::string utf8) {
+    setCell(row, MemoryField::Remark, std::move(utf8));
+    noteChange();
 }
 
 void MemoryList::placeAnswer(int row, const MemoryRecord& record) {
     for (const auto& place : memoryLayout) {
         if (place.field != MemoryField::Channel) setCell(row, place.field, utf8FromWire(record[place.field]));
     }
+    noteSafe(row, false);
+    noteChange();
+}
+
+void MemoryList::placeReading(int row, const MemoryRecord& record) {
+    if (!isChannelRow(row)) return;
+    MemoryRecord now = channelFields(row);
+    now[MemoryField::Remark] = record[MemoryField::Remark];
+    if (now == record) return noteSafe(row, false);
+    fillRow(row, record);
+    noteSafe(row, true);
 }
 
 void MemoryList::fillListFromMemoryTable(const MemoryTable& table) {
     const OneRedraw quiet(FlexGrid1);
     for (int slot = 1; slot <= lastMemoryChannel; ++slot) {
         if (const auto record = parseMemoryString(table[slot])) {
-            place(memoryListRow((*record)[MemoryField::Channel]), *record);
+            placeReading(memoryListRow((*record)[MemoryField::Channel]), *record);
         }
     }
+    noteChange();
 }
 
 void MemoryList::replaceAll(const std::map<int, MemoryRecord>& records) {
     const OneRedraw quiet(FlexGrid1);
     FlexGrid1.Clear();
     setListHeaders();
-    for (const auto& [row, record] : records) place(row, record);
+    for (const auto& [row, record] : records) fillRow(row, record);
+    noteSaved();
 }
 
 void MemoryList::markRow(int row) {
@@ -133,6 +189,7 @@ void MemoryList::clearRow(int row) {
     const OneRedraw quiet(FlexGrid1);
     markRow(row);
     emptyRow(row);
+    noteChange();
 }
 
 void MemoryList::insertRow(int row) {
@@ -141,6 +198,7 @@ void MemoryList::insertRow(int row) {
     for (int to = rows; to > row; --to) moveRow(to - 1, to);
     emptyRow(row);
     renumberFilledRows();
+    noteChange();
 }
 
 void MemoryList::deleteRow(int row) {
@@ -149,6 +207,7 @@ void MemoryList::deleteRow(int row) {
     for (int to = row; to < rows; ++to) moveRow(to + 1, to);
     emptyRow(rows);
     renumberFilledRows();
+    noteChange();
 }
 
 void MemoryList::copyRow(int row) {
@@ -173,6 +232,7 @@ void MemoryList::pasteRow(int row) {
     for (int col = firstColumn; col <= lastColumn; ++col) {
         FlexGrid1.setTextMatrix(row, col, FlexGrid2.TextMatrix(bufferRow, col));
     }
+    noteChange();
 }
 
 void MemoryList::List1_Click(int entry) {

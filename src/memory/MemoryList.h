@@ -1,8 +1,12 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <string>
+#include <string_view>
+#include <vector>
 
+#include "base/Property.h"
 #include "memory/MemoryRecord.h"
 #include "memory/MemoryTables.h"
 #include "platform/MSFlexGrid.h"
@@ -31,16 +35,23 @@ public:
 
     /// The fields of a row as wire text, without the remark.
     MemoryRecord channelFields(int row) const;
-    /// All fields of a record (wire text) into a row.
+    /// All fields of a record (wire text) into a row, by the user's will.
     void place(int row, const MemoryRecord& record);
-    /// As `place`, but the channel and the remark of the row stay.
+    /// What the radio says of a row's channel; the channel cell and the remark stay.
     void placeAnswer(int row, const MemoryRecord& record);
 
-    /// Every channel that the table names gets its row filled, later slots over earlier ones; the other rows stay.
+    /// Every channel that the table names gets its row filled, later slots over earlier ones; the other rows stay. The
+    /// radio knows no remarks: a row keeps its own when its channel has not changed.
     void fillListFromMemoryTable(const MemoryTable& table);
-    /// Empties the list, then fills it with records by row.
+    /// Empties the list, then fills it with records by row, as a file has them.
     void replaceAll(const std::map<int, MemoryRecord>& records);
 
+    /// The user has changed something that neither the radio has said nor a file holds.
+    Property<bool> modified{false};
+    /// The rows are in a file now.
+    void noteSaved();
+
+    void setRemark(int row, std::string utf8);
     void clearRow(int row);   ///< marks the row's cells yellow
     void insertRow(int row);  ///< the last row's content is lost
     void deleteRow(int row);
@@ -55,13 +66,21 @@ public:
     void FlexGrid1_KeyDown(char key);
 
 private:
+    using Row = std::array<std::string, memoryFieldCount>;
+
     bool isChannelRow(int row) const { return row >= 1 && row <= rows; }
+    Row cellsOf(int row) const;
+    void fillRow(int row, const MemoryRecord& record);
+    void placeReading(int row, const MemoryRecord& record);
+    void noteSafe(int row, bool withRemark);
+    void noteChange();
     void markRow(int row);
     void emptyRow(int row);
     void moveRow(int from, int to);
     void renumberFilledRows();
 
     bool m_copied = false;
+    std::vector<Row> m_safe;  // what a file holds or the radio has said, by row
 };
 
 /// The number of the row that a channel text names; 0 when it names none.

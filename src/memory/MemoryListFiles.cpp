@@ -1,6 +1,7 @@
 #include "memory/MemoryListFiles.h"
 
 #include "memory/MemoryListFile.h"
+#include "memory/UnsavedList.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
@@ -10,6 +11,11 @@ namespace {
 constexpr std::string_view savePathKey = "SavePath3";
 constexpr std::string_view filter = "Flat File (*.mef)|*.mef|All Files (*.*)|*.*";
 constexpr std::string_view extension = "mef";
+
+int channelsInListFile(const std::string& content) {
+    const auto records = parseMemoryListFile(content);
+    return records ? static_cast<int>(records->size()) : 0;
+}
 
 }  // namespace
 
@@ -40,11 +46,22 @@ TransferEnd MemoryListFiles::tell(const RuntimeError& error) {
     return TransferEnd::FileFailed;
 }
 
+/// Channels that are in a file are not given up for a list that has none.
+bool MemoryListFiles::mayReplace(const std::string& content) {
+    if (channelsInListFile(content) > 0) return true;
+    const auto present = textfile::read(txtPath);
+    const int lost = present ? channelsInListFile(*present) : 0;
+    return lost == 0 || m_terminal.msgBox().confirm(emptyOverFull(txtPath, lost));
+}
+
 TransferEnd MemoryListFiles::loadListFile() {
+    if (!mayLoseEdits(m_list, m_terminal.msgBox())) return TransferEnd::Cancelled;
     if (!askForFile(FileDialogRequest::Mode::Open)) return TransferEnd::Cancelled;
     const auto content = textfile::read(txtPath);
     if (!content) return tell(content.error());
-    m_list.replaceAll(parseMemoryListFile(*content));
+    const auto records = parseMemoryListFile(*content);
+    if (!records) return tell({records.error().number, records.error().text + ". The list stays as it is."});
+    m_list.replaceAll(*records);
     loaded.emit();
     return TransferEnd::Done;
 }
@@ -53,7 +70,9 @@ TransferEnd MemoryListFiles::saveListFile() {
     const auto content = memoryListFileText(m_list);
     if (!content) return tell(content.error());
     if (!askForFile(FileDialogRequest::Mode::Save)) return TransferEnd::Cancelled;
+    if (!mayReplace(*content)) return TransferEnd::Cancelled;
     if (const auto failure = textfile::write(txtPath, *content)) return tell(*failure);
+    m_list.noteSaved();
     return TransferEnd::Done;
 }
 

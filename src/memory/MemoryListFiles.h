@@ -18,9 +18,10 @@ public:
     MemoryListFiles(MemoryList& list, Terminal& terminal, SettingsStore& settings, FileDialog& fileDialog,
                     const std::string& programFolder);
 
-    /// "Load Memory File in to List". The list stays as it is unless the whole file could be read.
+    /// "Load Memory File in to List". The list stays as it is unless the whole file could be read; unsaved changes are
+    /// asked about.
     TransferEnd loadListFile();
-    /// "Save Memory List in to File".
+    /// "Save Memory List in to File". A list without channels over a file that has some is asked about.
     TransferEnd saveListFile();
     /// Keeps the path for the next start; done by itself whenever a file was chosen.
     void storePath();
@@ -30,6 +31,7 @@ public:
 
 private:
     bool askForFile(FileDialogRequest::Mode mode);
+    bool mayReplace(const std::string& content);
     TransferEnd tell(const RuntimeError& error);
 
     MemoryList& m_list;

@@ -18,8 +18,8 @@ std::optional<std::string> memoryListCommand(const MemoryList& list, int row) {
     if (parseWhole(record[MemoryField::Frequency]).value_or(0) <= 0) return std::nullopt;
     record[MemoryField::Channel] = channelText(row);
     std::string command = memoryWriteCommand(record);
-    // A ";" inside a field, out of a damaged list file, would make another command of the rest.
-    if (command.find(';') != command.size() - 1) return std::nullopt;
+    // A field that came damaged would make some other command of it.
+    if (!hasMemoryShape(command)) return std::nullopt;
     return command;
 }
 
@@ -38,6 +38,8 @@ void MemoryListWriter::mnu_MemRestoreTOFT2000_Click() {
     m_link.progress().value = 0;
     m_link.progress().show();
     m_portLost = false;
+    m_commands.clear();
+    for (int row = 1; row <= MemoryList::rows; ++row) m_commands.push_back(memoryListCommand(m_list, row).value_or(""));
     m_timer8->setEnabled(true);
     m_listRow = 1;
 }
@@ -53,8 +55,9 @@ void MemoryListWriter::Timer8_Timer() {
 }
 
 void MemoryListWriter::writeNext() {
-    if (const auto command = memoryListCommand(m_list, m_listRow)) {
-        const std::string sent = *command + std::string(crLf);
+    const std::string& command = m_commands.at(static_cast<std::size_t>(m_listRow - 1));
+    if (!command.empty()) {
+        const std::string sent = command + std::string(crLf);
         m_link.send(sent);
         m_link.received().append(sent);
         m_link.sent().append(sent);

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "cat/PhaseFlag.h"
 #include "memory/MemoryList.h"
@@ -10,8 +13,9 @@
 
 namespace korvex {
 
-/// Writes the memory list into the radio, one row every 500 ms. A row is sent when its channel cell names the row and
-/// its frequency is above zero; every other row is a step without a command. Remarks stay here.
+/// Writes the memory list into the radio as it stands at the start, one row every 500 ms. A row is sent when its
+/// channel cell names the row and its frequency is above zero; every other row is a step without a command. Remarks
+/// stay here.
 class MemoryListWriter {
 public:
     MemoryListWriter(Terminal& terminal, Clock& clock, const MemoryList& list);
@@ -33,8 +37,9 @@ private:
     const MemoryList& m_list;
     std::unique_ptr<Timer> m_timer8;
     PhaseFlag m_phase;
-    int m_listRow = 1;        // next row
-    bool m_portLost = false;  // closed since the start, even if it is open again
+    std::vector<std::string> m_commands;  // rows 1 to 99; empty for a row that is not sent
+    int m_listRow = 1;                    // next row
+    bool m_portLost = false;              // closed since the start, even if it is open again
     Connections m_connections;
 };
 

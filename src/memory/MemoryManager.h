@@ -23,7 +23,8 @@ public:
           listWriter(terminal, clock, list),
           listFiles(list, terminal, settings, fileDialog, programFolder),
           editor(terminal.link(), list, clock) {
-        m_connection = listFiles.loaded.connect([this] { editor.loadEditorFromList(); });
+        m_connections += listFiles.loaded.connect([this] { editor.loadEditorFromList(); });
+        m_connections += reader.listFilled.connect([this] { editor.followReading(); });
     }
 
     MemoryTable table;
@@ -38,7 +39,7 @@ public:
     Signal<> buttonBackToNormal;
 
 private:
-    Connection m_connection;
+    Connections m_connections;
 };
 
 }  // namespace korvex

@@ -3,6 +3,7 @@
 #include "base/Lines.h"
 #include "memory/MemoryFile.h"
 #include "memory/MemoryRecord.h"
+#include "memory/UnsavedList.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
@@ -27,6 +28,12 @@ MemoryReader::MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table,
     m_connections += m_link.closed.connect([this] { onPortClosed(); });
 }
 
+void MemoryReader::mnu_MemSaveFromFT2000_Click() {
+    if (running()) return;
+    if (m_link.PortOpen() && !mayLoseEdits(m_list, m_terminal.msgBox())) return ended.emit(TransferEnd::Cancelled);
+    start(m_toList, {});
+}
+
 void MemoryReader::prepare(Reading& reading) {
     reading.timer->setInterval(50);
     m_connections += reading.timer->tick.connect([this, &reading] { tick(reading); });
@@ -43,6 +50,7 @@ void MemoryReader::start(Reading& reading, std::string_view caption) {
     m_link.progress().show();
     reading.timer->setEnabled(true);
     m_sendIndex = m_answerIndex = m_storeIndex = 1;
+    m_found = {};
     m_silentSteps = m_damaged = 0;
     m_link.clearTraffic();
     tick(reading);
@@ -109,7 +117,7 @@ Rest MemoryReader::takeAnswer(Reading& reading) {
 }
 
 void MemoryReader::keepFound() {
-    for (int slot = 1; slot < m_storeIndex; ++slot) m_table.set(slot, m_found[slot]);
+    m_table = m_found;
 }
 
 void MemoryReader::finish(Reading& reading) {
@@ -122,6 +130,7 @@ void MemoryReader::finish(Reading& reading) {
     }
     m_link.closePort();
     m_list.fillListFromMemoryTable(m_table);
+    listFilled.emit();
     tellDamage();
     ended.emit(TransferEnd::Done);
 }

@@ -22,8 +22,8 @@ namespace korvex {
 /// Into a file (Timer7): the save dialog comes at the end. Into the list (Timer9): the port is closed at the end, then
 /// the list is filled. A radio slower than 10 answers a second is waited for.
 ///
-/// The table takes over what was read when the last answer is in. Answers of a reading that fails on the way may have
-/// been matched to the wrong commands; they must not come back with a later reading that fills fewer slots.
+/// The table holds what was read, and nothing else, when the last answer is in: the strings of an earlier radio must
+/// not come over rows that were just read. A reading that fails on the way leaves it as it is.
 class MemoryReader {
 public:
     /// `toFile` is the operation that reads for a file.
@@ -33,8 +33,9 @@ public:
     /// "Save Memories of  FT-2000". Nothing happens while a reading is going on: answers on their way would be counted
     /// for the wrong channels.
     void mnu_saveMem_Click() { start(m_toFile, "Save Memories of  FT-2000"); }
-    /// "Read Memories of FT-2000"; the same holds.
-    void mnu_MemSaveFromFT2000_Click() { start(m_toList, {}); }
+    /// "Read Memories of FT-2000"; the same holds. Unsaved changes of the list are asked about.
+    void mnu_MemSaveFromFT2000_Click();
+    Signal<> listFilled;  ///< with what the radio told
     /// Asks for a file name and writes what the last reading found.
     void saveMemoryFile();
     /// When it is there: called when everything is read for a file, instead of asking for its name.

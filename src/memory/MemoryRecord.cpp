@@ -1,7 +1,6 @@
 #include "memory/MemoryRecord.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "base/NumberText.h"
 
@@ -32,7 +31,43 @@ std::string_view from(std::string_view text, std::size_t offset) {
 /// What a read command and its answer begin with: the command's name and the channel.
 constexpr std::size_t headLength = static_cast<std::size_t>(memoryPlace(MemoryField::Frequency).position - 1);
 
+bool isLetterOrDigit(char c) {
+    const char upper = asciiUpper(c);
+    return isDigit(c) || (upper >= 'A' && upper <= 'Z');
+}
+
+bool isSign(char c) {
+    return c == '+' || c == '-';
+}
+
+using CharacterTest = bool (*)(char);
+
+CharacterTest allowedIn(MemoryField field) {
+    switch (field) {
+        case MemoryField::Channel:
+        case MemoryField::Frequency:
+        case MemoryField::ClarifierOffset: return isDigit;
+        case MemoryField::ClarifierDirection: return isSign;
+        default: return isLetterOrDigit;
+    }
+}
+
 }  // namespace
+
+bool canStandIn(MemoryField field, std::string_view text) {
+    return text.size() == static_cast<std::size_t>(memoryPlace(field).width) &&
+           std::all_of(text.begin(), text.end(), allowedIn(field));
+}
+
+bool hasMemoryShape(std::string_view text) {
+    if (!text.starts_with(readName) && !text.starts_with(writeName)) return false;
+    if (!from(text, shortestMemoryString).empty() && !from(text, shortestMemoryString).starts_with(terminator)) {
+        return false;
+    }
+    return std::all_of(memoryLayout.begin(), memoryLayout.end(), [text](const MemoryFieldPlace& place) {
+        return canStandIn(place.field, memoryFieldIn(text, place.field));
+    });
+}
 
 std::string_view memoryFieldIn(std::string_view memoryString, MemoryField field) {
     const auto& place = memoryPlace(field);
@@ -76,12 +111,8 @@ std::optional<std::string> storedMemoryString(std::string_view readCommand, std:
 }
 
 bool isUndamaged(std::string_view storedString) {
-    const auto usual = [](char c) {
-        const char upper = asciiUpper(c);
-        return isDigit(c) || (upper >= 'A' && upper <= 'Z') || c == '+' || c == '-';
-    };
-    return storedString.size() == memoryStringLength && storedString.ends_with(terminator) &&
-           std::all_of(storedString.begin(), std::prev(storedString.end()), usual);
+    return storedString.starts_with(readName) && storedString.size() == memoryStringLength &&
+           hasMemoryShape(storedString);
 }
 
 std::string memoryWriteCommand(std::string_view storedString) {

@@ -84,6 +84,14 @@ private:
     std::array<std::string, memoryFieldCount> m_fields;
 };
 
+/// Whether a text can stand in a field's place in a memory string (not the remark): of its width, digits where the
+/// radio counts, and no character that the radio does not use. A code that no list knows can.
+bool canStandIn(MemoryField field, std::string_view text);
+
+/// Whether a text has the shape of a memory string, read ("MR") or to be written ("MW"): what stands in every field's
+/// place can stand there, and then comes ";" or nothing at all. Whatever follows is a remark.
+bool hasMemoryShape(std::string_view text);
+
 /// The text of one field (not the remark) in a memory string; shorter or empty where the string ends early.
 std::string_view memoryFieldIn(std::string_view memoryString, MemoryField field);
 
@@ -108,7 +116,7 @@ bool isErrorAnswer(std::string_view answer);
 /// behind a channel number.
 std::optional<std::string> storedMemoryString(std::string_view readCommand, std::string_view answer);
 
-/// Whether a stored string has the length of one and only characters that the radio uses.
+/// Whether a stored string is a whole memory string as the radio tells it, and nothing else: it can be sent back.
 bool isUndamaged(std::string_view storedString);
 
 /// The command that restores a stored string: the same text with "MW" for "MR", no field encoded anew.

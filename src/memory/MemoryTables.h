@@ -25,8 +25,8 @@ private:
 /// The read commands: "MR001;" in slot 1 to "MR100;" in slot 100.
 MemorySlots makeMemoryReadCommands();
 
-/// Memory strings as the last reads and restore files left them, from slot 1 on and never cleared. A slot number is no
-/// channel number: reads leave out empty channels, and each string names its own channel.
+/// Memory strings as the last read or restore file left them, from slot 1 on. A slot number is no channel number: reads
+/// leave out empty channels, and each string names its own channel.
 using MemoryTable = MemorySlots;
 
 }  // namespace korvex

@@ -148,7 +148,6 @@ TEST(Session, RefusesAFileThatHoldsNothingForTheRadioOrMoreThanItTakes) {
     const std::vector<std::pair<std::string, std::string>> useless = {
         {"menu", "\r\n?;\r\n"},
         {"memory", "\r\n\r\n"},
-        {"memory", "Location,Name,Frequency\r\n"},
         {"list", "Location,Name,Frequency\r\n0,DX,14.2\r\n"},
         {"list", "MW00700000000+000000200080;\r\n"},
         {"bandstack", "||\r\n"},
@@ -159,6 +158,10 @@ TEST(Session, RefusesAFileThatHoldsNothingForTheRadioOrMoreThanItTakes) {
         EXPECT_EQ(bench.sent, "");
         EXPECT_NE(bench.err.str().find(file + ": there is nothing in it"), std::string::npos) << bench.err.str();
     }
+    fakes::writeFile(file, "MR00114250000+000000200080;\r\nMR002\rKY6;\r\n");
+    EXPECT_EQ(bench.run({"restore", "memory", file}), ExitCode::File);
+    EXPECT_NE(bench.err.str().find("Line 2 (MR002) is no memory"), std::string::npos) << bench.err.str();
+    EXPECT_EQ(bench.sent, "");
     const std::string longText(51, 'E');
     fakes::writeFile(file, "|Mem.|Keyer Text|Char. Count|\r\n|KM1;|CQ|2|\r\n|KM2;|" + longText + "|51|\r\n");
     EXPECT_EQ(bench.run({"restore", "keyer", file}), ExitCode::File);

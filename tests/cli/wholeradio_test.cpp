@@ -177,7 +177,7 @@ TEST_F(WholeRadio, ComparesItemByItem) {
     fakes::writeFile(remarked, list);
     EXPECT_EQ(bench.run({"compare", remarked, file("list.mef")}), ExitCode::Different);
     EXPECT_EQ(bench.run({"compare", "radio", remarked}), ExitCode::Done) << bench.out.str();
-    EXPECT_EQ(bench.run({"compare", "--kind", "memory", file("memory.mem"), file("keyer.kem")}), ExitCode::Different);
+    EXPECT_EQ(bench.run({"compare", "--kind", "memory", file("memory.mem"), file("keyer.kem")}), ExitCode::File);
     EXPECT_EQ(bench.run({"compare", file("summary.txt"), "radio"}), ExitCode::Usage);
     EXPECT_EQ(bench.run({"compare", menu, bench.folder.file("none.mnu")}), ExitCode::File);
 }

@@ -42,6 +42,7 @@ TEST_F(MemoryEditorTest, EveryChangeRebuildsTheCommand) {
 
     EXPECT_FALSE(editor.Text1_Change("Düsseldorf"));
     EXPECT_TRUE(editor.Text1_Change("Düsseldorf Ω"));
+    EXPECT_EQ(editor.Text1_Change("Düsseldorf, Rhein"), "A comma cannot be kept in a memory list file.");
     editor.Command1_Click();
     EXPECT_EQ(memory.list.cell(7, MemoryField::Channel), "007");
     EXPECT_EQ(memory.list.cell(7, MemoryField::Shift), "2");
@@ -99,14 +100,105 @@ TEST_F(MemoryEditorTest, ReadsAndWritesOneChannel) {
     editor.cmd2_Click();
     clock.advance(200);
     EXPECT_EQ(editor.txt1.text.get(), "07'030'000");
+}
 
+TEST_F(MemoryEditorTest, ARefusedChannelLeavesFormAndRow) {
+    openEditor();
+    openPort();
+    const auto counted = editor.readingEnded.connect([&](TransferEnd end) { ends.push_back(end); });
     ports.faults().unasked = true;  // the dial is turned meanwhile
     editor.chooseRow(6);            // empty in the radio
-    memory.list.setCell(6, MemoryField::Frequency, "14000000");
+    editor.txt1.paste("14000000");
     editor.cmd3_Click();
+    EXPECT_EQ(memory.list.cell(6, MemoryField::Channel), "006");
     clock.advance(300);
-    EXPECT_FALSE(memory.list.filled(6));
-    EXPECT_EQ(editor.txt1.text.get(), "00'000'000");
+    EXPECT_EQ(memory.list.cell(6, MemoryField::Channel), "");
+    EXPECT_EQ(editor.txt1.text.get(), "14'000'000");
+    EXPECT_EQ(editor.hint.get(), "Channel 006 is empty or was refused.");
+    EXPECT_EQ(link.panels().Error.get(), editor.hint.get());
+
+    ports.faults().refuses = true;
+    editor.cmd2_Click();
+    EXPECT_EQ(editor.hint.get(), "");
+    clock.advance(300);
+    EXPECT_EQ(editor.Text2.get(), "MW00614000000+000000100000;");
+    EXPECT_EQ(editor.hint.get(), "Channel 006 was refused.");
+
+    ports.faults().refuses = false;
+    editor.cmd2_Click();
+    clock.advance(300);
+    EXPECT_EQ(record(6), "14000000+000000100000");
+    EXPECT_EQ(editor.hint.get(), "");
+    editor.txt1.clear();  // no channel, says the radio
+    editor.cmd2_Click();
+    clock.advance(300);
+    EXPECT_EQ(editor.txt1.text.get(), "14'000'000");
+    EXPECT_EQ(editor.hint.get(), "The radio refused channel 006. Shown is what it holds.");
+    EXPECT_EQ(ends, (std::vector{TransferEnd::Refused, TransferEnd::Refused, TransferEnd::Done, TransferEnd::Refused}));
+}
+
+TEST_F(MemoryEditorTest, SendsWhatTheFormShowsAfterAReading) {
+    openEditor();
+    openPort();
+    memory.reader.mnu_MemSaveFromFT2000_Click();
+    ASSERT_TRUE(endsWithin(20'000));
+    const std::string first = "MW00114074000+000000";
+    EXPECT_EQ(editor.Text2.get().substr(0, first.size()), first);
+
+    editor.txt1.paste("7000000");  // being typed while another reading comes in
+    openPort();
+    ends.clear();
+    memory.reader.mnu_MemSaveFromFT2000_Click();
+    ASSERT_TRUE(endsWithin(20'000));
+    EXPECT_EQ(editor.txt1.text.get(), "07'000'000");
+}
+
+TEST_F(MemoryEditorTest, UnsavedChangesAreAskedAboutOnceBeforeTheyGo) {
+    openEditor();
+    openPort();
+    const auto& modified = memory.list.modified;
+    EXPECT_FALSE(modified);
+    editor.chooseRow(1);
+    editor.Text1_Change("net");
+    editor.Command1_Click();
+    EXPECT_TRUE(modified);
+    for (const std::function<void()>& start : {std::function([this] { memory.listFiles.loadListFile(); }),
+                                               std::function([this] { memory.reader.mnu_MemSaveFromFT2000_Click(); }),
+                                               std::function([this] { EXPECT_FALSE(program.end()); })}) {
+        msgBox.foresee("changes that are in no file", MsgAnswer::No);
+        start();
+        EXPECT_EQ(msgBox.shown.back().buttons, MsgButtons::YesNoCareful);
+        EXPECT_EQ(memory.list.cell(1, MemoryField::Remark), "net");
+    }
+    EXPECT_FALSE(memory.reader.running());
+    EXPECT_TRUE(link.PortOpen());
+
+    fileDialog.choose(path("list.mef"));
+    memory.listFiles.saveListFile();
+    EXPECT_FALSE(modified);
+    memory.list.deleteRow(9);
+    EXPECT_FALSE(modified);  // there was nothing
+    memory.list.insertRow(1);
+    EXPECT_TRUE(modified);
+    memory.list.deleteRow(1);
+    EXPECT_FALSE(modified);
+    memory.list.clearRow(1);
+    EXPECT_TRUE(modified);
+    msgBox.foresee("changes that are in no file", MsgAnswer::Yes);
+    EXPECT_TRUE(program.end());
+}
+
+TEST_F(MemoryEditorTest, AnEmptyListDoesNotReplaceAFileWithChannelsUnasked) {
+    write("full.mef", "MW00107050000-123401B01492;x\r\n\r\n");
+    memory.list.replaceAll({});
+    for (const bool replaced : {false, true}) {
+        fileDialog.choose(path("full.mef"));
+        msgBox.foresee("full.mef holds 1", replaced ? MsgAnswer::Yes : MsgAnswer::No);
+        EXPECT_EQ(memory.listFiles.saveListFile(), replaced ? TransferEnd::Done : TransferEnd::Cancelled);
+        EXPECT_EQ(contentOf("full.mef").size(), replaced ? 2U : 32U);
+    }
+    fileDialog.choose(path("full.mef"));
+    EXPECT_EQ(memory.listFiles.saveListFile(), TransferEnd::Done);
 }
 
 TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
@@ -121,6 +213,7 @@ TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
     EXPECT_EQ(memory.listFiles.txtPath.get(), path("list.mef"));
 
     memory.list.clearRow(1);
+    msgBox.foresee("changes", MsgAnswer::Yes);
     fileDialog.choose(path("list.mef"));
     EXPECT_EQ(memory.listFiles.loadListFile(), TransferEnd::Done);
     EXPECT_EQ(editor.Text1.get(), "Über");
@@ -131,7 +224,11 @@ TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
     msgBox.foresee("");
     EXPECT_EQ(memory.listFiles.loadListFile(), TransferEnd::FileFailed);
     EXPECT_EQ(msgBox.shown.back().title, "Path wrong ");
-    EXPECT_TRUE(memory.list.filled(1));
+    write("strange.mef", "MW00107050000-123401B01492;x\r\nMW00207O50000-123401B01492;\r\n");
+    fileDialog.choose(path("strange.mef"));
+    msgBox.foresee("Line 2 (MW00207O50000-123401B01492;) is no memory channel. The list stays as it is.");
+    EXPECT_EQ(memory.listFiles.loadListFile(), TransferEnd::FileFailed);
+    EXPECT_EQ(memory.list.cell(1, MemoryField::Remark), "Über");
 
     editor.Text1 = "Ω";
     editor.Command1_Click();
@@ -140,10 +237,11 @@ TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
     EXPECT_EQ(contentOf("list.mef"),
               "MW00107050000-123401B01492;\xDC"
               "ber\r\n\r\n");
+    msgBox.foresee("changes", MsgAnswer::Yes);
     fileDialog.cancel();
     EXPECT_EQ(memory.listFiles.loadListFile(), TransferEnd::Cancelled);
     memory.listFiles.storePath();
-    EXPECT_EQ(settings.values["Settings/SavePath3"], path("gone/list.mef"));
+    EXPECT_EQ(settings.values["Settings/SavePath3"], path("strange.mef"));
 }
 
 }  // namespace

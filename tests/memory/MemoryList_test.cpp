@@ -44,7 +44,8 @@ TEST(MemoryList, OpensWithASampleThatIsNoChannel) {
     EXPECT_FALSE(memoryListCommand(list, 1));
     const auto text = memoryListFileText(list);
     EXPECT_EQ(*text, "MW0+000000100010;Test\r\n\r\n");
-    EXPECT_TRUE(parseMemoryListFile(*text).empty());
+    EXPECT_TRUE(parseMemoryListFile(*text)->empty());
+    EXPECT_FALSE(list.modified);
 }
 
 TEST(MemoryList, InsertsAndDeletesRowsAndRenumbersWhatIsFilled) {
@@ -102,6 +103,21 @@ TEST(MemoryList, CopiesByPopUpAndKeysAndMarksWhatThePopUpTouches) {
     EXPECT_EQ(channelAndRemark(list, 13), "013 R7");
 }
 
+TEST(MemoryList, AReadingKeepsRemarksOfChannelsThatAreStillTheSame) {
+    auto list = listOf({5, 6, 7});
+    list.setRemark(7, "typed");
+    MemoryTable table;
+    for (const int channel : {5, 7}) table.set(channel, "MR" + line(channel).substr(2));
+    table.set(6, "MR00614250000+000000200080;");
+    list.fillListFromMemoryTable(table);
+    EXPECT_EQ(channelAndRemark(list, 5), "005 R5");
+    EXPECT_EQ(channelAndRemark(list, 6), "006 ");
+    EXPECT_EQ(channelAndRemark(list, 7), "007 typed");
+    EXPECT_TRUE(list.modified);  // no radio and no file has what was typed
+    list.setRemark(7, "R7");
+    EXPECT_FALSE(list.modified);
+}
+
 TEST(MemoryList, FillsFromTheTableInOneRedrawAndKeepsOtherRows) {
     auto list = listOf({5, 6});
     MemoryTable table;
@@ -129,16 +145,18 @@ TEST(MemoryListFile, KeepsEveryWindows1252RemarkAndTellsWhatItCannotKeep) {
     const auto text = memoryListFileText(list);
     EXPECT_EQ(*text, line(3, "D\xFCsseldorf 21\xB0 \x80") + "\r\n" + line(17, "R17") + "\r\n\r\n");
     MemoryList again;
-    again.replaceAll(parseMemoryListFile(*text));
+    again.replaceAll(*parseMemoryListFile(*text));
     EXPECT_EQ(channelAndRemark(again, 3), "003 Düsseldorf 21° €");
     EXPECT_TRUE(rowIsEmpty(again, 1));
     EXPECT_EQ(*memoryListFileText(again), *text);
 
     list.setCell(17, MemoryField::Remark, "Ω");
     ASSERT_FALSE(memoryListFileText(list));
-    EXPECT_NE(memoryListFileText(list).error().text.find("channel 017: the character \"Ω\""), std::string::npos);
-    list.setCell(17, MemoryField::Remark, "two\nlines");
-    EXPECT_FALSE(memoryListFileText(list));
+    EXPECT_NE(memoryListFileText(list).error().text.find("channel 017: The character \"Ω\""), std::string::npos);
+    for (const char* lost : {"two\nlines", "Köln, Dom"}) {
+        list.setCell(17, MemoryField::Remark, lost);
+        EXPECT_FALSE(memoryListFileText(list)) << lost;
+    }
 }
 
 TEST(MemoryListFile, ReadsHostileFilesWithoutHarm) {
@@ -147,12 +165,25 @@ TEST(MemoryListFile, ReadsHostileFilesWithoutHarm) {
                           line(7, std::string(1'000'000, 'x')) + "\r\n";
     for (int i = 0; i < 100'000; ++i) content += line(8) + "\r\n";
     content += line(9, "no line end");
-    const auto records = parseMemoryListFile(content);
+    const auto records = *parseMemoryListFile(content);
     EXPECT_EQ(records.size(), 5U);
     EXPECT_EQ(records.at(5)[MemoryField::Remark], "last");
     EXPECT_EQ(records.at(6)[MemoryField::Remark].size(), 8U);
     EXPECT_EQ(records.at(7)[MemoryField::Remark].size(), 1'000'000U);
     EXPECT_EQ(records.at(9)[MemoryField::Remark], "no line end");
+}
+
+TEST(MemoryListFile, TakesNothingThatHasNotTheShapeOfAMemory) {
+    // The rest of a remark is long enough to be one, and begins as channel 007.
+    const auto tail = parseMemoryListFile(line(5, "home, MW007 is the repeater on the hill") + "\r\n" + line(7));
+    EXPECT_EQ(tail->at(5)[MemoryField::Remark], "home");
+    EXPECT_EQ(tail->at(7)[MemoryField::Frequency], "14007000");
+    const auto strange = parseMemoryListFile(line(1) + "\r\n\r" + line(2) + "\n \"EX007 and more than 26 characters\"");
+    ASSERT_FALSE(strange);
+    EXPECT_EQ(strange.error().text, "Line 4 (EX007 and more than 26 charact) is no memory channel");
+    for (const auto& text : {line(5).replace(2, 3, "5 9"), line(5).replace(26, 1, "0"), line(5).replace(13, 1, "0")}) {
+        EXPECT_FALSE(parseMemoryListFile(text + "remark")) << text;
+    }
 }
 
 TEST(MemoryListWriter, SendsOnlyRowsThatAreTheirOwnChannel) {

@@ -78,16 +78,24 @@ TEST(MemoryCodes, TranslateBothWays) {
 }
 
 TEST(MemoryFile, PassesOverBlankLinesAndRefusesWhatIsNoMemoryFile) {
-    const auto lines = parseMemoryFile("MR001a;\r\n\r\nMR003\"b\" ;\nlast without end");
+    const std::string good = "MR00114250000+000000200080;";
+    const auto lines = parseMemoryFile(good + "\r\n\r\n \"" + good + "\"\n" + good);
     ASSERT_TRUE(lines);
-    EXPECT_EQ(*lines, (std::vector<std::string>{"MR001a;", "MR003\"b\" ;", "last without end"}));
+    EXPECT_EQ(*lines, (std::vector<std::string>{good, good, good}));
 
     std::string long_;
-    for (int i = 0; i < 102; ++i) long_ += "MR001;\n";
+    for (int i = 0; i < 102; ++i) long_ += good + "\n";
     EXPECT_EQ(parseMemoryFile(long_)->size(), 102U);
-    for (int i = 0; i < 100'000; ++i) long_ += "MR001;\n";
+    for (int i = 0; i < 100'000; ++i) long_ += good + "\n";
     EXPECT_FALSE(parseMemoryFile(long_));
-    EXPECT_FALSE(parseMemoryFile("MR;TX1;\r\n"));  // would go on the air
+
+    for (const std::string bad :
+         {"MR;TX1;", "MR002\rKY6;", "MW00114250000+000000200080;", "\"MR002\rKY6;\"", "MR00114250000+000000200080",
+          "MR00114250000+000000200080;x", "MR001\tTX1;\t000+000000200080;", "MR00114250000+0000 0200080;"}) {
+        const auto refused = parseMemoryFile(good + "\r\n\r\n" + bad + "\r\n");
+        ASSERT_FALSE(refused) << bad;
+        EXPECT_EQ(refused.error().text.find("Line 3 (M"), 0U) << refused.error().text;
+    }
 }
 
 }  // namespace

@@ -100,6 +100,20 @@ TEST_F(MemoryBench, ReadsIntoTheListAndClosesThePort) {
     EXPECT_NE(link.received().text().find("  Communication OK  "), std::string::npos);
 }
 
+TEST_F(MemoryBench, AReadingPutsNothingOfAnEarlierRadioIntoTheList) {
+    openPort();
+    memory.reader.mnu_MemSaveFromFT2000_Click();
+    ASSERT_TRUE(endsWithin(20'000));
+    for (auto& channel : ports.radio().state.memories) channel.reset();
+    ports.radio().state.memories[99] = "21000000+000000200080";
+    openPort();
+    ends.clear();
+    memory.reader.mnu_MemSaveFromFT2000_Click();
+    ASSERT_TRUE(endsWithin(20'000));
+    EXPECT_EQ(memory.list.cell(99, MemoryField::Frequency), "21000000");
+    EXPECT_EQ(memory.table[2], "");
+}
+
 TEST_F(MemoryBench, ClosingThePortInTheMiddleEndsEveryTransferForGood) {
     write("some.mem", "MR00114250000+000000200080;\r\nMR00314250000+000000200080;\r\nMR00414250000+000000200080;\r\n");
     const std::vector<std::function<void()>> starts = {
@@ -206,6 +220,7 @@ TEST_F(MemoryBench, WritesTheListARowEveryHalfSecond) {
     clock.advance(500);
     EXPECT_EQ(sentIn(link), "MW00114250000+000000200080; MW00307040000+000000300080; ");
     EXPECT_EQ(progress.value.get(), 3);
+    memory.list.place(5, *parseMemoryString("MW00507040000+000000300080;"));  // after the start: stays here
     clock.advance(96 * 500 - 1);
     EXPECT_EQ(ends, Ends{});
     clock.advance(1);
@@ -213,6 +228,7 @@ TEST_F(MemoryBench, WritesTheListARowEveryHalfSecond) {
     EXPECT_EQ(link.panels().Error.get(), "Terminated");
     EXPECT_EQ(record(1), "14250000+000000200080");
     EXPECT_EQ(record(3), "07040000+000000300080");
+    EXPECT_NE(record(5), "07040000+000000300080");
 }
 
 TEST_F(MemoryBench, AnotherOperationTakesTheAnswersOver) {

@@ -184,6 +184,28 @@ TEST_F(MemoryWindows, StartTheSameOperationsAndFollowThePort) {
     EXPECT_TRUE(memory.listWriter.running());
 }
 
+TEST_F(MemoryWindows, MarkUnsavedChangesAndShowWhyNothingCame) {
+    EXPECT_EQ(list.windowTitle().toStdString(), "Memory Channel List");
+    auto* Text1 = find<QLineEdit>(editor, "Text1");
+    Text1->setText(QStringLiteral("DX, net"));
+    EXPECT_EQ(Text1->text().toStdString(), "Enter Remarks");
+    find<QPushButton>(editor, "Command1")->click();
+    EXPECT_TRUE(list.isWindowModified());
+    EXPECT_EQ(list.windowTitle().toStdString(), "Memory Channel List[*]");
+    memory.list.noteSaved();
+    EXPECT_EQ(list.windowTitle().toStdString(), "Memory Channel List");
+
+    auto* hint = find<QLabel>(editor, "Hint");
+    EXPECT_FALSE(hint->isVisible());
+    bench.openPort();
+    find<QComboBox>(editor, "Combo1")->setCurrentIndex(5);  // empty in the radio
+    find<QPushButton>(editor, "cmd3")->click();
+    bench.clock.advance(300);
+    EXPECT_TRUE(hint->isVisible());
+    EXPECT_LE(editor.height(), 450);
+    picture(editor, "refused.png");
+}
+
 TEST_F(MemoryWindows, OpenWholeAndRememberTheirPlaces) {
     EXPECT_EQ(editor.size(), QSize(411, 442));
     EXPECT_EQ(list.size(), QSize(700, 567));

@@ -22,7 +22,6 @@ constexpr int besideGrid = 500;
 frmChannelinfo::frmChannelinfo(MemoryManager& memory, CatLink& link, ToolWindows& windows, SettingsStore& settings)
     : ToolWindow(geometry::memoryList, settings), m_memory(memory), m_link(link), m_windows(windows) {
     setObjectName(QStringLiteral("frmChannelinfo"));
-    setWindowTitle(QStringLiteral("Memory Channel List"));
     makeMenus();
     makeGrid();
     makeList1();
@@ -30,8 +29,17 @@ frmChannelinfo::frmChannelinfo(MemoryManager& memory, CatLink& link, ToolWindows
     m_connections += m_link.indicators().open.bind([this](bool open) {
         for (QAction* radioEntry : m_radioEntries) radioEntry->setEnabled(open);
     });
+    m_connections += m_memory.list.modified.bind([this](bool modified) { markModified(modified); });
     loadPlace();
     resize(pixels(gridWidth + besideGrid), height());
+}
+
+void frmChannelinfo::markModified(bool modified) {
+    const QString title = QStringLiteral("Memory Channel List");
+    // Qt shows its mark where the placeholder stands, and complains of a mark without one.
+    if (!modified) setWindowModified(false);
+    setWindowTitle(modified ? title + QStringLiteral("[*]") : title);
+    if (modified) setWindowModified(true);
 }
 
 QAction* frmChannelinfo::entry(QMenu* menu, const char* name, const QString& caption, std::function<void()> run) {

@@ -25,6 +25,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void markModified(bool modified);
     void makeMenus();
     QAction* entry(QMenu* menu, const char* name, const QString& caption, std::function<void()> run);
     void makeGrid();

@@ -112,9 +112,18 @@ void frmMem::makeForm() {
     Text2->setReadOnly(true);
     Text2->setAccessibleName(QStringLiteral("Write command of this channel"));
     grid->addWidget(Text2, 6, 0, 1, 2);
+    grid->addWidget(makeHint(), 7, 0, 1, 2);
     grid->setColumnStretch(1, 1);
-    grid->setRowStretch(7, 1);
+    grid->setRowStretch(8, 1);
     setCentralWidget(body);
+}
+
+QLabel* frmMem::makeHint() {
+    auto* hint =
+        new PanelLabel(m_editor.hint, QStringLiteral("Hint"), QStringLiteral("Why nothing was read or copied"));
+    hint->setWordWrap(true);
+    m_connections += m_editor.hint.bind([hint](const std::string& text) { hint->setVisible(!text.empty()); });
+    return hint;
 }
 
 QWidget* frmMem::makePortFrame() {

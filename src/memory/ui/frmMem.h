@@ -8,6 +8,7 @@
 
 class QComboBox;
 class QGroupBox;
+class QLabel;
 class QLineEdit;
 class QMenu;
 
@@ -38,6 +39,7 @@ private:
     QGroupBox* makeClarifierFrame();
     QGroupBox* makeToneFrame();
     QGroupBox* makeRemarkFrame();
+    QLabel* makeHint();
     void makeStatusBar();
     void wirePort();
     void wireText();
