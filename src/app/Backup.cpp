@@ -99,7 +99,8 @@ void Backup::onStepEnded(TransferEnd end) {
     if (end == TransferEnd::Cancelled) return fail(end, "it was stopped");
     const std::string objection = reading().objection();
     if (!objection.empty()) return fail(TransferEnd::NoAnswer, who + objection);
-    if (end != TransferEnd::Done) return fail(end, who + "the radio's answers did not come in time");
+    const bool told = end == TransferEnd::Done || end == TransferEnd::Refused;  // the rest of it, then
+    if (!told) return fail(end, who + "the radio's answers did not come in time");
     for (const auto& file : reading().files()) {
         if (!keep(file)) return;
     }
@@ -119,7 +120,7 @@ bool Backup::keep(const BackupFile& file) {
         fail(TransferEnd::FileFailed, failure->text);
         return false;
     }
-    m_summary.parts.push_back({file.kind, name, std::move(*items)});
+    m_summary.parts.push_back({file.kind, name, std::move(*items), file.missing});
     return true;
 }
 
@@ -139,7 +140,7 @@ void Backup::conclude() {
     m_summary.radio = m_readings.model();
     if (const auto failure = writeTexts()) return fail(TransferEnd::FileFailed, failure->text);
     if (const auto failure = m_folder.keep()) return fail(TransferEnd::FileFailed, failure->text);
-    m_link.panels().Error = "Backup saved";
+    m_link.panels().Error = missingLines(m_summary).empty() ? "Backup saved" : "Backup saved, not complete";
     finish(TransferEnd::Done, "");
 }
 

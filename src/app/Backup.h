@@ -16,6 +16,8 @@ namespace korvex {
 ///                             -> reading -> its files -> next reading ...
 ///                             -> equalizer and summary -> folder without that ending -> ended: Done
 ///
+/// What the radio refuses to tell is left out and named in the summary (`missingLines`).
+///
 /// Without a folder that stays end: 5 s without an answer, 30 s without a step forward, answers that no radio gives and
 /// another operation (NoAnswer), a closed port (PortClosed), a file or folder that cannot be written (FileFailed).
 class Backup {
@@ -39,6 +41,8 @@ public:
     const std::string& path() const { return m_folder.path(); }
     /// What is in it; whole after Done.
     const BackupSummary& summary() const { return m_summary; }
+    /// What the backup reads, for those who want one of them by itself.
+    const BackupReadings& readings() const { return m_readings; }
 
 private:
     const BackupReading& reading() const { return m_readings.all()[m_step]; }

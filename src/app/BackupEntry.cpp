@@ -39,8 +39,9 @@ bool BackupEntry::isFree() {
 
 void BackupEntry::onEnded(TransferEnd end) {
     if (!std::exchange(m_started, false)) return;
+    const bool complete = end == TransferEnd::Done && missingLines(m_needs.backup.summary()).empty();
     m_untold = {end == TransferEnd::Done ? savedText() : "No backup was made.\r\n\r\n" + m_needs.backup.why(), title,
-                end == TransferEnd::Done ? MsgIcon::Information : MsgIcon::Exclamation, MsgButtons::Ok};
+                complete ? MsgIcon::Information : MsgIcon::Exclamation, MsgButtons::Ok};
     m_tell->setEnabled(true);
 }
 
@@ -48,6 +49,7 @@ std::string BackupEntry::savedText() const {
     std::string text = "The backup is in\r\n" + m_needs.backup.path() + "\r\n\r\n";
     for (const auto& line : savedLines(m_needs.backup.summary())) text += line + "\r\n";
     const auto refused = refusedLines(m_needs.backup.summary());
+    if (!missingLines(m_needs.backup.summary()).empty()) text += "\r\nIt is not complete.";
     text += "\r\nThe radio refused to tell" + std::string(refused.empty() ? " nothing." : ":");
     for (std::size_t i = 0; i < std::min(refused.size(), mostLines); ++i) text += "\r\n" + refused[i];
     if (refused.size() > mostLines) {

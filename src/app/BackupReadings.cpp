@@ -1,5 +1,7 @@
 #include "app/BackupReadings.h"
 
+#include <map>
+
 #include "app/Objections.h"
 #include "bandstack/BandStackFile.h"
 #include "keyer/KeyerFile.h"
@@ -18,6 +20,12 @@ BackupReadings::BackupReadings(Terminal& terminal, Clock& clock)
     m_menuReader.saveFile = noDialog;
     m_memoryReader.saveFile = noDialog;
     m_all = {modelReading(), menuReading(), memoryReading(), bandStackReading(), keyerReading()};
+}
+
+const BackupReading& BackupReadings::of(const std::string& kind) const {
+    static const std::map<std::string, std::size_t> places = {
+        {"menu", 1}, {"memory", 2}, {"list", 2}, {"bandstack", 3}, {"keyer", 4}};
+    return m_all.at(places.at(kind));
 }
 
 BackupReading BackupReadings::modelReading() {
@@ -39,7 +47,8 @@ BackupReading BackupReadings::menuReading() {
             [this] { return objections::toMenuWithRefusals(m_menu); },
             [this] {
                 return std::vector<BackupFile>{{"menu", menuFileText(m_menu)}};
-            }};
+            },
+            [this] { return objections::toMenu(m_menu); }};
 }
 
 BackupReading BackupReadings::memoryReading() {
@@ -83,10 +92,27 @@ BackupReading BackupReadings::keyerReading() {
             [this] { m_keyerReader.read(); },
             [this] { m_keyerReader.stop(); },
             &m_keyerReader.ended,
-            [this] { return objections::toKeyerTexts(m_keyerReader); },
+            [this] { return objections::toKeyerTextsWithRefusals(m_keyerReader); },
+            [this] { return std::vector<BackupFile>{keyerFile()}; },
             [this] {
-                return std::vector<BackupFile>{{"keyer", keyerFileText(keyerFileRows(m_keyerReader.texts()))}};
+                const std::string objection = objections::toKeyerTexts(m_keyerReader);
+                const auto missing = keyerFile().missing;
+                return objection.empty() && !missing.empty() ? missing.front() : objection;
             }};
+}
+
+/// A text that a keyer file has no room for is left out, as one that the radio refuses to tell: an empty text changes
+/// nothing in the radio when it is written.
+BackupFile BackupReadings::keyerFile() const {
+    KeyerTexts texts = m_keyerReader.texts();
+    std::vector<std::string> missing;
+    for (int memory = 1; memory <= keyerMemories; ++memory) {
+        std::string why = m_keyerReader.wasRefused(memory) ? "" : whyNotStorable(keyerText(texts, memory));
+        if (why.empty() && !m_keyerReader.wasRefused(memory)) continue;
+        keyerText(texts, memory) = {};
+        missing.push_back(keyerHead(memory) + (why.empty() ? "" : ", which cannot be kept in a file: " + why));
+    }
+    return {"keyer", keyerFileText(keyerFileRows(texts)), missing};
 }
 
 }  // namespace korvex

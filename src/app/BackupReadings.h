@@ -16,6 +16,7 @@ namespace korvex {
 struct BackupFile {
     std::string kind;  ///< "menu"
     std::string content;
+    std::vector<std::string> missing = {};  ///< items that are not in it, and what nobody can see from it
 };
 
 /// One part of the radio that is read at a time.
@@ -27,15 +28,19 @@ struct BackupReading {
     Signal<const Outcome&>* ended;
     std::function<std::string()> objection;  ///< why what was read is not worth a file
     std::function<std::vector<BackupFile>()> files;
+    /// As `objection`, and also when something is missing in the files. Without it `objection` holds.
+    std::function<std::string()> gap = {};
 };
 
-/// Everything that a backup reads, in objects of its own: what the windows show and what their owner has typed into
-/// them stays as it is. The readers are those of the windows.
+/// Everything that a backup and korvexctl read, in objects of its own: what the windows show and what their owner has
+/// typed into them stays as it is. The readers are those of the windows; what they read is given away as texts.
 class BackupReadings {
 public:
     BackupReadings(Terminal& terminal, Clock& clock);
 
     const std::vector<BackupReading>& all() const { return m_all; }
+    /// The one that has a file of this kind.
+    const BackupReading& of(const std::string& kind) const;
     const std::string& model() const { return m_modelReader.model(); }
 
 private:
@@ -45,6 +50,7 @@ private:
     BackupReading bandStackReading();
     BackupReading keyerReading();
     std::string listFileText();
+    BackupFile keyerFile() const;
 
     ModelReader m_modelReader;
     MenuCommandTable m_menu;

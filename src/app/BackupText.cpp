@@ -48,9 +48,7 @@ std::vector<std::string> refusals(const BackupSummary::Part& part) {
     for (const auto& item : part.items) {
         if (wasRefused(item)) lines.push_back(part.kind + " " + utf8FromWire(item.name));
     }
-    if (part.kind == "memory" && part.items.size() < std::size_t{lastMemoryChannel}) {
-        lines.push_back(count(std::size_t{lastMemoryChannel} - part.items.size(), "memory channels: they are empty"));
-    }
+    for (const auto& name : part.missing) lines.push_back(part.kind + " " + name);
     for (int band = 0; part.kind == "bandstack" && band <= 10; ++band) {
         const std::string name = zeroPadded(band, 2);
         const bool told = std::any_of(part.items.begin(), part.items.end(),
@@ -73,10 +71,19 @@ std::vector<std::string> savedLines(const BackupSummary& summary) {
     return lines;
 }
 
-std::vector<std::string> refusedLines(const BackupSummary& summary) {
+std::vector<std::string> missingLines(const BackupSummary& summary) {
     std::vector<std::string> lines;
     for (const auto& part : summary.parts) {
         for (auto& line : refusals(part)) lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+std::vector<std::string> refusedLines(const BackupSummary& summary) {
+    auto lines = missingLines(summary);
+    for (const auto& part : summary.parts) {
+        if (part.kind != "memory" || part.items.size() >= std::size_t{lastMemoryChannel}) continue;
+        lines.push_back(count(std::size_t{lastMemoryChannel} - part.items.size(), "memory channels: they are empty"));
     }
     return lines;
 }
@@ -89,6 +96,7 @@ std::string summaryText(const BackupSummary& summary) {
     std::string refused;
     for (const auto& line : refusedLines(summary)) refused += "  " + line + "\n";
     text += column("equalizer.txt", 18) + "menu items 125 to 142 by name; what is restored is in the menu file\n";
+    if (!missingLines(summary).empty()) text += "\nThis backup is not complete.";
     text += "\nThe radio refused to tell" + (refused.empty() ? " nothing\n" : ":\n" + refused);
     return text;
 }

@@ -16,13 +16,17 @@ struct BackupSummary {
         std::string kind;
         std::string file;
         DataItems items;
+        std::vector<std::string> missing = {};  ///< what is not among the items, by name
     };
     std::vector<Part> parts;
 };
 
 /// A line for each part: "menu.mnu: 149 menu items".
 std::vector<std::string> savedLines(const BackupSummary& summary);
-/// What the radio refused to tell: items by name, and what is missing as a whole. A line each.
+/// What is missing in the backup, because the radio refused to tell it or no file can hold it: items by name, and what
+/// is missing as a whole. A line each; the backup of a healthy radio has none.
+std::vector<std::string> missingLines(const BackupSummary& summary);
+/// The same, and how many memory channels the radio refused to tell, as it does when they are empty.
 std::vector<std::string> refusedLines(const BackupSummary& summary);
 
 /// A page that a person reads: what was saved, and what the radio refused to tell.

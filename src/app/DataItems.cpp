@@ -138,7 +138,7 @@ std::string endingOf(std::string_view kind) {
 }
 
 bool wasRefused(const DataItem& item) {
-    return item.value == "?;" || item.value == "?";
+    return item.value == "?;" || (item.value == "?" && item.command.starts_with("EX"));  // "?" is a keyer text
 }
 
 }  // namespace korvex

@@ -12,9 +12,10 @@ std::string toMenu(const MenuCommandTable& table) {
 }
 
 std::string toMenuWithRefusals(const MenuCommandTable& table) {
-    int told = answersInPlace(table);
-    for (int item = 1; item <= menuItemCount; ++item) told += table.answer(item) == "?;" ? 1 : 0;
-    return told == menuItemCount ? "" : toMenu(table);
+    const int told = answersInPlace(table);
+    int refused = 0;
+    for (int item = 1; item <= menuItemCount; ++item) refused += table.answer(item) == "?;" ? 1 : 0;
+    return told > 0 && told + refused == menuItemCount ? "" : toMenu(table);
 }
 
 std::string toMemories(const MemoryReader& reader) {
@@ -24,10 +25,18 @@ std::string toMemories(const MemoryReader& reader) {
 
 std::string toBandStack(const BandStack& stack) {
     int strange = 0;
+    int refused = 0;
     for (int column = 1; column < BandStack::pastLastColumn; ++column) {
-        if (stack.wireText(1, column) == "?;") continue;
-        for (int row = 1; row <= BandStack::lastQueried; ++row) strange += stack.answersItsQuery(row, column) ? 0 : 1;
+        if (stack.wireText(1, column) == "?;") {
+            ++refused;
+            continue;
+        }
+        for (int row = 1; row <= BandStack::lastQueried; ++row) {
+            const bool told = stack.answersItsQuery(row, column) || stack.wireText(row, column) == "?;";
+            strange += told ? 0 : 1;
+        }
     }
+    if (refused == BandStack::pastLastColumn - 1) return "the radio refused every band";
     return strange == 0 ? "" : std::to_string(strange) + " band stack values came through damaged or out of order";
 }
 
@@ -35,6 +44,10 @@ std::string toKeyerTexts(const KeyerReader& reader) {
     if (reader.answered() == keyerMemories) return {};
     return "only " + std::to_string(reader.answered()) + " of " + std::to_string(keyerMemories) +
            " keyer texts were answered in time";
+}
+
+std::string toKeyerTextsWithRefusals(const KeyerReader& reader) {
+    return reader.answered() + reader.refused() == keyerMemories ? "" : toKeyerTexts(reader);
 }
 
 }  // namespace korvex::objections

@@ -17,9 +17,10 @@ std::string toMenu(const MenuCommandTable& table);
 std::string toMenuWithRefusals(const MenuCommandTable& table);
 /// Noise on the line makes answers that no radio gives.
 std::string toMemories(const MemoryReader& reader);
-/// A band that the radio does not have is no objection.
+/// What the radio refuses to tell is no objection, such as a band that it does not have, unless it refuses all.
 std::string toBandStack(const BandStack& stack);
 std::string toKeyerTexts(const KeyerReader& reader);
+std::string toKeyerTextsWithRefusals(const KeyerReader& reader);
 
 }  // namespace objections
 

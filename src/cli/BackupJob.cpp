@@ -12,18 +12,19 @@ std::optional<ExitCode> BackupJob::prepare() {
 
 std::vector<Step> BackupJob::steps() {
     Transfer transfer;
-    transfer.start = [this] {
-        m_backup.read();
-        return std::nullopt;
-    };
+    transfer.start = [this] { m_backup.read(); };
     transfer.ended = &m_backup.ended;
     transfer.why = [this] { return m_backup.why(); };
-    return {{"backup", transfer, {}, false, true, {}}};
+    return {{"backup", transfer, false, true, {}}};
 }
 
 ExitCode BackupJob::conclude() {
     m_workshop.out << m_backup.path() << "\n";
-    return ExitCode::Done;
+    const auto missing = missingLines(m_backup.summary());
+    if (missing.empty()) return ExitCode::Done;
+    m_workshop.tell("the backup is not complete: summary.txt names what the radio refused to tell (" +
+                    std::to_string(missing.size()) + ")");
+    return ExitCode::Answers;
 }
 
 void BackupJob::abandon() {

@@ -225,9 +225,10 @@ std::string usage() {
            "  --kind KIND           compare: what the files are, where their ending does not tell\n"
            "  -h, --help  --version\n"
            "\n"
-           "Kinds: menu, memory, list, bandstack, keyer\n"
+           "Kinds: menu, memory, list, bandstack, keyer. FILE may be \"-\": standard input or output.\n"
            "Exit codes: 0 done, 1 compare: different, --verify: not all took, 2 usage, 3 port,\n"
-           "            4 no or wrong answers, 5 file or its own output, 128 + N signal N\n";
+           "            4 no or wrong answers, or not all (a backup that is made all the same prints its\n"
+           "            folder), 5 file or its own output, 128 + N signal N\n";
 }
 
 }  // namespace korvex::cli

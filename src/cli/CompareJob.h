@@ -1,7 +1,6 @@
 #pragma once
 
 #include "cli/Job.h"
-#include "cli/ScratchFolder.h"
 
 namespace korvex::cli {
 
@@ -17,19 +16,21 @@ public:
 private:
     struct Side {
         std::string file;
-        bool radio = false;
-        DataItems items;
+        bool radio = false;  ///< and no file
+        DataItems items = {};
     };
-    Side makeSide(const std::string& word) const;
+    static Side makeSide(const std::string& word) { return {word, word == "radio"}; }
     const FileKind* chosenKind() const;
-    /// The items of the sides that are files, or that the radio has been read into.
-    bool takeSides(bool ofRadio);
+    /// Not two radios, and what can be read once is read once.
+    bool areComparable() const;
+    bool takeFile(Side& side);
+    bool withRadio() const { return m_left.radio || m_right.radio; }
 
     Workshop m_workshop;
-    ScratchFolder m_scratch;
     const FileKind* m_kind = nullptr;
     Side m_left;
     Side m_right;
+    std::string m_read;  // from the radio
 };
 
 }  // namespace korvex::cli

@@ -18,14 +18,6 @@ MsgAnswer ConsoleMsgBox::show(const MsgBoxRequest& request) {
     return MsgAnswer::Cancel;
 }
 
-std::optional<std::string> GivenFile::show(const FileDialogRequest& request) {
-    if (request.mode == FileDialogRequest::Mode::Save && objection) {
-        objected = objection();
-        if (!objected.empty()) return std::nullopt;
-    }
-    return file;
-}
-
 std::string BorrowedSettings::get(std::string_view application, std::string_view section, std::string_view key,
                                   std::string_view fallback) const {
     const auto changed = m_changed.find(std::string(section) + '/' + std::string(key));

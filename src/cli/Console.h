@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <map>
 #include <ostream>
 #include <string>
@@ -25,16 +24,10 @@ private:
     std::ostream& m_stream;
 };
 
-/// Every file question is answered with the file of the command line, unless something speaks against it.
-class GivenFile : public FileDialog {
+/// Nobody is there to choose a file: those of the command line are read and written elsewhere.
+class NoFileDialog : public FileDialog {
 public:
-    std::string file;
-    /// Asked before a file is written: may be empty, and gives back why not to.
-    std::function<std::string()> objection;
-    /// The objection that kept the file from being written.
-    std::string objected;
-
-    std::optional<std::string> show(const FileDialogRequest& request) override;
+    std::optional<std::string> show(const FileDialogRequest&) override { return std::nullopt; }
 };
 
 /// No desktop here.

@@ -1,116 +1,78 @@
 #include "cli/FileKinds.h"
 
-#include "app/Objections.h"
+#include "bandstack/BandStackFile.h"
+#include "memory/MemoryFile.h"
+#include "memory/MemoryListFile.h"
+#include "menu/MenuFile.h"
 
 namespace korvex::cli {
 
 namespace {
 
-FileKind menuKind(Program& program) {
-    return {"menu",
-            {[&program] {
-                 program.menuReader.mnu_Store_Click();
-                 return std::nullopt;
-             },
-             &program.menuReader.ended,
-             [&program] { return objections::toMenu(program.menuCommandTable); },
-             {},
-             [&program] { return objections::toMenuWithRefusals(program.menuCommandTable); }},
-            {[&program] {
-                 program.menuRestore.mnu_Restore_Click();
-                 return std::nullopt;
-             },
-             &program.menuRestore.ended,
-             {},
-             {}}};
+using WriteText = std::function<void(const std::string& text)>;
+
+/// The kind that a reading of the whole backup has a file of.
+FileKind kindOf(const std::string& name, const BackupReading& reading, WriteText write,
+                Signal<const Outcome&>& writeEnded) {
+    const Transfer read = {reading.start, reading.ended, reading.objection, {}};
+    Transfer readWhole = read;
+    if (reading.gap) readWhole.objection = reading.gap;
+    const auto text = [&reading, name] {
+        for (auto& file : reading.files()) {
+            if (file.kind == name) return file.content;
+        }
+        return std::string();
+    };
+    const auto writing = [write = std::move(write), &writeEnded](const std::string& content) {
+        return Transfer{[write, content] { write(content); }, &writeEnded};
+    };
+    return {name, readWhole, read, text, writing};
 }
 
-FileKind memoryKind(Program& program) {
-    return {"memory",
-            {[&program] {
-                 program.memory.reader.mnu_saveMem_Click();
-                 return std::nullopt;
-             },
-             &program.memory.reader.ended,
-             [&program] { return objections::toMemories(program.memory.reader); },
-             {}},
-            {[&program] {
-                 program.memory.restorer.mnu_restMem_Click();
-                 return std::nullopt;
-             },
-             &program.memory.restorer.ended,
-             {},
-             {}}};
+void writeMenu(Program& program, const std::string& text) {
+    if (const auto lines = menuFileLines(text)) program.menuWriter.write(apartFromCatLines(*lines).items);
 }
 
-FileKind memoryListKind(Program& program) {
-    MemoryManager& memory = program.memory;
-    return {"list",
-            {[&memory] {
-                 memory.list.replaceAll({});  // what the window shows as a sample is no channel
-                 memory.reader.mnu_MemSaveFromFT2000_Click();
-                 return std::nullopt;
-             },
-             &memory.reader.ended, [&memory] { return objections::toMemories(memory.reader); },
-             [&memory] { return memory.listFiles.saveListFile(); }},
-            {[&memory]() -> std::optional<TransferEnd> {
-                 const TransferEnd loaded = memory.listFiles.loadListFile();
-                 if (loaded != TransferEnd::Done) return loaded;
-                 memory.listWriter.mnu_MemRestoreTOFT2000_Click();
-                 return std::nullopt;
-             },
-             &memory.listWriter.ended,
-             {},
-             {}}};
+void writeMemories(Program& program, const std::string& text) {
+    if (const auto lines = parseMemoryFile(text)) program.memory.restorer.write(*lines);
 }
 
-FileKind bandStackKind(Program& program) {
-    BandStackWindow& window = program.bandStackWindow;
-    return {"bandstack",
-            {[&window] {
-                 window.mnu_readBandStack_Click();
-                 return std::nullopt;
-             },
-             &window.reader().ended,
-             [&window] { return objections::toBandStack(window.stack()); },
-             {}},
-            {[&window]() -> std::optional<TransferEnd> {
-                 const TransferEnd loaded = window.loadBandStackFile();
-                 if (loaded != TransferEnd::Done) return loaded;
-                 window.mnu_writeBandStack_Click();
-                 return std::nullopt;
-             },
-             &window.writer().ended,
-             {},
-             {}}};
+void writeList(Program& program, const std::string& text) {
+    const auto records = parseMemoryListFile(text);
+    if (!records) return;
+    program.memory.list.replaceAll(*records);
+    program.memory.listWriter.mnu_MemRestoreTOFT2000_Click();
 }
 
-FileKind keyerKind(Program& program) {
-    KeyerWindow& window = program.keyerWindow;
-    return {"keyer",
-            {[&window] {
-                 window.readKeyer();
-                 return std::nullopt;
-             },
-             &window.reader().ended, [&window] { return objections::toKeyerTexts(window.reader()); },
-             [&window] { return window.saveKeyerFile(); }},
-            {[&window]() -> std::optional<TransferEnd> {
-                 const TransferEnd loaded = window.loadKeyerFile();
-                 if (loaded != TransferEnd::Done) return loaded;
-                 window.writeKeyer();
-                 if (!window.writer().running()) return TransferEnd::FileFailed;
-                 return std::nullopt;
-             },
-             &window.writer().ended,
-             {},
-             {}}};
+void writeBandStack(Program& program, const std::string& text) {
+    BandStackFields parsed;
+    if (parseBandStackText(text, parsed)) return;
+    fillGrid(program.bandStackWindow.stack(), parsed);
+    program.bandStackWindow.mnu_writeBandStack_Click();
+}
+
+void writeKeyer(Program& program, const std::string& text) {
+    const auto items = dataItems("keyer", text);
+    if (!items) return;
+    KeyerTexts texts;
+    int memory = 0;
+    for (const auto& item : *items) keyerText(texts, ++memory) = WireText(item.value);
+    program.keyerWindow.writer().write(texts);
 }
 
 }  // namespace
 
 std::vector<FileKind> fileKinds(Program& program) {
-    return {menuKind(program), memoryKind(program), memoryListKind(program), bandStackKind(program),
-            keyerKind(program)};
+    const BackupReadings& readings = program.backup.readings();
+    const auto writing = [&program](void (*write)(Program&, const std::string&)) {
+        return [&program, write](const std::string& text) { write(program, text); };
+    };
+    return {
+        kindOf("menu", readings.of("menu"), writing(writeMenu), program.menuWriter.ended),
+        kindOf("memory", readings.of("memory"), writing(writeMemories), program.memory.restorer.ended),
+        kindOf("list", readings.of("list"), writing(writeList), program.memory.listWriter.ended),
+        kindOf("bandstack", readings.of("bandstack"), writing(writeBandStack), program.bandStackWindow.writer().ended),
+        kindOf("keyer", readings.of("keyer"), writing(writeKeyer), program.keyerWindow.writer().ended)};
 }
 
 }  // namespace korvex::cli

@@ -7,7 +7,6 @@
 #include "cli/CompareJob.h"
 #include "cli/RestoreAllJob.h"
 #include "cli/TransferJob.h"
-#include "platform/TextFile.h"
 
 namespace korvex::cli {
 
@@ -25,29 +24,26 @@ std::unique_ptr<Job> makeJob(const Workshop& workshop) {
     }
 }
 
-Step saveStep(const FileKind& kind, const std::string& file) {
-    return {kind.name, kind.save, file, false, true, {}};
+Step restoreStep(const FileKind& kind, const std::string& text) {
+    return {kind.name, kind.write(text), true, true, {}};
 }
 
-Step restoreStep(const FileKind& kind, const std::string& file) {
-    return {kind.name, kind.restore, file, true, true, {}};
+Step readStep(const FileKind& kind, const Transfer& reading, const std::function<void(std::string text)>& take) {
+    return {kind.name, reading, false, true, [text = kind.text, take](const WriteRecord&) { take(text()); }};
 }
 
-Step readStep(const FileKind& kind, const std::string& file) {
-    Step step = saveStep(kind, file);
-    if (kind.save.gap) step.transfer.objection = kind.save.gap;
-    return step;
+std::optional<FileContent> readFile(const Workshop& workshop, const std::string& kind, const std::string& file) {
+    auto text = workshop.files.read(file);
+    auto items = text ? dataItems(kind, *text) : Result<DataItems>(text.error());
+    if (items) return FileContent{std::move(*text), std::move(*items)};
+    workshop.tell((text ? file + ": " : "") + items.error().text);
+    return std::nullopt;
 }
 
-std::optional<DataItems> readItems(const Workshop& workshop, const std::string& kind, const std::string& file) {
-    const auto content = textfile::read(file);
-    if (!content) {
-        workshop.tell(content.error().text);
-        return std::nullopt;
-    }
-    auto items = dataItems(kind, *content);
+std::optional<DataItems> itemsRead(const Workshop& workshop, const std::string& kind, const std::string& text) {
+    auto items = dataItems(kind, text);
     if (items) return std::move(*items);
-    workshop.tell(file + ": " + items.error().text);
+    workshop.tell("what the radio told: " + items.error().text);
     return std::nullopt;
 }
 

@@ -11,15 +11,15 @@
 #include "cli/Comparison.h"
 #include "cli/Console.h"
 #include "cli/FileKinds.h"
+#include "cli/Files.h"
 #include "cli/WriteRecord.h"
 
 namespace korvex::cli {
 
-/// One thing to do while the port is open: a transfer between a file and the radio.
+/// One thing to do while the port is open.
 struct Step {
     std::string name;  ///< for messages
     Transfer transfer;
-    std::string file;
     bool writes = false;          ///< into the radio: what it refuses is waited for
     bool refusalsAreTold = true;  ///< by the session; else the job looks at the record itself
     /// The transfer has ended well.
@@ -33,6 +33,7 @@ struct Workshop {
     std::vector<FileKind>& kinds;
     std::ostream& out;  ///< both show control characters as pictures
     std::ostream& err;
+    Files files;
     ItemTitles titles;
 
     FileKind* kind(const std::string& name) const;
@@ -54,14 +55,19 @@ public:
 
 std::unique_ptr<Job> makeJob(const Workshop& workshop);
 
-/// The steps of a kind.
-Step saveStep(const FileKind& kind, const std::string& file);
-Step restoreStep(const FileKind& kind, const std::string& file);
-/// Saves what can be saved: an item that the radio refuses to tell is no reason to have nothing.
-Step readStep(const FileKind& kind, const std::string& file);
+Step restoreStep(const FileKind& kind, const std::string& text);
+/// `reading` is one of the kind's; `take` gets what was read, as a file has it.
+Step readStep(const FileKind& kind, const Transfer& reading, const std::function<void(std::string text)>& take);
 
-/// The items of a file; a failure is told.
-std::optional<DataItems> readItems(const Workshop& workshop, const std::string& kind, const std::string& file);
+/// A data file, with what it says.
+struct FileContent {
+    std::string text;
+    DataItems items;
+};
+/// A failure is told.
+std::optional<FileContent> readFile(const Workshop& workshop, const std::string& kind, const std::string& file);
+/// What was read from the radio says; a failure is told.
+std::optional<DataItems> itemsRead(const Workshop& workshop, const std::string& kind, const std::string& text);
 
 /// The commands that bring the items into the radio, a line each.
 void printCommands(std::ostream& out, const DataItems& items);

@@ -15,11 +15,11 @@ std::vector<std::string> commandsOf(const DataItems& items) {
     return commands;
 }
 
-std::function<std::optional<TransferEnd>()> writing(Program& program, const DataItems& items) {
-    return [&program, lines = commandsOf(items)] {
-        program.menuWriter.write(lines);
-        return std::nullopt;
-    };
+Step writing(const std::string& name, Program& program, const DataItems& items) {
+    Transfer transfer;
+    transfer.start = [&program, lines = commandsOf(items)] { program.menuWriter.write(lines); };
+    transfer.ended = &program.menuWriter.ended;
+    return {name, transfer, true, true, {}};
 }
 
 }  // namespace
@@ -42,18 +42,12 @@ std::string MenuRestoreSteps::whyIncomplete() const {
            " menu items; --force restores these";
 }
 
-Step MenuRestoreSteps::itemsStep(const FileKind& menu, Program& program, const std::string& file) const {
-    Step step = restoreStep(menu, file);
-    step.transfer.start = writing(program, m_items);
-    step.transfer.ended = &program.menuWriter.ended;
-    return step;
+Step MenuRestoreSteps::itemsStep(Program& program) const {
+    return writing("menu", program, m_items);
 }
 
 Step MenuRestoreSteps::catStep(Program& program) const {
-    Transfer transfer;
-    transfer.start = writing(program, m_catItems);
-    transfer.ended = &program.menuWriter.ended;
-    return {"CAT settings", transfer, {}, true, true, {}};
+    return writing("CAT settings", program, m_catItems);
 }
 
 }  // namespace korvex::cli

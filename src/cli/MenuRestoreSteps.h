@@ -24,7 +24,7 @@ public:
     const DataItems& items() const { return m_items; }
     const DataItems& catItems() const { return m_catItems; }
 
-    Step itemsStep(const FileKind& menu, Program& program, const std::string& file) const;
+    Step itemsStep(Program& program) const;
     /// Time-out and RTS, then the speed: the radio hears nothing more behind that.
     Step catStep(Program& program) const;
 

@@ -19,7 +19,7 @@ constexpr std::array<const char*, 4> order = {"menu", "memory", "bandstack", "ke
 std::optional<ExitCode> RestoreAllJob::prepare() {
     if (const auto code = takeParts()) return code;
     if (!m_workshop.command.dryRun) return std::nullopt;
-    for (const auto& part : m_parts) printCommands(m_workshop.out, part.items);
+    for (const auto& part : m_parts) printCommands(m_workshop.out, part.wanted.items);
     if (m_workshop.command.withCat) printCommands(m_workshop.out, m_menu.catItems());
     return ExitCode::Done;
 }
@@ -42,14 +42,15 @@ bool RestoreAllJob::takePart(const std::string& name) {
         m_workshop.tell("there is no " + backupFileName(name) + ": the radio keeps what it has");
         return true;
     }
-    auto items = readItems(m_workshop, name, file);
-    if (!items) return false;
-    if (const std::string why = whyNotRestorable(name, *items); !why.empty()) {
+    auto content = readFile(m_workshop, name, file);
+    if (!content) return false;
+    if (const std::string why = whyNotRestorable(name, content->items); !why.empty()) {
         m_workshop.tell(file + ": " + why);
         return false;
     }
-    if (name == "menu" && !takeMenu(file, *items)) return false;
-    m_parts.push_back({kind, file, name == "menu" ? m_menu.items() : std::move(*items), {}});
+    if (name == "menu" && !takeMenu(file, content->items)) return false;
+    if (name == "menu") content->items = m_menu.items();
+    m_parts.push_back({kind, std::move(*content), {}, {}});
     return true;
 }
 
@@ -70,15 +71,16 @@ std::vector<Step> RestoreAllJob::steps() {
 
 void RestoreAllJob::addSteps(std::vector<Step>& steps, Part& part) {
     const bool verifies = m_workshop.command.verify;
-    Step restore = part.kind->name == "menu" ? m_menu.itemsStep(*part.kind, m_workshop.program, part.file)
-                                             : restoreStep(*part.kind, part.file);
+    Step restore =
+        part.kind->name == "menu" ? m_menu.itemsStep(m_workshop.program) : restoreStep(*part.kind, part.wanted.text);
     restore.refusalsAreTold = !verifies;
     restore.after = [this, &part](const WriteRecord& record) {
         part.refused = record.refused();
         m_finished.push_back(part.kind->name);
     };
     steps.push_back(restore);
-    if (verifies) steps.push_back(readStep(*part.kind, m_scratch.file(backupFileName(part.kind->name))));
+    const auto keep = [&part](std::string text) { part.found = std::move(text); };
+    if (verifies) steps.push_back(readStep(*part.kind, part.kind->read, keep));
 }
 
 ExitCode RestoreAllJob::conclude() {
@@ -88,9 +90,10 @@ ExitCode RestoreAllJob::conclude() {
     if (!m_workshop.command.verify) return ExitCode::Done;
     bool took = true;
     for (const auto& part : m_parts) {
-        const auto found = readItems(m_workshop, part.kind->name, m_scratch.file(backupFileName(part.kind->name)));
-        if (!found) return ExitCode::File;
-        took = reportWritten(m_workshop.out, {part.kind->name, part.items, *found, part.refused}, m_workshop.titles) &&
+        const auto found = itemsRead(m_workshop, part.kind->name, part.found);
+        if (!found) return ExitCode::Answers;
+        took = reportWritten(m_workshop.out, {part.kind->name, part.wanted.items, *found, part.refused},
+                             m_workshop.titles) &&
                took;
     }
     return took ? ExitCode::Done : ExitCode::Different;

@@ -2,7 +2,6 @@
 
 #include "cli/Job.h"
 #include "cli/MenuRestoreSteps.h"
-#include "cli/ScratchFolder.h"
 
 namespace korvex::cli {
 
@@ -21,9 +20,9 @@ public:
 private:
     struct Part {
         const FileKind* kind;
-        std::string file;  ///< what is written
-        DataItems items;
+        FileContent wanted;
         std::set<std::string> refused;
+        std::string found;  ///< read back
     };
     std::optional<ExitCode> takeParts();
     bool takePart(const std::string& name);
@@ -31,7 +30,6 @@ private:
     void addSteps(std::vector<Step>& steps, Part& part);
 
     Workshop m_workshop;
-    ScratchFolder m_scratch;
     MenuRestoreSteps m_menu;
     std::vector<Part> m_parts;
     std::vector<std::string> m_finished;

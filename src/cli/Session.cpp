@@ -17,9 +17,8 @@ constexpr int listenMs = 600;  // a slow radio answers within half a second
 
 }  // namespace
 
-Session::Session(Program& program, GivenFile& givenFile, Command command, Surroundings surroundings)
+Session::Session(Program& program, Command command, Surroundings surroundings)
     : m_program(program),
-      m_givenFile(givenFile),
       m_command(std::move(command)),
       m_surroundings(std::move(surroundings)),
       m_poll(program.machine().clock.makeTimer()),
@@ -50,7 +49,8 @@ void Session::tell(const std::string& text) {
 
 void Session::start() {
     if (m_command.verb != Command::Verb::Send) {
-        m_job = makeJob({m_program, m_command, m_kinds, m_surroundings.out, m_surroundings.err, m_surroundings.titles});
+        m_job = makeJob({m_program, m_command, m_kinds, m_surroundings.out, m_surroundings.err, m_surroundings.files,
+                         m_surroundings.titles});
         if (const auto code = m_job->prepare()) {
             finish(*code);
             return;
@@ -125,16 +125,12 @@ void Session::beginNext() {
 void Session::beginStep() {
     m_stage = Stage::Working;
     m_record.clear();
-    const Transfer& transfer = step().transfer;
-    m_givenFile.file = step().file;
-    m_givenFile.objection = transfer.objection;
-    m_givenFile.objected.clear();
-    m_transferEnd = transfer.ended->connect([this](TransferEnd end) { onEnded(end); });
+    m_transferEnd = step().transfer.ended->connect([this](const Outcome& outcome) { onEnded(outcome); });
     m_program.link.panels().Error = "";
     m_standstill = now() + patience::standstillMs;
     waitOn();
     m_poll->setEnabled(true);
-    if (const auto end = transfer.start()) onEnded(*end);
+    step().transfer.start();
 }
 
 void Session::beginSend() {
@@ -144,22 +140,25 @@ void Session::beginSend() {
     listen(listenMs);
 }
 
-void Session::onEnded(TransferEnd end) {
+void Session::onEnded(const Outcome& outcome) {
     if (m_stage != Stage::Working) return;
-    const auto& finishTransfer = step().transfer.finish;
-    if (end == TransferEnd::Done && finishTransfer) end = finishTransfer();
-    if (end != TransferEnd::Done) {
-        onFailed(end);
-    } else if (step().writes) {
-        listen(listenMs);
+    const Transfer& transfer = step().transfer;
+    // What is missing of a reading, its objection weighs.
+    const bool told = outcome == TransferEnd::Done || (outcome == TransferEnd::Refused && !step().writes);
+    const std::string objection = told && transfer.objection ? transfer.objection() : "";
+    if (!told) {
+        onFailed(outcome);
+    } else if (!objection.empty()) {
+        tell(objection + "; nothing was written");
+        finish(ExitCode::Answers);
     } else {
         // Not from inside the transfer's own end: the next step may be of the same kind.
-        listen(0);
+        listen(step().writes ? listenMs : 0);
     }
 }
 
 void Session::onFailed(TransferEnd end) {
-    const StepFailure failure = failureOf(step(), end, m_program, m_givenFile);
+    const StepFailure failure = failureOf(step(), end, m_program);
     for (const auto& reason : failure.reasons) tell(reason);
     finish(failure.code);
 }

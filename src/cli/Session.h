@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <iostream>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -10,6 +11,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/FileKinds.h"
+#include "cli/Files.h"
 #include "cli/Job.h"
 #include "cli/WriteRecord.h"
 
@@ -20,6 +22,7 @@ struct Surroundings {
     std::ostream& out;  ///< both show control characters as pictures
     std::ostream& err;
     ItemTitles titles = {};  ///< what the menu items are called
+    Files files = {std::cin, std::cout};
 };
 
 /// One command with a radio, from opening the port to the exit code, on the same logic as the windows:
@@ -31,7 +34,7 @@ struct Surroundings {
 /// radio ends before the port is opened.
 class Session {
 public:
-    Session(Program& program, GivenFile& givenFile, Command command, Surroundings surroundings);
+    Session(Program& program, Command command, Surroundings surroundings);
 
     /// Returns at once; `finished` comes later, or already during the call.
     void start();
@@ -48,7 +51,7 @@ private:
     void beginNext();
     void beginStep();
     void beginSend();
-    void onEnded(TransferEnd end);
+    void onEnded(const Outcome& outcome);
     void onFailed(TransferEnd end);
     void stepDone();
     void listen(int ms);
@@ -62,7 +65,6 @@ private:
     std::string received() { return m_program.link.received().text(); }
 
     Program& m_program;
-    GivenFile& m_givenFile;
     Command m_command;
     Surroundings m_surroundings;
     enum class Stage { Idle, Testing, Working, Listening, Finished };

@@ -16,25 +16,19 @@ ExitCode exitCodeFor(TransferEnd end) {
     return ExitCode::File;
 }
 
-/// What windows say elsewhere than in a box. The panel says why a file was not loaded; of a reading it says how far it
-/// came, which is no reason.
-std::vector<std::string> fileTrouble(const Step& step, Program& program) {
-    std::vector<std::string> reasons;
+/// What the panel says of a writing; of a reading it says how far it came, which is no reason.
+std::vector<std::string> panelText(const Step& step, Program& program) {
     const std::string panel = program.link.panels().Error;
-    if (step.writes && !panel.empty()) reasons.push_back(panel);
-    for (const std::string& why : {program.keyerWindow.hint.get(), program.bandStackWindow.dateipath.get()}) {
-        if (why.starts_with("Not saved: ") || why.starts_with("Not loaded: ")) reasons.push_back(why);
-    }
-    return reasons;
+    return step.writes && !panel.empty() ? std::vector{panel} : std::vector<std::string>();
 }
 
-std::vector<std::string> reasonsOf(const Step& step, TransferEnd end, Program& program, const GivenFile& givenFile) {
+std::vector<std::string> reasonsOf(const Step& step, TransferEnd end, Program& program) {
     if (step.transfer.why) return {step.transfer.why()};
     switch (end) {
         case TransferEnd::Refused:
         case TransferEnd::NoAnswer: return {"the radio's answers did not come in time"};
-        case TransferEnd::Cancelled: return {givenFile.objected + "; nothing was written"};
-        case TransferEnd::FileFailed: return fileTrouble(step, program);
+        case TransferEnd::Cancelled:
+        case TransferEnd::FileFailed: return panelText(step, program);
         case TransferEnd::Done:
         case TransferEnd::PortClosed: break;
     }
@@ -43,8 +37,8 @@ std::vector<std::string> reasonsOf(const Step& step, TransferEnd end, Program& p
 
 }  // namespace
 
-StepFailure failureOf(const Step& step, TransferEnd end, Program& program, const GivenFile& givenFile) {
-    return {exitCodeFor(end), reasonsOf(step, end, program, givenFile)};
+StepFailure failureOf(const Step& step, TransferEnd end, Program& program) {
+    return {exitCodeFor(end), reasonsOf(step, end, program)};
 }
 
 }  // namespace korvex::cli

@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "cli/Console.h"
 #include "cli/Job.h"
 
 namespace korvex::cli {
@@ -14,6 +13,6 @@ struct StepFailure {
     std::vector<std::string> reasons;
 };
 
-StepFailure failureOf(const Step& step, TransferEnd end, Program& program, const GivenFile& givenFile);
+StepFailure failureOf(const Step& step, TransferEnd end, Program& program);
 
 }  // namespace korvex::cli

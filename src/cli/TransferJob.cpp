@@ -4,7 +4,6 @@
 
 #include "cli/Restorable.h"
 #include "cli/Verification.h"
-#include "platform/TextFile.h"
 
 namespace korvex::cli {
 
@@ -16,14 +15,14 @@ std::optional<ExitCode> TransferJob::prepare() {
     }
     if (const auto code = restores() ? takeFile() : checkTarget()) return code;
     if (!command.dryRun) return std::nullopt;
-    printCommands(m_workshop.out, m_wanted);
+    printCommands(m_workshop.out, m_wanted.items);
     if (command.withCat) printCommands(m_workshop.out, m_menu.catItems());
     return ExitCode::Done;
 }
 
 /// A target that cannot be written is told before the radio is read for minutes.
 std::optional<ExitCode> TransferJob::checkTarget() {
-    const auto failure = textfile::whyNotWritable(m_workshop.command.file);
+    const auto failure = Files::whyNotWritable(m_workshop.command.file);
     if (!failure) return std::nullopt;
     m_workshop.tell(failure->text);
     return ExitCode::File;
@@ -31,18 +30,14 @@ std::optional<ExitCode> TransferJob::checkTarget() {
 
 std::optional<ExitCode> TransferJob::takeFile() {
     const Command& command = m_workshop.command;
-    m_file = command.file;
-    if (const auto failure = keepStream()) {
-        m_workshop.tell(failure->text);
-        return ExitCode::File;
-    }
-    auto items = readItems(m_workshop, command.kind, m_file);
-    if (!items) return ExitCode::File;
-    if (const std::string why = whyNotTaken(*items); !why.empty()) {
+    auto content = readFile(m_workshop, command.kind, command.file);
+    if (!content) return ExitCode::File;
+    if (const std::string why = whyNotTaken(content->items); !why.empty()) {
         m_workshop.tell(command.file + ": " + why);
         return ExitCode::File;
     }
-    m_wanted = isMenu() ? m_menu.items() : std::move(*items);
+    if (isMenu()) content->items = m_menu.items();
+    m_wanted = std::move(*content);
     return std::nullopt;
 }
 
@@ -54,40 +49,56 @@ std::string TransferJob::whyNotTaken(const DataItems& items) {
     return m_workshop.command.force ? std::string() : m_menu.whyIncomplete();
 }
 
-/// "/dev/stdin" can be read once, and a file is read several times.
-Failure TransferJob::keepStream() {
-    std::error_code ignored;
-    if (!std::filesystem::exists(m_file, ignored) || std::filesystem::is_regular_file(m_file, ignored)) return {};
-    const auto content = textfile::read(m_file);
-    if (!content) return content.error();
-    m_file = m_scratch.file("given");
-    return textfile::write(m_file, *content);
-}
-
 std::vector<Step> TransferJob::steps() {
-    const Command& command = m_workshop.command;
-    const FileKind& kind = *m_workshop.kind(command.kind);
-    if (!restores()) return {saveStep(kind, command.file)};
-    Step restore = isMenu() ? m_menu.itemsStep(kind, m_workshop.program, m_file) : restoreStep(kind, m_file);
-    std::vector<Step> steps;
-    if (command.verify) {
-        restore.refusalsAreTold = false;
-        restore.after = [this](const WriteRecord& record) { m_refused = record.refused(); };
-        steps = {restore, readStep(kind, m_scratch.file(command.kind))};
-    } else {
-        steps = {restore};
+    const FileKind& kind = *m_workshop.kind(m_workshop.command.kind);
+    const auto keep = [this](std::string text) { m_read = std::move(text); };
+    if (!restores()) return {readStep(kind, kind.readWhole, keep)};
+    Step restore = isMenu() ? m_menu.itemsStep(m_workshop.program) : restoreStep(kind, m_wanted.text);
+    std::vector<Step> steps = {restore};
+    if (m_workshop.command.verify) {
+        steps.front().refusalsAreTold = false;
+        steps.front().after = [this](const WriteRecord& record) { m_refused = record.refused(); };
+        steps.push_back(readStep(kind, kind.read, keep));
     }
-    if (command.withCat && !m_menu.catItems().empty()) steps.push_back(m_menu.catStep(m_workshop.program));
+    if (m_workshop.command.withCat && !m_menu.catItems().empty()) steps.push_back(m_menu.catStep(m_workshop.program));
     return steps;
 }
 
 ExitCode TransferJob::conclude() {
+    if (!restores()) return save();
     if (!m_menu.catItems().empty() && !m_workshop.command.withCat) m_workshop.tell(catSettingsLeft);
-    if (!m_workshop.command.verify) return ExitCode::Done;
+    return m_workshop.command.verify ? report() : ExitCode::Done;
+}
+
+ExitCode TransferJob::save() {
+    const std::string& file = m_workshop.command.file;
+    if (wouldEmptyTarget()) {
+        m_workshop.tell("the radio told nothing, and " + file + " holds something; nothing was written");
+        return ExitCode::Answers;
+    }
+    const auto failure = m_workshop.files.write(file, m_read);
+    if (!failure) return ExitCode::Done;
+    m_workshop.tell(failure->text);
+    return ExitCode::File;
+}
+
+/// A radio that is busy refuses to tell a channel as it does when the channel is empty.
+bool TransferJob::wouldEmptyTarget() const {
+    const Command& command = m_workshop.command;
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(command.file, ignored)) return false;
+    const auto holdsItems = [&command](const Result<std::string>& text) {
+        const auto items = text ? dataItems(command.kind, *text) : Result<DataItems>(text.error());
+        return items && holdsAnything(command.kind, *items);
+    };
+    return !holdsItems(m_read) && holdsItems(m_workshop.files.read(command.file));
+}
+
+ExitCode TransferJob::report() {
     const std::string& kind = m_workshop.command.kind;
-    const auto found = readItems(m_workshop, kind, m_scratch.file(kind));
-    if (!found) return ExitCode::File;
-    const bool took = reportWritten(m_workshop.out, {kind, m_wanted, *found, m_refused}, m_workshop.titles);
+    const auto found = itemsRead(m_workshop, kind, m_read);
+    if (!found) return ExitCode::Answers;
+    const bool took = reportWritten(m_workshop.out, {kind, m_wanted.items, *found, m_refused}, m_workshop.titles);
     return took ? ExitCode::Done : ExitCode::Different;
 }
 

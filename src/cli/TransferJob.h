@@ -4,7 +4,6 @@
 
 #include "cli/Job.h"
 #include "cli/MenuRestoreSteps.h"
-#include "cli/ScratchFolder.h"
 
 namespace korvex::cli {
 
@@ -22,16 +21,17 @@ private:
 
     std::optional<ExitCode> checkTarget();
     std::optional<ExitCode> takeFile();
-    Failure keepStream();
     bool isMenu() const { return m_workshop.command.kind == "menu"; }
     std::string whyNotTaken(const DataItems& items);
+    bool wouldEmptyTarget() const;
+    ExitCode save();
+    ExitCode report();
 
     Workshop m_workshop;
-    ScratchFolder m_scratch;
-    std::string m_file;  // to restore
-    DataItems m_wanted;
+    FileContent m_wanted;  // to restore
     MenuRestoreSteps m_menu;
     std::set<std::string> m_refused;
+    std::string m_read;  // from the radio: what is saved, or verified
 };
 
 }  // namespace korvex::cli

@@ -25,7 +25,7 @@ std::map<std::string, Difference> byName(const std::vector<Difference>& list) {
 }
 
 std::string verdict(const DataItem& item, const std::set<std::string>& refused) {
-    if (item.command.empty()) return "not sent";
+    if (item.command.empty() || item.value.empty()) return "not sent";  // an empty keyer text is a question
     return refused.contains(item.command) ? "refused" : "different";
 }
 

@@ -11,6 +11,7 @@
 #include "cli/Session.h"
 #include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
+#include "platform/StandardStreams.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtProgramPlaces.h"
@@ -54,16 +55,16 @@ int listPorts(SerialPorts& ports, std::ostream& out) {
 int runSession(QCoreApplication& application, const Command& command, QtClock& clock, SerialPorts& ports,
                SettingsStore& settings, const Output& output) {
     endsignals::watch();
-    GivenFile givenFile;
+    NoFileDialog noFileDialog;
     ConsoleMsgBox msgBox(output.err);
     NoShell shell;
     QtDatabase database;
     BorrowedSettings borrowed(settings);
-    Program program({clock, ports, borrowed, givenFile, msgBox, shell, database, "."});
+    Program program({clock, ports, borrowed, noFileDialog, msgBox, shell, database, "."});
     std::optional<ProgressLine> progressLine;
     if (::isatty(STDERR_FILENO) == 1) progressLine.emplace(program.progress, std::cerr);
     const std::string descriptions = command.database.value_or(findDescriptionDatabase(programPlaces({})));
-    Session session(program, givenFile, command, {output.out, output.err, titlesFrom(database, descriptions)});
+    Session session(program, command, {output.out, output.err, titlesFrom(database, descriptions)});
     std::optional<ExitCode> code;
     const Connection finished = session.finished.connect([&](ExitCode result) {
         code = result;
@@ -115,6 +116,7 @@ int run(QCoreApplication& application, const std::vector<std::string>& arguments
 }  // namespace
 
 int main(int argc, char** argv) {
+    standardstreams::keepNumbersTaken();
     endsignals::ignoreBrokenPipes();
     QCoreApplication application(argc, argv);
     PrintableStream out(std::cout);

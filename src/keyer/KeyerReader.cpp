@@ -59,8 +59,18 @@ bool KeyerReader::waitsForRest() {
 
 void KeyerReader::finish() {
     const bool all = answered() == keyerMemories;
+    const bool toldOrRefused = answered() + refused() == keyerMemories;
+    const auto unlessAll = toldOrRefused ? Outcome::Kind::Refused : Outcome::Kind::NoAnswer;
     m_link.progress().value = 0;
-    m_operation->end({all ? Outcome::Kind::Done : Outcome::Kind::NoAnswer, answered(), keyerMemories, {}, {}});
+    m_operation->end({all ? Outcome::Kind::Done : unlessAll, answered(), keyerMemories, refusedNames(), {}});
+}
+
+std::vector<std::string> KeyerReader::refusedNames() const {
+    std::vector<std::string> names;
+    for (int memory = 1; memory <= keyerMemories; ++memory) {
+        if (wasRefused(memory)) names.push_back(keyerHead(memory));
+    }
+    return names;
 }
 
 Rest KeyerReader::takeKeyerAnswer(std::string_view answer) {
@@ -68,7 +78,8 @@ Rest KeyerReader::takeKeyerAnswer(std::string_view answer) {
     if (m_asked == 0) return Rest::Discard;  // before the first query nothing of what comes is an answer
     m_silentSteps = 0;
     const int owner = ownerOf(answer);
-    store(owner == 0 ? m_asked : owner, answer, owner == 0 ? Told::Else : Told::Memory);
+    const Told unlessOwned = answer == "?;" ? Told::Refused : Told::Else;
+    store(owner == 0 ? m_asked : owner, answer, owner == 0 ? unlessOwned : Told::Memory);
     return Rest::Discard;
 }
 
@@ -82,7 +93,7 @@ Rest KeyerReader::takeStrange(std::string_view piece) {
 }
 
 void KeyerReader::store(int memory, std::string_view answer, Told what) {
-    if (what == Told::Else && toldOf(memory) == Told::Memory) return;  // news behind the answer
+    if (what != Told::Memory && toldOf(memory) == Told::Memory) return;  // news behind the answer
     const bool hasText = answer.size() > headLength;
     const auto text = hasText ? answer.substr(headLength, answer.size() - headLength - 1) : std::string_view();
     keyerText(m_texts, memory) = WireText(text);

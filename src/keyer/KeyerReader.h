@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cat/CatLink.h"
 #include "keyer/KeyerTexts.h"
@@ -30,14 +31,17 @@ public:
     const KeyerTexts& texts() const { return m_texts; }
     /// How many memories have been answered since the read began.
     int answered() const { return count(Told::Memory); }
+    /// How many the radio has refused to tell, and whether it was this one.
+    int refused() const { return count(Told::Refused); }
+    bool wasRefused(int memory) const { return toldOf(memory) == Told::Refused; }
 
     Signal<> began;    ///< the line is ours, and no text has come
     Signal<int> told;  ///< the text of this memory, 1 to 5, has come
     Signal<const Outcome&> ended;
 
 private:
-    /// What has come for a memory: nothing yet, something that names another or none, or what was asked for.
-    enum class Told { Nothing, Else, Memory };
+    /// What has come for a memory: nothing yet, something that names another or none, a refusal, or what was asked for.
+    enum class Told { Nothing, Else, Refused, Memory };
 
     void queryNext();
     bool waitsForRest();
@@ -45,6 +49,7 @@ private:
     Rest takeStrange(std::string_view piece);
     void store(int memory, std::string_view answer, Told what);
     int ownerOf(std::string_view answer) const;
+    std::vector<std::string> refusedNames() const;
     Told& toldOf(int memory) { return m_told.at(static_cast<std::size_t>(memory - 1)); }
     Told toldOf(int memory) const { return m_told.at(static_cast<std::size_t>(memory - 1)); }
     int count(Told what) const;

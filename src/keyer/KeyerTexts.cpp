@@ -19,4 +19,9 @@ std::string whyNotSendable(const WireText& text) {
     return controls ? "it holds a line break or another control character" : "";
 }
 
+std::string whyNotStorable(const WireText& text) {
+    return text.bytes().find('|') == std::string::npos ? whyNotSendable(text)
+                                                       : "\"|\" separates the columns of the file";
+}
+
 }  // namespace korvex

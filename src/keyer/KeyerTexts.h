@@ -37,5 +37,7 @@ inline std::string keyerWriteCommand(int memory, const WireText& text) {
 
 /// Why a text cannot be sent as one command; empty when it can.
 std::string whyNotSendable(const WireText& text);
+/// Why a keyer file cannot hold a text so that it is sent again; empty when it can.
+std::string whyNotStorable(const WireText& text);
 
 }  // namespace korvex

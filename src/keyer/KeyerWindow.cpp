@@ -51,6 +51,12 @@ void KeyerWindow::readKeyer() {
 
 void KeyerWindow::onReadEnded(const Outcome& outcome) {
     if (outcome.isDone()) return;
+    if (outcome.kind == Outcome::Kind::Refused) {
+        hint =
+            "The radio refused to tell: " + memoriesThat([this](int memory) { return m_reader.wasRefused(memory); }) +
+            ".";
+        return;
+    }
     if (outcome.kind != Outcome::Kind::NoAnswer) {
         hint = inWords(outcome, {"memory", "memories"});
         return;

@@ -17,9 +17,22 @@ MemoryRestorer::MemoryRestorer(Terminal& terminal, Clock& clock, MemoryTable& ta
 }
 
 void MemoryRestorer::mnu_restMem_Click() {
+    claim();
+    if (loadMemoryFile()) begin();
+}
+
+void MemoryRestorer::write(const std::vector<std::string>& lines) {
+    claim();
+    take(lines);
+    begin();
+}
+
+void MemoryRestorer::claim() {
     m_link.setActiveOperation(ActiveOperation::RestoreFromFile);
     m_link.clearTraffic();
-    if (!loadMemoryFile()) return;
+}
+
+void MemoryRestorer::begin() {
     if (!m_link.PortOpen()) {
         ended.emit(TransferEnd::PortClosed);
         return;
@@ -53,9 +66,13 @@ bool MemoryRestorer::loadMemoryFile() {
         ended.emit(TransferEnd::FileFailed);
         return false;
     }
-    m_lastLoaded = 0;
-    for (const auto& line : *lines) m_table.set(++m_lastLoaded, line);
+    take(*lines);
     return true;
+}
+
+void MemoryRestorer::take(const std::vector<std::string>& lines) {
+    m_lastLoaded = 0;
+    for (const auto& line : lines) m_table.set(++m_lastLoaded, line);
 }
 
 void MemoryRestorer::Timer8_Timer() {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "cat/PhaseFlag.h"
 #include "memory/MemoryTables.h"
@@ -18,12 +20,17 @@ public:
 
     /// "Restore Memories to FT2000". With the port closed the file is only loaded into the table.
     void mnu_restMem_Click();
+    /// The lines of a memory file, without asking for one.
+    void write(const std::vector<std::string>& lines);
 
     bool running() const { return m_timer8->Enabled(); }
     Signal<const Outcome&> ended;
 
 private:
+    void claim();
     bool loadMemoryFile();
+    void take(const std::vector<std::string>& lines);
+    void begin();
     void Timer8_Timer();
     void writeNext();
     void finish();

@@ -4,10 +4,12 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <optional>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
+#include "base/NumberText.h"
 #include "platform/UnfinishedFile.h"
 
 namespace korvex::textfile {
@@ -46,6 +48,24 @@ bool isRegularOrAbsent(const std::string& target) {
     return ::stat(target.c_str(), &status) != 0 || S_ISREG(status.st_mode) || S_ISDIR(status.st_mode);
 }
 
+/// Which of our own open files a name stands for: "/dev/stdout", "/dev/fd/3", "/proc/self/fd/1", or a link to one of
+/// them. What the shell has opened is written to where it stands: it may hold something already (">>"), and what is
+/// written after us must come behind it.
+std::optional<int> openedAs(fs::path path) {
+    const std::string ours = "/proc/" + std::to_string(::getpid());
+    constexpr int longestChain = 40;
+    std::error_code error;
+    for (int i = 0; i < longestChain; ++i) {
+        const std::string folder = fs::canonical(path.has_parent_path() ? path.parent_path() : ".", error).string();
+        if (error) return std::nullopt;
+        if (folder.starts_with(ours + "/") && folder.ends_with("/fd")) return parseWhole(path.filename().string());
+        const auto target = fs::read_symlink(path, error);
+        if (error) return std::nullopt;
+        path = folder / target;
+    }
+    return std::nullopt;
+}
+
 /// Where the content really goes: the end of a chain of links, also of one whose end does not exist yet.
 fs::path linkTarget(fs::path path) {
     if (!isRegularOrAbsent(path.string())) return path;  // the link to a pipe in /proc names nothing
@@ -66,6 +86,12 @@ int refusal(const std::string& target) {
     if (::stat(target.c_str(), &status) != 0) return errno == ENOENT ? 0 : errno;
     if (S_ISDIR(status.st_mode)) return EISDIR;
     return ::access(target.c_str(), W_OK) == 0 ? 0 : errno;
+}
+
+int writeToOpened(int opened, std::string_view content) {
+    Descriptor file(::fcntl(opened, F_DUPFD_CLOEXEC, 0));
+    if (!file.isOpen()) return errno;
+    return file.writeAll(content);
 }
 
 int writeInPlace(const std::string& target, std::string_view content) {
@@ -103,6 +129,10 @@ Result<std::string> read(const std::string& path) {
 }
 
 Failure write(const std::string& path, std::string_view content) {
+    if (const auto opened = openedAs(path)) {
+        const int error = writeToOpened(*opened, content);
+        return error == 0 ? Failure() : failure(path, error);
+    }
     const std::string target = linkTarget(path).string();
     int error = refusal(target);
     if (error == 0) error = isRegularOrAbsent(target) ? replace(target, content) : writeInPlace(target, content);
@@ -111,6 +141,11 @@ Failure write(const std::string& path, std::string_view content) {
 }
 
 Failure whyNotWritable(const std::string& path) {
+    if (const auto opened = openedAs(path)) {
+        const int flags = ::fcntl(*opened, F_GETFL);
+        if (flags < 0) return failure(path, errno);
+        return (flags & O_ACCMODE) == O_RDONLY ? failure(path, EACCES) : Failure();
+    }
     const fs::path target = linkTarget(path);
     int error = refusal(target.string());
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");

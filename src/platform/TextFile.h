@@ -19,7 +19,8 @@ Result<std::string> read(const std::string& path);
 
 /// Writes beside the file and renames, so that a crash or a full disk leaves the old file or the new one. A symbolic
 /// link is followed and stays, also one to a file that is not there yet; permissions and owner of an existing file are
-/// kept, and one that may not be written to is not replaced either. A device or a pipe is written to as it stands.
+/// kept, and one that may not be written to is not replaced either. A device or a pipe is written to as it
+/// stands, and so is what the program has open already ("/dev/stdout"), also when it is a file.
 Failure write(const std::string& path, std::string_view content);
 
 /// What would keep `write` from writing, as far as it can be told without touching anything.

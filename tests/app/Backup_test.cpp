@@ -97,7 +97,7 @@ TEST_F(WholeBackup, SavesTheRadioAndLeavesWhatTheWindowsHold) {
     const std::string text = toldAtTheEnd();
     for (const char* part :
          {"/backups/korvex-2026-11-22-234254\r\n", "149 menu items\r\n", "bandstack.bsr: 30 registers",
-          "refused to tell:\r\nmenu 042\r\n", "the band stack of band 02"}) {
+          "It is not complete.\r\nThe radio refused to tell:\r\nmenu 042\r\n", "the band stack of band 02"}) {
         EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
     }
     EXPECT_EQ(everythingInTheWindows(program), before);

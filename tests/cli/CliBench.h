@@ -19,7 +19,9 @@ struct CliBench {
     fakes::VirtualClock clock;
     fakes::TalkativePorts ports{clock};
     fakes::FakeSettings settings;
-    GivenFile givenFile;
+    NoFileDialog noFileDialog;
+    std::istringstream standardInput;
+    std::ostringstream standardOutput;  ///< what "-" is
     std::ostringstream out;
     std::ostringstream err;
     PrintableStream shownOut{out};
@@ -36,9 +38,10 @@ struct CliBench {
     ExitCode run(const std::vector<std::string>& arguments) {
         const auto command = parseArguments(arguments);
         EXPECT_TRUE(command) << command.error().text;
-        Program program(
-            {clock, ports, settings, givenFile, msgBox, shell, database, folder.path(), [this] { return timeOfDay; }});
-        Session session(program, givenFile, *command, {shownOut, shownErr});
+        Program program({clock, ports, settings, noFileDialog, msgBox, shell, database, folder.path(),
+                         [this] { return timeOfDay; }});
+        Session session(program, *command, {shownOut, shownErr, {}, {standardInput, standardOutput}});
+        standardOutput.str("");
         code.reset();
         out.str("");
         err.str("");

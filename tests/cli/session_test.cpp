@@ -119,6 +119,39 @@ TEST(Session, SavesAndRestoresTheKeyerTexts) {
     EXPECT_FALSE(std::filesystem::exists(bench.folder.file("other.kem")));
 }
 
+TEST(Session, SavesToStandardOutputAndRestoresFromStandardInput) {
+    CliBench bench;
+    const std::string file = bench.folder.file("shack.kem");
+    EXPECT_EQ(bench.run({"save", "keyer", file}), ExitCode::Done);
+    EXPECT_EQ(bench.run({"save", "keyer", "-"}), ExitCode::Done);
+    const std::string saved = bench.standardOutput.str();
+    EXPECT_EQ(saved, fakes::fileContent(file));
+    EXPECT_EQ(bench.out.str() + bench.err.str(), "");
+    bench.ports.radio().answer("KM1QRL?;");
+    bench.standardInput.str(saved);
+    EXPECT_EQ(bench.run({"compare", "--kind", "keyer", "-", "radio"}), ExitCode::Different);
+    EXPECT_EQ(bench.out.str(), "KM1: \"CQ CQ CQ DE DL1XYZ DL1XYZ PSE K\" | \"QRL?\"\n");
+    EXPECT_EQ(bench.run({"restore", "keyer", "-"}), ExitCode::File) << "it has been read already";
+    bench.standardInput.clear();
+    bench.standardInput.str(saved);
+    EXPECT_EQ(bench.run({"restore", "--verify", "keyer", "-"}), ExitCode::Done) << bench.err.str();
+    EXPECT_NE(bench.out.str().find("keyer: 5 written"), std::string::npos) << bench.out.str();
+    EXPECT_EQ(bench.run({"compare", "--kind", "keyer", "-", "-"}), ExitCode::Usage);
+    bench.standardOutput.setstate(std::ios::badbit);
+    EXPECT_EQ(bench.run({"save", "keyer", "-"}), ExitCode::File);
+}
+
+TEST(Session, ARadioThatTellsNothingReplacesNoFile) {
+    CliBench bench;
+    const std::string file = bench.folder.file("shack.mem");
+    EXPECT_EQ(bench.run({"save", "memory", file}), ExitCode::Done);
+    const std::string saved = fakes::fileContent(file);
+    bench.ports.faults().refusesItems = {"MR"};
+    EXPECT_EQ(bench.run({"save", "memory", file}), ExitCode::Answers);
+    EXPECT_EQ(fakes::fileContent(file), saved);
+    EXPECT_EQ(bench.run({"save", "memory", bench.folder.file("new.mem")}), ExitCode::Done);
+}
+
 TEST(Session, TellsOfATargetThatCannotBeWrittenBeforeItReads) {
     CliBench bench;
     for (const std::string& file : {bench.folder.path(), bench.folder.file("no/such/folder.mnu")}) {

@@ -104,15 +104,51 @@ TEST_F(WholeRadio, NoBackupIsHalf) {
     EXPECT_EQ(bench.run({"backup", bench.folder.file("file")}), ExitCode::File);
 }
 
-TEST_F(WholeRadio, WhatTheRadioRefusesToTellIsLeftOutAndTold) {
-    bench.ports.faults().refusesItems = {"EX042", "BS02"};
-    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done) << bench.err.str();
-    EXPECT_NE(saved("summary.txt").find("  menu 042\n"), std::string::npos) << saved("summary.txt");
-    bench.ports.faults() = {};
-    bench.ports.radio().state.menu.at(42) = "007";
-    bench.ports.radio().state.keyer.at(4) = "";
-    EXPECT_EQ(bench.run({"restore-all", "--verify", backup}), ExitCode::Done) << bench.out.str();
-    EXPECT_EQ(bench.ports.radio().state.menu.at(42), "007");
+/// Whatever the radio refuses, the backup has the rest, names what is missing and says that it is not complete.
+TEST_F(WholeRadio, WhatTheRadioRefusesToTellIsLeftOutAndNamed) {
+    const std::vector<std::pair<std::string, std::string>> refusals = {{"EX042", "menu 042"},
+                                                                       {"EX", ""},
+                                                                       {"KM2", "keyer KM2"},
+                                                                       {"KM", "keyer KM5"},
+                                                                       {"BS02", "band stack of band 02"},
+                                                                       {"BS", ""},
+                                                                       {"NB0", "bandstack 05.2 NB0"},
+                                                                       {"AN0", "bandstack 10.1 AN0"}};
+    for (const auto& [refused, named] : refusals) {
+        SCOPED_TRACE(refused);
+        bench.ports.faults().refusesItems = {refused};
+        EXPECT_EQ(bench.run({"backup", dir}), ExitCode::Answers);
+        bench.ports.faults() = {};
+        if (named.empty()) {
+            EXPECT_TRUE(isEmpty()) << "the radio told nothing of a whole kind";
+            continue;
+        }
+        EXPECT_EQ(bench.out.str(), backup + "\n") << bench.err.str();
+        EXPECT_NE(bench.err.str().find("not complete"), std::string::npos) << bench.err.str();
+        EXPECT_NE(saved("summary.txt").find("not complete"), std::string::npos);
+        EXPECT_NE(saved("summary.txt").find(named + "\n"), std::string::npos) << saved("summary.txt");
+        const ExitCode restored = named.starts_with("keyer") ? ExitCode::Different : ExitCode::Done;
+        EXPECT_EQ(bench.run({"restore-all", "--verify", backup}), restored) << bench.err.str();
+        EXPECT_EQ(said("KM2: not sent, wanted \"\", the radio has \"DE DL1XYZ\"\n"), restored != ExitCode::Done);
+        std::filesystem::remove_all(backup);
+    }
+    bench.ports.radio().state.keyer.at(2) = "?";  // no refusal
+    for (const std::string harmless : {"ID", "MR"}) {
+        bench.ports.faults().refusesItems = {harmless};
+        EXPECT_EQ(bench.run({"backup", dir}), ExitCode::Done) << harmless << bench.err.str();
+        std::filesystem::remove_all(backup);
+    }
+}
+
+TEST_F(WholeRadio, ATextThatNoFileCanHoldIsLeftOutAndNamed) {
+    bench.ports.radio().state.keyer.at(2) = "A|B";
+    const std::string why = "keyer KM2, which cannot be kept in a file: \"|\" separates the columns of the file\n";
+    EXPECT_EQ(bench.run({"backup", dir}), ExitCode::Answers);
+    EXPECT_NE(saved("summary.txt").find(why), std::string::npos) << saved("summary.txt");
+    EXPECT_EQ(bench.run({"restore-all", backup}), ExitCode::Done) << bench.err.str();
+    EXPECT_EQ(bench.ports.radio().state.keyer.at(2), "A|B");
+    EXPECT_EQ(bench.run({"save", "keyer", "-"}), ExitCode::Answers);
+    EXPECT_EQ(bench.standardOutput.str(), "");
 }
 
 TEST_F(WholeRadio, RestoreTellsOfEachItemWhetherItTook) {

@@ -54,6 +54,44 @@ TEST_F(InTheShell, OutputThatNobodyGetsIsTold) {
     EXPECT_EQ(run("timeout 5 " + simulator + ">/dev/full").code, 1);
 }
 
+/// No scratch files: a folder that cannot be written is no trouble, and one that holds a backup stays as it is.
+TEST_F(InTheShell, WhatIsReadBackGoesThroughNoFile) {
+    const std::string demo = "TMPDIR=/nowhere " + korvexctl + "--demo ";
+    ASSERT_EQ(run(demo + "save keyer " + folder.file("keyer.kem")).code, 0);
+    for (const std::string name : {"keyer", "radio", "given"}) fakes::writeFile(folder.file(name), "mine");
+    const std::string listing = "cd " + folder.path() + " && rm -f fifo && ls -lid --time-style=full-iso . * && cat *";
+    const std::string before = run(listing).output;
+    const std::string tests = "t() { " + demo + "\"$@\" >/dev/null || echo failed: $*; }; cd " + folder.path() + "; ";
+    EXPECT_EQ(run(tests + "t restore keyer --verify keyer.kem & t compare keyer.kem radio & t restore-all --verify . & "
+                          "cat keyer.kem | t restore keyer --verify - & wait")
+                  .output,
+              std::string("korvexctl: there is no menu.mnu: the radio keeps what it has\n") +
+                  "korvexctl: there is no memory.mem: the radio keeps what it has\n" +
+                  "korvexctl: there is no bandstack.bsr: the radio keeps what it has\n");
+    EXPECT_EQ(run(listing).output, before);
+}
+
+TEST_F(InTheShell, WhatIsOpenAlreadyIsAddedToAndNotReplaced) {
+    const std::string save = korvexctl + "--demo save keyer ";
+    const auto outcome =
+        run("cd " + folder.path() + "; echo head > one; { " + save + "/dev/stdout; echo tail; } >> one & { " + save +
+            "-; echo tail; } > two & " + save + "three & " + save + "fifo & cat fifo > four; wait");
+    EXPECT_EQ(outcome.output, "");
+    const std::string saved = fakes::fileContent(folder.file("three"));
+    EXPECT_EQ(fakes::fileContent(folder.file("one")), "head\n" + saved + "tail\n");
+    EXPECT_EQ(fakes::fileContent(folder.file("two")), saved + "tail\n");
+    EXPECT_EQ(fakes::fileContent(folder.file("four")), saved);
+}
+
+/// Else the radio's port could be what the program prints to.
+TEST_F(InTheShell, NothingThatIsOpenedTakesTheNumberOfAClosedStream) {
+    for (const std::string& program : {korvexctl + "--demo restore menu " + fifo, simulator + "--log " + fifo}) {
+        const auto streams = run(program + " <&- >&- 2>&- & p=$!; sleep 0.4; readlink /proc/$p/fd/0 /proc/$p/fd/1 " +
+                                 "/proc/$p/fd/2; kill -KILL $p");
+        EXPECT_EQ(streams.output, "/dev/null\n/dev/null\n/dev/null\n") << program;
+    }
+}
+
 TEST_F(InTheShell, ARestoreWhoseReaderWentAwayGoesOn) {
     fakes::SimulatorProcess radio(simulator.substr(0, simulator.size() - 1));
     const std::string port = korvexctl + "-r " + radio.device() + " ";

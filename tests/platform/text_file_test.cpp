@@ -68,6 +68,26 @@ TEST_F(TextFile, GoesIntoAPipeThatStandardOutputLeadsTo) {
     EXPECT_EQ(::read(out.get(), got.data(), got.size()), 7);
 }
 
+TEST_F(TextFile, GoesIntoWhatIsOpenAlreadyAndReplacesNothing) {
+    const std::string file = folder.file("log");
+    fakes::writeFile(file, "before\n");
+    const Descriptor open(::open(file.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC));
+    const Descriptor reading(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    const std::string number = std::to_string(open.get());
+    fs::create_symlink("/dev/fd/" + number, folder.file("link"));
+    for (const std::string& name : {"/dev/fd/" + number, "/proc/self/fd/" + number, folder.file("link")}) {
+        EXPECT_FALSE(textfile::whyNotWritable(name)) << name;
+        EXPECT_FALSE(textfile::write(name, "x")) << name;
+    }
+    EXPECT_EQ(open.writeAll(" after"), 0);
+    EXPECT_EQ(fakes::fileContent(file), "before\nxxx after");
+    EXPECT_TRUE(fs::is_symlink(folder.file("link")));
+    for (const std::string& bad : {"/dev/fd/" + std::to_string(reading.get()), std::string("/dev/fd/987")}) {
+        EXPECT_TRUE(textfile::whyNotWritable(bad)) << bad;
+        EXPECT_TRUE(textfile::write(bad, "x")) << bad;
+    }
+}
+
 TEST_F(TextFile, KeepsPermissionsAndOwner) {
     const std::string file = folder.file("shack.mnu");
     fakes::writeFile(file, "old");

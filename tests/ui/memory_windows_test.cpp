@@ -256,12 +256,12 @@ TEST(MemoryManagerFromTheStartWindow, SavesWhatTheCommandLineCarriesOn) {
     EXPECT_FALSE(window("frmMem")->isVisible());
     program.link.closePort();
 
-    cli::GivenFile given;
+    cli::NoFileDialog given;
     std::ostringstream output;
     const auto korvexctl = [&](const char* verb, const std::string& file) {
         Program another({bench.clock, bench.ports, bench.settings, given, bench.msgBox, bench.shell, bench.database,
                          bench.folder.path()});
-        cli::Session session(another, given, *cli::parseArguments({verb, "memory", file}), {output, output, {}});
+        cli::Session session(another, *cli::parseArguments({verb, "memory", file}), {output, output});
         std::optional<cli::ExitCode> code;
         const auto finished = session.finished.connect([&](cli::ExitCode result) { code = result; });
         session.start();

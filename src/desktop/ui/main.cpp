@@ -5,6 +5,7 @@
 #include "app/Version.h"
 #include "app/ui/SvgArt.h"
 #include "desktop/ui/RunProgram.h"
+#include "platform/StandardStreams.h"
 
 namespace korvex {
 
@@ -20,6 +21,7 @@ int tellUsage(const std::string& why) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    standardstreams::keepNumbersTaken();
     // Before a display is asked for: help must come on any machine.
     const auto asked = parseStartOptions({argv + 1, argv + argc});
     if (asked && asked->help) {

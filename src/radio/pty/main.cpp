@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/EndSignals.h"
+#include "platform/StandardStreams.h"
 #include "radio/pty/Messages.h"
 #include "radio/pty/Options.h"
 #include "radio/pty/PtyServer.h"
@@ -23,6 +24,7 @@ int run(const std::vector<std::string>& arguments) {
     if (options->help) {
         return show(korvex::pty::helpText());
     }
+    korvex::standardstreams::keepNumbersTaken();
     korvex::endsignals::ignoreBrokenPipes();
     korvex::endsignals::watch();
     korvex::pty::PtyServer server(*options);
