@@ -52,6 +52,13 @@ std::string printable(std::string_view utf8) {
     return text;
 }
 
+std::string printableLine(std::string_view utf8) {
+    const auto end = utf8.find_first_of("\r\n");
+    if (end == std::string_view::npos) return printable(utf8);
+    const auto lineEnd = static_cast<unsigned char>(utf8[end]);
+    return printable(utf8.substr(0, end)) + picture(lineEnd) + printableLine(utf8.substr(end + 1));
+}
+
 PrintableStream::Buffer::int_type PrintableStream::Buffer::overflow(int_type c) {
     if (traits_type::eq_int_type(c, traits_type::eof())) return traits_type::not_eof(c);
     m_line += traits_type::to_char_type(c);

@@ -11,6 +11,8 @@ namespace korvex {
 /// control character but tabs a picture of itself, and what is no UTF-8 a replacement character, so that nothing in it
 /// is obeyed.
 std::string printable(std::string_view utf8);
+/// The same on one line: line ends are pictures, too.
+std::string printableLine(std::string_view utf8);
 
 /// Lets only printable text through to another stream, line by line: what is written without a line end goes with the
 /// next flush. Fails as the other stream fails.

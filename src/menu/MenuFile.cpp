@@ -57,7 +57,7 @@ Result<std::vector<std::string>> menuFileLines(std::string_view content) {
         if (lines.size() == mostLines) return refused("The file has more than " + std::to_string(mostLines) + " lines");
         if (const std::string why = whyNoMenuLine(*field); !why.empty()) {
             return refused("Line " + std::to_string(lines.size() + 1) + " (" +
-                           printable(utf8FromWire(field->substr(0, 20))) + ") " + why);
+                           printableLine(utf8FromWire(field->substr(0, 20))) + ") " + why);
         }
         lines.emplace_back(*field);
     }

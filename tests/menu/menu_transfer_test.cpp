@@ -220,7 +220,7 @@ TEST_F(MenuTransferTest, FilesThatAreNoMenuFilesSendNothing) {
     const std::vector<std::pair<std::string, std::string>> files = {
         {tooLong, "more than 152 lines"},
         {wholeFile() + "TX1;\r\n", "Line 150 (TX1;) would key the transmitter"},
-        {"EX0011;\r\n\"EX0021\r\nTX1;\"\r\n", "Line 2"},
+        {"EX0011;\r\n\"EX0021\r\nTX1;\"\r\n", "Line 2 (EX0021␍␊TX1;) would key"},
         {"MW0010145000000000021000000;\r\n", "Line 1 (MW001014500000000002)"},
         {"EX0011\r\n", "Line 1 (EX0011) is no line of a menu file"},
         {"EX001;\r\n", "Line 1"},
