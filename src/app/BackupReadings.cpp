@@ -12,12 +12,11 @@ namespace korvex {
 
 BackupReadings::BackupReadings(Terminal& terminal, Clock& clock)
     : m_modelReader(terminal.link(), clock),
-      m_menuReader(terminal, clock, m_menu, ActiveOperation::BackupMenu),
+      m_menuReader(terminal.link()),
       m_memoryReader(terminal, clock, m_memories, m_list, ActiveOperation::BackupMemories),
       m_bandStackReader(terminal, clock, m_bandStack, ActiveOperation::BackupBandStack),
       m_keyerReader(terminal.link()) {
     const auto noDialog = [] { return TransferEnd::Done; };
-    m_menuReader.saveFile = noDialog;
     m_memoryReader.saveFile = noDialog;
     m_all = {modelReading(), menuReading(), memoryReading(), bandStackReading(), keyerReading()};
 }
@@ -41,14 +40,14 @@ BackupReading BackupReadings::modelReading() {
 BackupReading BackupReadings::menuReading() {
     return {"menu",
             ActiveOperation::BackupMenu,
-            [this] { m_menuReader.mnu_Store_Click(); },
+            [this] { m_menuReader.read({ActiveOperation::BackupMenu}); },
             [this] { m_menuReader.stop(); },
             &m_menuReader.ended,
-            [this] { return objections::toMenuWithRefusals(m_menu); },
+            [this] { return objections::toMenuWithRefusals(m_menuReader.answers()); },
             [this] {
-                return std::vector<BackupFile>{{"menu", menuFileText(m_menu)}};
+                return std::vector<BackupFile>{{"menu", menuFileText(m_menuReader.answers())}};
             },
-            [this] { return objections::toMenu(m_menu); }};
+            [this] { return objections::toMenu(m_menuReader.answers()); }};
 }
 
 BackupReading BackupReadings::memoryReading() {

@@ -53,7 +53,6 @@ private:
     BackupFile keyerFile() const;
 
     ModelReader m_modelReader;
-    MenuCommandTable m_menu;
     MenuReader m_menuReader;
     MemoryTable m_memories;
     MemoryList m_list;

@@ -12,12 +12,12 @@ Program::Program(Machine machine)
       link(MSComm1, machine.clock, machine.msgBox, progress),
       terminal({link, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.shell, windows,
                 machine.programFolder}),
-      menuReader(terminal, machine.clock, menuCommandTable),
+      menuSave(terminal),
       menuWriter(link),
       menuRestore(terminal, menuWriter),
       memory(terminal, machine.clock, machine.settings, machine.fileDialog, machine.programFolder),
-      menuManager({terminal, machine.clock, machine.msgBox, machine.database, menuReader, windows.menuManager,
-                   machine.programFolder}),
+      menuManager(
+          {terminal, machine.clock, machine.msgBox, machine.database, windows.menuManager, machine.programFolder}),
       eqWindow(machine.ports, machine.clock, machine.msgBox),
       bandStackWindow(
           {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
@@ -111,9 +111,10 @@ void Program::introduceKeyer() {
 }
 
 bool Program::transferRuns() {
-    return menuReader.running() || menuWriter.running() || menuManager.writing() || memory.reader.running() ||
-           memory.restorer.running() || memory.listWriter.running() || bandStackWindow.reader().running() ||
-           bandStackWindow.writer().running() || keyerWindow.reader().running() || keyerWindow.writer().running();
+    return menuSave.running() || menuWriter.running() || menuManager.reading() || menuManager.writing() ||
+           memory.reader.running() || memory.restorer.running() || memory.listWriter.running() ||
+           bandStackWindow.reader().running() || bandStackWindow.writer().running() || keyerWindow.reader().running() ||
+           keyerWindow.writer().running();
 }
 
 std::string Program::whyNoBackup() {

@@ -12,10 +12,9 @@
 #include "eq/EqWindow.h"
 #include "keyer/KeyerWindow.h"
 #include "memory/MemoryManager.h"
-#include "menu/MenuCommandTable.h"
 #include "menu/MenuManager.h"
-#include "menu/MenuReader.h"
 #include "menu/MenuRestore.h"
+#include "menu/MenuSave.h"
 #include "menu/MenuWriter.h"
 #include "platform/Clock.h"
 #include "platform/Database.h"
@@ -58,8 +57,7 @@ public:
     MSComm MSComm1;
     CatLink link;
     Terminal terminal;
-    MenuCommandTable menuCommandTable;
-    MenuReader menuReader;
+    MenuSave menuSave;
     MenuWriter menuWriter;
     MenuRestore menuRestore;
     MemoryManager memory;

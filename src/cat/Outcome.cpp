@@ -45,6 +45,7 @@ std::string kept(const Outcome& outcome, const ItemWords& words) {
 
 std::string inWords(const Outcome& outcome, const ItemWords& words) {
     if (outcome.isDone()) return whole(outcome, words);
+    if (outcome.of == 0 && !outcome.reason.empty()) return outcome.reason;  // it never began
     std::string text = cause(outcome);
     if (outcome.of > 0) {
         const int at = outcome.done < outcome.of ? outcome.done + 1 : outcome.of;

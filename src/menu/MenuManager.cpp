@@ -32,13 +32,16 @@ MenuManager::MenuManager(MenuManagerNeeds needs)
       m_link(m_needs.terminal.link()),
       m_database({m_needs.database, m_needs.clock, m_needs.msgBox, m_link.progress(), FlexGrid1,
                   m_needs.programFolder + "/" + std::string(descriptionDatabaseName)}),
+      m_reader(m_link),
       m_writer(m_link),
       m_exchange(m_link, m_needs.clock, m_needs.msgBox, FlexGrid1) {
     m_database.prepareGrid = [this] { prepareGrid(); };
-    m_needs.reader.placeAnswer = [this](const std::string& item, const std::string& value) {
-        placeAnswer(item, value);
-    };
-    m_needs.reader.readComplete = [this] { readComplete(); };
+    m_connections +=
+        m_reader.told.connect([this](const std::string& item, const std::string& value) { placeAnswer(item, value); });
+    m_connections += m_reader.ended.connect([this](const Outcome& outcome) { onReadEnded(outcome); });
+    m_connections += m_writer.ended.connect([this](const Outcome& outcome) {
+        if (!outcome.isDone()) showLabel(" " + inWords(outcome, {"line", "lines", true}), true);
+    });
     m_connections +=
         m_exchange.newValue.connect([this] { showLabel(" Save settings in file before living the program", true); });
     m_connections += m_exchange.ended.connect([this](TransferEnd end) {
@@ -77,7 +80,7 @@ void MenuManager::showLabel(const std::string& text, bool isYellow) {
 
 /// A transfer of this window or another one has the port, and this window's has the grid.
 bool MenuManager::busy() const {
-    return m_needs.reader.running() || m_writer.running() || m_link.progress().visible;
+    return m_reader.running() || m_writer.running() || m_link.progress().visible;
 }
 
 // --- grid and database
@@ -103,14 +106,11 @@ void MenuManager::saveGrid() {
 
 void MenuManager::mnu_readSettings_Click() {
     if (!columnChecked(selectFirst) || busy()) return;
-    m_link.setActiveOperation(ActiveOperation::MenuReadToManager);
     m_link.panels().Error = "";
-    if (!m_link.PortOpen()) return;
     m_readColumn = m_selectedColumn;
     m_rowPointer = 0;
     m_placedAnswers = 0;
-    m_needs.reader.resetMenuReadCounters();
-    m_needs.reader.startForManager();
+    m_reader.read({ActiveOperation::MenuReadToManager, "Read Menu Settings of FT-2000", 1});
 }
 
 int MenuManager::rowOfItem(const std::string& item, int from) const {
@@ -130,8 +130,13 @@ void MenuManager::placeAnswer(const std::string& item, const std::string& value)
     FlexGrid1.setTextMatrix(row, m_readColumn, utf8FromWire(value));
 }
 
+void MenuManager::onReadEnded(const Outcome& outcome) {
+    if (!outcome.isDone()) return showLabel(" " + inWords(outcome, {"item", "items"}), true);
+    m_link.closePort();
+    readComplete();
+}
+
 void MenuManager::readComplete() {
-    m_link.setActiveOperation(ActiveOperation::Idle);
     const int placed = m_placedAnswers;
     const auto answer = m_needs.msgBox.show(
         {"Do you like to save the Menu Settings now", "Save Tabel", MsgIcon::None, MsgButtons::YesNo});

@@ -21,7 +21,6 @@ struct MenuManagerNeeds {
     Clock& clock;
     MsgBox& msgBox;
     Database& database;
-    MenuReader& reader;
     WindowState& window;
     std::string programFolder;  ///< UTF-8, without a slash at the end
 };
@@ -46,6 +45,8 @@ public:
 
     /// A column is on its way to the radio.
     bool writing() const { return m_writer.running(); }
+    /// A column is being read from the radio.
+    bool reading() const { return m_reader.running(); }
 
     /// The right mouse button on a cell: a settings column becomes the selected one and turns yellow.
     void FlexGrid1_RightClick(int column);
@@ -63,6 +64,7 @@ public:
 
     ItemExchange& exchange() { return m_exchange; }
     ManagerWriter& writer() { return m_writer; }
+    MenuReader& reader() { return m_reader; }
     DescriptionDatabase& database() { return m_database; }
 
     Signal<const std::string&> showTitleDialog;  ///< with the present title
@@ -77,6 +79,7 @@ private:
     bool toldBusy(const std::string& title);
     void prepareGrid();
     void placeAnswer(const std::string& item, const std::string& value);
+    void onReadEnded(const Outcome& outcome);
     void readComplete();
     std::optional<std::vector<std::string>> linesOfColumn();
     int rowOfItem(const std::string& item, int from) const;
@@ -86,6 +89,7 @@ private:
     MenuManagerNeeds m_needs;
     CatLink& m_link;
     DescriptionDatabase m_database;
+    MenuReader m_reader;
     ManagerWriter m_writer;
     ItemExchange m_exchange;
     int m_selectedColumn = 0;

@@ -1,193 +1,77 @@
 #include "menu/MenuReader.h"
 
 #include "base/Lines.h"
-#include "cat/Noise.h"
+#include "base/NumberText.h"
 #include "menu/MenuFile.h"
-#include "platform/TextFile.h"
 
 namespace korvex {
 
 namespace {
 
-constexpr int allSent = menuItemCount + 1;
-constexpr int patience = 20;  // steps of 100 ms without an answer
+constexpr int intervalMs = 50;  // of which every second tick works
+constexpr int patience = 20;    // steps of 100 ms without an answer
 
 }  // namespace
 
-MenuReader::MenuReader(Terminal& terminal, Clock& clock, MenuCommandTable& table, ActiveOperation toFile)
-    : m_terminal(terminal),
-      m_link(terminal.link()),
-      m_table(table),
-      m_timer4(clock.makeTimer()),
-      m_toFile(toFile),
-      m_code(toFile) {
-    m_timer4->setInterval(50);
-    m_connections += m_timer4->tick.connect([this] { Timer4_Timer(); });
-    m_connections += m_link.closed.connect([this] { onPortClosed(); });
-    m_link.answers().onAnswer(toFile, [this] { return takeAnswer(); });
-    if (toFile != ActiveOperation::MenuReadToFile) return;  // not the windows' reader
-    m_link.answers().onAnswer(ActiveOperation::MenuReadToManager, [this] { return takeAnswer(); });
-}
-
-void MenuReader::mnu_Store_Click() {
-    // Once more while it runs: answers on their way would be counted twice.
-    if (running() && m_code == m_toFile && m_link.activeOperation() == m_toFile) return;
-    m_code = m_toFile;
-    m_link.setActiveOperation(m_code);
-    m_link.panels().Error = "";
-    if (!m_link.PortOpen()) return;
-    m_link.progress().caption = "Save Menu of FT-2000";
-    m_link.progress().value = 0;
-    resetMenuReadCounters();
-    begin();
-}
-
-void MenuReader::startForManager() {
-    m_code = ActiveOperation::MenuReadToManager;
-    m_link.progress().caption = "Read Menu Settings of FT-2000";
-    m_link.progress().value = 1;
-    begin();
-}
-
-void MenuReader::resetMenuReadCounters() {
-    m_sendIndex = 1;
-    m_answerIndex = 1;
-    m_silentSteps = 0;
+void MenuReader::read(const MenuReading& reading) {
+    auto operation = m_link.begin(
+        {reading.code, "Reading the menu", menuItemCount, {"item", "items"}, reading.caption, 155, reading.bar});
+    if (!operation) return ended.emit(m_link.notBegun());
+    m_operation = std::move(operation);
+    m_answers.clearAnswers();
+    m_asked = m_answered = m_silentSteps = 0;
     m_answeredLast = false;
-    m_table.clearAnswers();
-}
-
-void MenuReader::begin() {
-    m_timer4->setEnabled(true);
     m_link.panels().Error = "Reading Menu";
-    m_link.progress().maximum = 155;
-    m_link.progress().show();
     m_link.clearTraffic();
-    Timer4_Timer();
+    m_operation->expect({"EX", menuReadCommand(1).size() + 1});  // what is shorter is an adapter's echo
+    m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
+    m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    m_operation->every(intervalMs, m_phase, [this] { work(); });
+    m_operation->tick();
 }
 
-bool MenuReader::wasAskedFor(const std::string& answer) const {
-    // The late answer to the communication test, news of a turned dial or the rest of another operation would move
-    // every later answer into the wrong row.
-    if (m_answerIndex >= m_sendIndex) return false;
-    const bool ofItem =
-        answer.starts_with("EX") && answer.size() > menuReadCommand(1).size();  // else an adapter's echo
-    return ofItem || answer.find('?') != std::string::npos;
-}
-
-void MenuReader::Timer4_Timer() {
-    if (m_link.activeOperation() != m_code) {
-        // Another operation was started meanwhile: the panels are its own now.
-        m_timer4->setEnabled(false);
-        m_link.leaveProgress();
-        ended.emit(TransferEnd::NoAnswer);
-        return;
-    }
-    if (m_phase.isSet() && m_link.PortOpen()) {
-        ++m_silentSteps;
-        if (m_sendIndex == allSent) {
-            waitForRest();
-        } else {
-            sendNext();
-        }
-    }
-    m_phase.invert();
+void MenuReader::work() {
+    ++m_silentSteps;
+    if (m_asked < menuItemCount) return sendNext();
+    if (m_silentSteps < patience) return;
+    m_answeredLast ? complete() : fail();
 }
 
 void MenuReader::sendNext() {
-    const std::string command = menuReadCommand(m_sendIndex);
-    m_link.send(command);
+    const std::string command = menuReadCommand(++m_asked);
+    m_operation->send(command);
     m_link.sent().append(command);
     m_link.sent().append(crLf);
-    m_link.progress().value = m_sendIndex;
-    m_link.panels().Error = "Reading Menu " + std::to_string(m_sendIndex);
-    ++m_sendIndex;
+    m_operation->step(m_asked);
+    m_link.panels().Error = "Reading Menu " + std::to_string(m_asked);
 }
 
-void MenuReader::waitForRest() {
-    if (m_silentSteps < patience) return;
-    if (m_answeredLast) {
-        complete();
-    } else {
-        fail();
-    }
-}
-
-void MenuReader::fail() {
-    stopShowing();
-    m_link.panels().Error = "Communication faild ";
-    ended.emit(TransferEnd::NoAnswer);
-}
-
-void MenuReader::stopShowing() {
-    stop();
-    m_link.progress().hide();
-}
-
-Rest MenuReader::takeAnswer() {
-    if (!m_timer4->Enabled()) return Rest::GoOn;
-    const std::string answer = fromLastHead("EX", m_link.answers().takeAnswer());
-    if (!wasAskedFor(answer)) return Rest::GoOn;
-    m_table.setAnswer(m_answerIndex, answer);
-    // The answer to the communication test may still come in between: its digits are no item.
-    const bool ofItem = answer.size() > 5 && answer.starts_with("EX");
-    if (m_code == ActiveOperation::MenuReadToManager && placeAnswer && ofItem) {
-        placeAnswer(answer.substr(2, 3), answer.substr(5, answer.size() - 6));
-    }
-    ++m_answerIndex;
+Rest MenuReader::takeAnswer(std::string_view answer) {
+    // One that nobody has asked for would move every later one into the wrong row.
+    if (m_answered >= m_asked) return Rest::GoOn;
+    m_answers.setAnswer(++m_answered, std::string(answer));
     m_silentSteps = 0;
-    m_answeredLast = m_sendIndex == allSent;
-    if (m_answerIndex <= menuItemCount) return Rest::GoOn;
+    m_answeredLast = m_asked == menuItemCount;
+    constexpr std::size_t head = 5;  // EX042
+    if (answer.starts_with("EX")) {
+        told.emit(std::string(answer.substr(2, 3)), std::string(answer.substr(head, answer.size() - head - 1)));
+    }
+    if (m_answered < menuItemCount) return Rest::GoOn;
     complete();
     return Rest::Discard;
 }
 
 void MenuReader::complete() {
-    stopShowing();
-    if (m_code == ActiveOperation::MenuReadToManager) {
-        finishForManager();
-    } else {
-        saveMenuFile();
+    Outcome outcome{Outcome::Kind::Done, answersInPlace(m_answers), menuItemCount, {}, {}};
+    for (int item = 1; item <= menuItemCount; ++item) {
+        if (m_answers.answer(item) == "?;") outcome.refused.push_back(zeroPadded(item, 3));
     }
+    m_operation->end(std::move(outcome));
 }
 
-void MenuReader::saveMenuFile() {
-    m_link.setActiveOperation(ActiveOperation::Idle);
-    if (saveFile) {
-        ended.emit(saveFile());
-        return;
-    }
-    const auto file = m_terminal.askForFile(
-        {FileDialogRequest::Mode::Save, "Save FT-2000 Menu", "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", "txt"});
-    if (!file) {
-        ended.emit(TransferEnd::Cancelled);
-        return;
-    }
-    if (const auto failure = textfile::write(*file, menuFileText(m_table))) {
-        m_terminal.tellFileError(*failure, {.pathNotFound = "Path wrong "});
-        ended.emit(TransferEnd::FileFailed);
-        return;
-    }
-    m_link.received().clear();
-    if (const int inPlace = answersInPlace(m_table); inPlace != menuItemCount) {
-        // The file is what the radio said, but the owner must know that it is not the whole menu.
-        m_link.received().set(" Attention: only " + std::to_string(inPlace) + " of " + std::to_string(menuItemCount) +
-                              " menu items were answered \r\n in time and in order. Please read the menu again. \r\n");
-    }
-    m_link.panels().Error = "Terminated";
-    ended.emit(TransferEnd::Done);
-}
-
-void MenuReader::finishForManager() {
-    m_link.closePort();
-    if (readComplete) readComplete();
-    ended.emit(TransferEnd::Done);
-}
-
-void MenuReader::onPortClosed() {
-    if (!m_timer4->Enabled()) return;
-    m_timer4->setEnabled(false);
-    ended.emit(TransferEnd::PortClosed);
+void MenuReader::fail() {
+    m_link.panels().Error = "Communication faild ";
+    m_operation->end({Outcome::Kind::NoAnswer, answersInPlace(m_answers), menuItemCount, {}, {}});
 }
 
 }  // namespace korvex

@@ -50,8 +50,8 @@ int run() {
         last = Time::now();
         if (commands++ == 0) first = last;
     });
-    const auto ended = program.menuReader.ended.connect([](TransferEnd) { QApplication::quit(); });
-    QTimer::singleShot(1500, [&] { program.menuReader.mnu_Store_Click(); });
+    const auto ended = program.menuSave.ended.connect([](TransferEnd) { QApplication::quit(); });
+    QTimer::singleShot(1500, [&] { program.menuSave.mnu_Store_Click(); });
     QApplication::exec();
     const double took = std::chrono::duration<double, std::milli>(last - first).count();
     const double meant = 100.0 * (commands - 1);

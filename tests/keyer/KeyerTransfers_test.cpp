@@ -146,7 +146,7 @@ TEST_F(KeyerTransferTest, AClosedPortAndTheOtherTransferEndASequence) {
     bench.msgBox.foresee("Reading the keyer memories, memory 1 of 5. Stop it?", MsgAnswer::No);
     window.writeKeyer();
     EXPECT_TRUE(window.reader().running());
-    EXPECT_EQ(window.hint.get(), "Stopped. Reading the keyer memories, memory 1 of 5 goes on.");
+    EXPECT_EQ(window.hint.get(), "Reading the keyer memories, memory 1 of 5 goes on.");
     bench.setText(1, "TU");
     bench.msgBox.foresee("Stop it?", MsgAnswer::Yes);
     window.writeKeyer();

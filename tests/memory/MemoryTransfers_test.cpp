@@ -253,7 +253,7 @@ TEST_F(MemoryBench, AWriteThatEndsLeavesTheAnswersToWhatWasStartedMeanwhile) {
         fromList ? memory.listWriter.mnu_MemRestoreTOFT2000_Click() : memory.restorer.mnu_restMem_Click();
         clock.advance(fromList ? 45'000 : 4'000);
         fileDialog.choose(path("menu " + std::to_string(fromList ? 1 : 2)));
-        program.menuReader.mnu_Store_Click();
+        program.menuSave.mnu_Store_Click();
         EXPECT_EQ(ends, Ends{});
         clock.advance(20'000);
         EXPECT_EQ(ends, Ends{TransferEnd::Done});

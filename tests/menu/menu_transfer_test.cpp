@@ -22,7 +22,7 @@ protected:
         line.answerDelay = 30;
         bench.openPort();
         line.forgetWrites();
-        ended = bench.program.menuReader.ended.connect([this](TransferEnd end) { ends.push_back(end); });
+        ended = bench.program.menuSave.ended.connect([this](TransferEnd end) { ends.push_back(end); });
         writeEnded = bench.program.menuRestore.ended.connect([this](TransferEnd end) { ends.push_back(end); });
     }
 
@@ -51,7 +51,7 @@ protected:
 
 TEST_F(MenuTransferTest, ReadsAllItemsTenASecondIntoAFile) {
     bench.fileDialog.choose(file);
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     EXPECT_EQ(bench.error(), "Reading Menu");
     EXPECT_TRUE(program.progress.visible);
     EXPECT_EQ(program.progress.caption.get(), "Save Menu of FT-2000");
@@ -77,14 +77,15 @@ TEST_F(MenuTransferTest, ReadsAllItemsTenASecondIntoAFile) {
 
 TEST_F(MenuTransferTest, ARadioThatDoesNotAnswerInTimeEndsTheReadWithoutAFile) {
     line.answer = nullptr;
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     bench.clock.advance(14'949);
     EXPECT_EQ(bench.error(), "Reading Menu 149");
     bench.clock.advance(1);
     EXPECT_EQ(bench.error(), "Communication faild ");
     EXPECT_FALSE(program.progress.visible);
-    EXPECT_EQ(program.link.activeOperation(), ActiveOperation::MenuReadToFile);
+    EXPECT_EQ(program.link.activeOperation(), ActiveOperation::Idle);
     line.feed("EX1491;");  // too late: shown, nothing more
+    EXPECT_TRUE(program.link.received().text().ends_with("EX1491;\r\n"));
     EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::NoAnswer});
 }
 
@@ -93,7 +94,7 @@ TEST_F(MenuTransferTest, MissingAnswersBecomeEmptyLinesAndTheOwnerIsTold) {
     line.answer = [answer](std::string_view wire) { return wire == "EX149;" ? "" : answer(wire); };
     line.answerDelay = 130;  // the answer to 148 comes after 149 was sent: the radio is there
     bench.fileDialog.choose(file);
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     bench.clock.advance(20'000);
     std::string expected = wholeFile();
     expected.replace(expected.find("EX1491;"), 7, "");
@@ -105,7 +106,7 @@ TEST_F(MenuTransferTest, MissingAnswersBecomeEmptyLinesAndTheOwnerIsTold) {
 TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {
     line.answerDelay = 1'900;
     bench.fileDialog.choose(file);
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     bench.clock.advance(20'000);
     EXPECT_EQ(fakes::fileContent(file), wholeFile());
     EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::Done});
@@ -114,7 +115,7 @@ TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {
     const auto answer = line.answer;
     line.answer = [answer](std::string_view wire) { return wire == "EX149;" ? "" : answer(wire); };
     line.answerDelay = 30;
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     bench.clock.advance(14'780 + 1'950);
     line.feed("EX1491;");
     EXPECT_EQ(fakes::fileContent(file), wholeFile());
@@ -122,7 +123,7 @@ TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {
 }
 
 TEST_F(MenuTransferTest, ClosingThePortEndsEitherTransferAtOnceAndWritesNothing) {
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     bench.clock.advance(5'000);
     program.link.togglePort();
     line.forgetWrites();
@@ -143,14 +144,14 @@ TEST_F(MenuTransferTest, ClosingThePortEndsEitherTransferAtOnceAndWritesNothing)
 
 TEST_F(MenuTransferTest, ACancelledDialogOrABadFolderLeavesNoFile) {
     bench.fileDialog.cancel();
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     bench.clock.advance(20'000);
     EXPECT_EQ(bench.error(), "Reading Menu 149");
 
     const auto saveTo = [this](const std::string& path, const std::string& title) {
         bench.fileDialog.choose(path);
         bench.msgBox.foresee(path);
-        program.menuReader.saveMenuFile();
+        program.menuSave.saveMenuFile();
         EXPECT_EQ(bench.msgBox.shown.back().title, title);
         EXPECT_EQ(bench.msgBox.shown.back().icon, MsgIcon::Stop);
     };
@@ -256,7 +257,7 @@ TEST_F(MenuTransferTest, FilesThatAreNoMenuFilesSendNothing) {
 TEST_F(MenuTransferTest, AnswersThatNobodyAskedForOrThatComeTogetherMoveNoRow) {
     bench.fileDialog.choose(file);
     line.answer = nullptr;
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     line.feed("FA14250000;EX0019;");  // the communication test's, late, and of an item before it was asked for
     std::string glued;
     for (int item = 1; item <= 149; ++item) {
@@ -272,7 +273,7 @@ TEST_F(MenuTransferTest, ARefusalBehindNoiseIsARefusal) {
     const auto answer = line.answer;
     line.answer = [answer](std::string_view wire) { return wire == "EX042;" ? "\xF0~?;" : answer(wire); };
     bench.fileDialog.choose(file);
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     bench.clock.advance(20'000);
     std::string expected = wholeFile();
     expected.replace(expected.find("EX0421;"), 7, "?;");
@@ -300,7 +301,7 @@ TEST_F(MenuTransferTest, OneTransferAtATimeAndACancelledDialogLeavesItAlone) {
 }
 
 TEST_F(MenuTransferTest, AStallCausesNoBurst) {
-    program.menuReader.mnu_Store_Click();
+    program.menuSave.mnu_Store_Click();
     bench.clock.advance(1'000);
     line.forgetWrites();
     bench.clock.stall(2'000);
@@ -314,7 +315,7 @@ TEST(MenuRoundTrip, WhatWasSavedComesBackIntoAnotherRadio) {
     const std::string file = bench.folder.file("radio.mnu");
     bench.openPort();
     bench.fileDialog.choose(file);
-    bench.program.menuReader.mnu_Store_Click();
+    bench.program.menuSave.mnu_Store_Click();
     bench.clock.advance(20'000);
     ASSERT_EQ(bench.error(), "Terminated");
     const RadioState before = bench.ports.radio().state;
@@ -332,7 +333,7 @@ TEST(MenuRoundTrip, WhatWasSavedComesBackIntoAnotherRadio) {
     bench.program.menuRestore.mnu_Restore_Click();
     bench.clock.advance(20'000);
     bench.fileDialog.choose(bench.folder.file("again.mnu"));
-    bench.program.menuReader.mnu_Store_Click();
+    bench.program.menuSave.mnu_Store_Click();
     bench.clock.advance(20'000);
     EXPECT_EQ(fakes::fileContent(bench.folder.file("again.mnu")), saved);
     EXPECT_EQ(bench.ports.radio().timesKeyed, 0);

@@ -44,7 +44,7 @@ void nothing(TroubleBench&) {}
 // --- the menu
 
 void readMenu(TroubleBench& bench) {
-    bench.program.menuReader.mnu_Store_Click();
+    bench.program.menuSave.mnu_Store_Click();
 }
 
 void prepareMenuFile(TroubleBench& bench) {
@@ -281,14 +281,14 @@ RadioState unlikeRadio() {
 
 const std::vector<TriedOperation>& operations() {
     static const std::vector<TriedOperation> all = {
-        {"menu read", nothing, readMenu, [](TroubleBench& b) { return b.program.menuReader.running(); }, "menu reader",
+        {"menu read", nothing, readMenu, [](TroubleBench& b) { return b.program.menuSave.running(); }, "menu reader",
          targetFile, toldInTheReceiveDisplay, "EX042"},
         {"menu write", prepareMenuFile, [](TroubleBench& b) { b.program.menuRestore.mnu_Restore_Click(); },
          [](TroubleBench& b) { return b.program.menuWriter.running(); }, "menu writer", radioState, untold, "EX042"},
         {"menu read into the Menu Manager", prepareManager,
          [](TroubleBench& b) { b.program.menuManager.mnu_readSettings_Click(); },
-         [](TroubleBench& b) { return b.program.menuReader.running(); }, "menu reader", managerValues, toldInTheManager,
-         "EX042"},
+         [](TroubleBench& b) { return b.program.menuManager.reading(); }, "Menu Manager reader", managerValues,
+         toldInTheManager, "EX042"},
         {"menu write from the Menu Manager", prepareManagerColumn,
          [](TroubleBench& b) { b.program.menuManager.mnuRestore_Click(); },
          [](TroubleBench& b) { return b.program.menuManager.writer().running(); }, "Menu Manager writer", radioState,

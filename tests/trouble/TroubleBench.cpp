@@ -28,7 +28,8 @@ TroubleBench::TroubleBench() {
     };
     auto& bandStack = program.bandStackWindow;
     auto& keyer = program.keyerWindow;
-    listenTo("menu reader", program.menuReader.ended);
+    listenTo("menu reader", program.menuSave.ended);
+    listenTo("Menu Manager reader", program.menuManager.reader().ended);
     listenTo("menu writer", program.menuRestore.ended);
     listenTo("backup", program.backup.ended);
     listenTo("Menu Manager writer", program.menuManager.writer().ended);

@@ -73,7 +73,7 @@ void Desktop::follow(WindowState& state, Maker make) {
 std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
     return std::make_unique<frmTerm>(m_program.terminal, m_program.windows, m_program.machine().settings,
                                      TerminalActions{
-                                         .saveMenu = [this] { m_program.menuReader.mnu_Store_Click(); },
+                                         .saveMenu = [this] { m_program.menuSave.mnu_Store_Click(); },
                                          .restoreMenu = [this] { m_program.menuRestore.mnu_Restore_Click(); },
                                          .saveMemories = [this] { m_program.memory.reader.mnu_saveMem_Click(); },
                                          .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "menu/MenuReader.h"
+#include "terminal/Terminal.h"
+
+namespace korvex {
+
+/// "Save Menu of  FT-2000": reads the menu, then asks for a file and writes it. What was read incompletely is kept,
+/// too, and said to be incomplete.
+class MenuSave {
+public:
+    explicit MenuSave(Terminal& terminal);
+
+    void mnu_Store_Click() { m_reader.read(); }
+    /// Asks for a file name and writes the answers of the last read.
+    Outcome::Kind saveMenuFile();
+
+    bool running() const { return m_reader.running(); }
+    const MenuCommandTable& answers() const { return m_reader.answers(); }
+    Signal<const Outcome&> ended;
+
+private:
+    void onRead(const Outcome& outcome);
+
+    Terminal& m_terminal;
+    MenuReader m_reader;
+    Connection m_read;
+};
+
+}  // namespace korvex
