@@ -100,6 +100,8 @@ TEST_F(WholeBackup, SavesTheRadioAndLeavesWhatTheWindowsHold) {
           "It is not complete.\r\nThe radio refused to tell:\r\nmenu 042\r\n", "the band stack of band 02"}) {
         EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
     }
+    EXPECT_EQ(bench.msgBox.shown.back().icon, MsgIcon::Exclamation);
+    EXPECT_EQ(program.link.panels().Error.get(), "Backup saved, not complete");
     EXPECT_EQ(everythingInTheWindows(program), before);
     EXPECT_TRUE(program.link.PortOpen());
     EXPECT_FALSE(program.progress.visible);
@@ -216,6 +218,23 @@ TEST_F(WholeBackup, IsNotHungUpByARadioThatOnlyTellsNews) {
         }
     }
     expectItWorksAgain();
+}
+
+TEST_F(WholeBackup, WaitsFiveSecondsForAnAnswerAndThirtyForAStepForward) {
+    for (const bool talks : {false, true}) {
+        auto chatter = bench.clock.makeTimer();
+        chatter->setInterval(150);
+        const Connection talking = chatter->tick.connect([&] { program.link.came.emit("FA14250000;"); });
+        std::int64_t since = 0;
+        brokenBy(3, [&] {
+            bench.ports.faults().deaf = true;
+            chatter->setEnabled(talks);
+            since = bench.clock.now();
+        });
+        EXPECT_NEAR(static_cast<double>(bench.clock.now() - since), talks ? 30'000 : 5'000, 400);
+        chatter->setEnabled(false);
+        bench.ports.faults() = {};
+    }
 }
 
 TEST_F(WholeBackup, TheEndOfTheProgramIsTold) {

@@ -152,6 +152,16 @@ TEST(Session, ARadioThatTellsNothingReplacesNoFile) {
     EXPECT_EQ(bench.run({"save", "memory", bench.folder.file("new.mem")}), ExitCode::Done);
 }
 
+TEST(Session, GivesASilentRadioUpAfterFiveSeconds) {
+    CliBench bench;
+    bench.meanwhile = [&bench](Session&) {
+        bench.clock.after(10'000, [&bench] { bench.ports.faults().deaf = true; });
+        bench.clock.after(14'800, [&bench] { EXPECT_FALSE(bench.code); });
+        bench.clock.after(15'300, [&bench] { EXPECT_TRUE(bench.code); });
+    };
+    EXPECT_EQ(bench.run({"save", "bandstack", bench.folder.file("shack.bsr")}), ExitCode::Answers);
+}
+
 TEST(Session, TellsOfATargetThatCannotBeWrittenBeforeItReads) {
     CliBench bench;
     for (const std::string& file : {bench.folder.path(), bench.folder.file("no/such/folder.mnu")}) {
