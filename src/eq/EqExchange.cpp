@@ -1,5 +1,8 @@
 #include "eq/EqExchange.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace korvex {
 
 namespace {
@@ -41,11 +44,14 @@ void EqExchange::applyValue(std::size_t item, int newValue) {
     value[item] = newValue;
     display[item] = eq::displayText(kind, newValue);
     composeCommands();
-    if (m_port.PortOpen()) m_port.Output(m_command[item] + itemMenu(item) + ";");
+    if (!m_port.PortOpen() || m_radioHas[item] == m_command[item]) return;
+    m_radioHas[item] = m_command[item];
+    m_port.Output(m_command[item] + itemMenu(item) + ";");
 }
 
 std::string EqExchange::itemMenu(std::size_t item) const {
-    return "EX" + std::to_string(firstEqMenu + m_processorOffset + static_cast<int>(item));
+    const int offset = processorOn ? processorMenuOffset : 0;
+    return "EX" + std::to_string(firstEqMenu + offset + static_cast<int>(item));
 }
 
 void EqExchange::composeCommands() {
@@ -61,7 +67,9 @@ void EqExchange::startReading() {
     m_lastChanged = 0;
     m_readIndex = 0;
     m_phase = Phase::Reading;
-    m_answered.reset();
+    m_switching = false;
+    m_radioHas = {};
+    for (auto& item : known) item = false;
     m_finishTimer->setEnabled(false);  // it belongs to a reading that this one replaces
     m_readTimer->setEnabled(true);
     statusText = " Reading EQ Settings of FT-2000";
@@ -69,6 +77,7 @@ void EqExchange::startReading() {
 
 void EqExchange::readTick() {
     if (m_readToggle.isSet() && m_port.PortOpen()) {
+        m_switching = false;
         m_port.Output(itemMenu(m_readIndex) + ";");
         ++m_readIndex;
         if (m_readIndex == eqItemCount) {
@@ -93,43 +102,56 @@ void EqExchange::onReceive(std::string_view wire) {
     for (const char c : wire) take(c);
 }
 
+int EqExchange::answered() const {
+    return static_cast<int>(std::count_if(known.begin(), known.end(), [](const auto& item) { return item.get(); }));
+}
+
+/// Noise without an end pushes itself out.
 void EqExchange::take(char c) {
     m_receiveBuffer += c;
-    if (m_receiveBuffer.size() > longestAnswer) m_receiveBuffer.clear();
-    if (m_phase == Phase::Live) {
-        dropLiveAnswer();
+    if (m_receiveBuffer.size() > longestAnswer) m_receiveBuffer.erase(0, 1);
+    if (c == ';') takePiece(std::exchange(m_receiveBuffer, {}));
+}
+
+void EqExchange::takePiece(std::string_view piece) {
+    if (piece.ends_with("?;")) return takeRefusal();
+    const auto head = piece.rfind("EX");
+    if (m_phase == Phase::Reading && head != std::string_view::npos) takeAnswer(piece.substr(head));
+}
+
+void EqExchange::takeAnswer(std::string_view answer) {
+    for (std::size_t item = 0; item < eqItemCount; ++item) {
+        if (!answer.starts_with(itemMenu(item))) continue;
+        const auto read = eq::valueFromAnswer(eqItems[item], answer.substr(menuLength, answer.size() - menuLength - 1));
+        if (!read) return;
+        known[item] = true;
+        if (*read != value[item]) return applyValue(item, *read);
+        m_radioHas[item] = m_command[item];
         return;
     }
-    if (m_receiveBuffer.find(';') == std::string::npos) return;
-    for (std::size_t item = 0; item < eqItemCount; ++item) {
-        if (m_receiveBuffer.starts_with(itemMenu(item))) {
-            takeAnswer(item);
-            return;
-        }
-    }
 }
 
-void EqExchange::takeAnswer(std::size_t item) {
-    const auto answer = m_receiveBuffer.substr(menuLength, m_receiveBuffer.find(';') - menuLength);
-    m_receiveBuffer.clear();
-    const auto read = eq::valueFromAnswer(eqItems[item], answer);
-    if (read) m_answered.set(item);
-    if (read && *read != value[item]) applyValue(item, *read);
+/// What comes before the first item is asked for, 200 ms later at the earliest, is for the processor's command.
+void EqExchange::takeRefusal() {
+    m_radioHas[m_lastChanged].clear();  // a drag tries again
+    if (!m_switching) return;
+    showProcessor(!processorOn);
+    startReading();
+    switchRefused.emit();
 }
 
-void EqExchange::dropLiveAnswer() {
-    const bool refused = m_receiveBuffer.find('?') != std::string::npos;
-    const bool complete = m_receiveBuffer.starts_with("EX") && m_receiveBuffer.find(';') != std::string::npos;
-    if (refused || complete) m_receiveBuffer.clear();
+void EqExchange::showProcessor(bool on) {
+    processorOn = on;
+    composeCommands();
 }
 
 Failure EqExchange::switchProcessor(bool on) {
-    m_processorOffset = on ? processorMenuOffset : 0;
     m_port.setPortOpen(false);
-    composeCommands();
     if (auto failure = openPort()) return failure;
+    showProcessor(on);
     m_port.Output(on ? "PR1;" : "PR0;");
     startReading();
+    m_switching = true;
     return {};
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <bitset>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,6 +19,9 @@ namespace korvex {
 /// A reading queries one item every 400 ms; its answers set the values. 0.5 to 1 s after the last query it ends, and
 /// from then on answers (the radio's echo of what the user changes) are consumed without effect, so that a late echo
 /// never pulls a slider back while it is dragged.
+///
+/// What comes ends at each ";". Noise in front of an answer is cut off; a refusal and news cost no other item its
+/// answer. A command that the radio has already had for an item does not go out again.
 class EqExchange {
 public:
     enum class Phase { Reading, Live };
@@ -28,6 +30,9 @@ public:
 
     std::array<Property<int>, eqItemCount> value;
     std::array<Property<std::string>, eqItemCount> display;  ///< what stands beside each slider
+    /// Whether the radio has told this item since the last reading began: the others stand where they happen to stand.
+    std::array<Property<bool>, eqItemCount> known;
+    Property<bool> processorOn{false};  ///< which of the two sets is shown
     Property<std::string> statusText;
 
     /// Told before this port opens, whoever asks for it: another port on the same device must be closed now.
@@ -43,11 +48,13 @@ public:
     void clearReceived() { m_receiveBuffer.clear(); }
 
     /// Turns the speech processor on or off and reads the set that goes with it. The port is reopened on the way and is
-    /// open afterwards, whatever it was; when it cannot be opened nothing is sent and nothing is read.
+    /// open afterwards, whatever it was; when it cannot be opened nothing is sent, nothing is read, and the set stays.
     Failure switchProcessor(bool on);
+    /// The radio would not switch; the set that was shown before is being read again.
+    Signal<> switchRefused;
 
     /// How many of the items have been answered since the reading began.
-    int answered() const { return static_cast<int>(m_answered.count()); }
+    int answered() const;
     /// A reading is over; from now on values come from the user alone.
     Signal<> readingEnded;
 
@@ -61,9 +68,11 @@ private:
     void finishTick();
     void composeCommands();
     std::string itemMenu(std::size_t item) const;
+    void showProcessor(bool on);
     void take(char c);
-    void takeAnswer(std::size_t item);
-    void dropLiveAnswer();
+    void takePiece(std::string_view piece);
+    void takeAnswer(std::string_view answer);
+    void takeRefusal();
 
     MSComm& m_port;
     std::unique_ptr<Timer> m_readTimer;
@@ -71,10 +80,10 @@ private:
     std::array<std::string, eqItemCount> m_command;
     std::string m_midCode;   // empty until the middle centre is first applied
     std::string m_highCode;  // empty until the high centre is first applied
-    int m_processorOffset = 0;
     Phase m_phase = Phase::Reading;
     std::size_t m_readIndex = 0;
-    std::bitset<eqItemCount> m_answered;
+    std::array<std::string, eqItemCount> m_radioHas;  // the set command that would change nothing; empty: not known
+    bool m_switching = false;                         // the processor's command may still be refused
     std::size_t m_lastChanged = 0;
     std::string m_receiveBuffer;
     PhaseFlag m_readToggle;

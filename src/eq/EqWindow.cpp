@@ -18,6 +18,8 @@ EqWindow::EqWindow(SerialPorts& ports, Clock& clock, MsgBox& msgBox)
         if (event == CommEvent::Receive) m_exchange.onReceive(m_port.Input());
     });
     m_connections += m_exchange.readingEnded.connect([this] { onReadingEnded(); });
+    m_connections +=
+        m_exchange.switchRefused.connect([this] { errorPanel = "The radio did not switch the processor"; });
     m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
 }
 
@@ -66,11 +68,10 @@ void EqWindow::onLost(const RuntimeError& error) {
 }
 
 void EqWindow::Command1_Click(int index) {
-    processorOn = index == 0;
     errorPanel = "";
-    if (auto failure = m_exchange.switchProcessor(processorOn)) {
-        m_msgBox.exclamation(failure->text);
+    if (auto failure = m_exchange.switchProcessor(index == 0)) {
         showPortState();
+        m_msgBox.exclamation(failure->text);
     }
 }
 

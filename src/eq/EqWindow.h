@@ -30,7 +30,8 @@ public:
     /// Closes the port if it is open; the indicators follow.
     void closePort();
 
-    /// 0 "Processor OFF": switch it on; 1 "Processor ON": switch it off.
+    /// 0 "Processor OFF": switch it on; 1 "Processor ON": switch it off. A switch that fails leaves the button as it
+    /// is.
     void Command1_Click(int index);
 
     void closeBox();
@@ -38,7 +39,6 @@ public:
 
     /// Connect pictures, check mark of `comop` and caption of `Label5` follow this one value.
     Property<bool> connected{false};
-    Property<bool> processorOn{false};  ///< which of the two buttons can be seen
     Property<std::string> settingsPanel;
     Property<std::string> errorPanel;
     Property<std::string> Label5{"click to open"};

@@ -53,6 +53,22 @@ TEST_F(EqExchangeTest, EveryChangeIsOneWriteWithItsQuery) {
     EXPECT_EQ(sentFor(6, 3300) + sentFor(2, 0) + sentFor(9, 1), "");  // what no slider can give
 }
 
+TEST_F(EqExchangeTest, ADragSendsWhatTheRadioHasNotGotYet) {
+    open();
+    exchange.startReading();
+    line.feed("EX12503;EX12805;");
+    line.feed("EX12803;");
+    for (const int value : {301, 399}) EXPECT_EQ(sentFor(0, value), "");
+    EXPECT_EQ(exchange.value[0].get(), 399);
+    EXPECT_EQ(sentFor(3, 950), "");
+    for (const int value : {400, 401, 420}) EXPECT_EQ(sentFor(0, value), value == 400 ? "0 EX12504;EX125;" : "");
+    EXPECT_EQ(sentFor(0, 399), "0 EX12503;EX125;");
+    line.feed("?;");
+    EXPECT_EQ(sentFor(0, 398), "0 EX12503;EX125;");
+    exchange.startReading();  // the radio may have been changed by hand meanwhile
+    EXPECT_EQ(sentFor(0, 397), "0 EX12503;EX125;");
+}
+
 TEST_F(EqExchangeTest, AReadingQueriesEvery400msAndEndsASecondAfterTheLast) {
     open();
     exchange.startReading();
@@ -112,13 +128,21 @@ TEST_F(EqExchangeTest, WhatIsNoValueOfTheItemIsIgnoredAndLeavesNothingBehind) {
     EXPECT_EQ(line.written().find("EX12"), std::string::npos);
 }
 
-TEST_F(EqExchangeTest, TheTenthCharacterEmptiesTheBuffer) {
+TEST_F(EqExchangeTest, RefusalsNewsAndNoiseCostNoOtherItemItsAnswer) {
     open();
     exchange.startReading();
-    line.feed("?;EX12503;");  // the last ";" is the tenth
+    for (const char* before : {"?;", "FA014250000;", "TX0;?;", "EX125;", "?", "~~~~~~~~~~~~~~", "EX12"}) {
+        exchange.startReading();
+        line.feed(before);
+        line.feed("EX126-12;EX13310;");
+        EXPECT_EQ(exchange.value[1].get(), -12) << before;
+        EXPECT_EQ(exchange.value[8].get(), 10) << before;
+        EXPECT_EQ(exchange.answered(), 2) << before;
+        EXPECT_TRUE(exchange.known[1] && exchange.known[8] && !exchange.known[0]);
+        exchange.applyValue(1, 0);
+        exchange.applyValue(8, 1);
+    }
     EXPECT_EQ(exchange.value[0].get(), 0);
-    line.feed("EX12504;");
-    EXPECT_EQ(exchange.value[0].get(), 400);
 }
 
 TEST_F(EqExchangeTest, LiveAnswersChangeNothing) {
@@ -156,15 +180,33 @@ TEST_F(EqExchangeTest, TheProcessorHasASetOfItsOwn) {
     EXPECT_EQ(exchange.phase(), EqExchange::Phase::Reading);
 }
 
-TEST_F(EqExchangeTest, AProcessorSwitchThatCannotReopenSendsNothing) {
+TEST_F(EqExchangeTest, ASwitchThatTheRadioRefusesLeavesItsOwnSet) {
+    int refused = 0;
+    events += exchange.switchRefused.connect([&] { ++refused; });
+    line.answer = [](std::string_view wire) { return wire.starts_with("PR") ? "?;" : ""; };
+    ASSERT_FALSE(exchange.switchProcessor(true));
+    clock.advance(400);
+    EXPECT_EQ(line.story(), "0 PR1;|400 EX125;");
+    EXPECT_FALSE(exchange.processorOn);
+    line.feed("?;");  // of an item, not of the switch
+    exchange.startReading();
+    line.feed("?;");
+    EXPECT_EQ(refused, 1);
+}
+
+TEST_F(EqExchangeTest, AProcessorSwitchThatCannotReopenSendsNothingAndChangesNothing) {
     open();
+    exchange.startReading();
+    line.feed("EX12503;");
+    line.forgetWrites();
     line.openFailure = RuntimeError{errors::PortAlreadyOpen, "held"};
     const auto failure = exchange.switchProcessor(true);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->text, "held");
     clock.advance(5000);
     EXPECT_EQ(line.written(), "");
-    EXPECT_EQ(exchange.statusText.get(), "");
+    EXPECT_FALSE(exchange.processorOn);
+    EXPECT_EQ(exchange.command(0), "EX12503;");
 }
 
 }  // namespace

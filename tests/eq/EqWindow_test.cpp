@@ -34,6 +34,7 @@ struct EqWindowTest : ::testing::Test {
     fakes::FakeMsgBox msgBox;
     fakes::FakeSettings settings;
     EqWindow window{ports, clock, msgBox};
+    Property<bool>& processorOn = window.exchange().processorOn;
     std::string told;
     Connections events;
 };
@@ -87,14 +88,21 @@ TEST_F(EqWindowTest, TellsWhyAPortCannotBeSetUpOpenedOrKept) {
 TEST_F(EqWindowTest, ProcessorButtonNamesThePresentState) {
     window.toggleEqPort();
     window.Command1_Click(0);
-    EXPECT_TRUE(window.processorOn.get());
+    EXPECT_TRUE(processorOn.get());
     EXPECT_EQ(line.story(), "0 PR1;");
     EXPECT_TRUE(window.connected.get());
+    line.feed("?;");
+    EXPECT_FALSE(processorOn.get());
+    EXPECT_EQ(window.errorPanel.get(), "The radio did not switch the processor");
+    window.Command1_Click(0);
+    EXPECT_EQ(window.errorPanel.get(), "");
     line.openFailure = RuntimeError{errors::PortGone, "gone"};
     msgBox.foresee("gone");
+    msgBox.whileShown = [&] { EXPECT_TRUE(processorOn.get()); };
+    line.forgetWrites();
     window.Command1_Click(1);
-    EXPECT_FALSE(window.processorOn.get());
-    EXPECT_EQ(line.story(), "0 PR1;");
+    EXPECT_TRUE(processorOn.get());  // the radio was told nothing
+    EXPECT_EQ(line.story(), "");
     expectClosed();
 }
 

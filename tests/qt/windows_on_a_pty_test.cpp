@@ -50,6 +50,7 @@ TEST_F(WindowsOnAPty, ASliderThatIsMovedMovesTheRadio) {
     form.findChild<QToolButton*>(QStringLiteral("imgNotConnected"))->click();
     EXPECT_TRUE(comes([&] { return slider(0)->value() == 300; }));  // the radio's own
 
+    EXPECT_TRUE(comes([&] { return slider(7)->isEnabled() && slider(3)->isEnabled(); }));  // as far as it is read
     for (const int value : {-18, -17, -16}) slider(7)->setSliderPosition(value);
     slider(3)->setFocus();
     QTest::keyClick(slider(3), Qt::Key_End);

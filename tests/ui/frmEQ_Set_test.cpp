@@ -49,13 +49,17 @@ TEST_F(EqFormTest, SlidersSendEveryValueTheyGiveAndFollowTheRadio) {
     find<QToolButton>("imgNotConnected")->click();
     QApplication::processEvents();
     ASSERT_TRUE(logic.isPortOpen());
+    line.feed("EX12501;EX126+01;");
+    line.forgetWrites();
+    for (int item = 0; item < 9; ++item) EXPECT_EQ(slider(item)->isEnabled(), item < 2) << item;
+    picture("eq-reading.png");
     slider(1)->setSliderDown(true);
     for (const int value : {-1, -2, -3}) slider(1)->setSliderPosition(value);
     slider(1)->setSliderDown(false);
     EXPECT_EQ(line.story(), "0 EX126-01;EX126;|0 EX126-02;EX126;|0 EX126-03;EX126;");
     EXPECT_EQ(label("Label1_1"), "-03");
     slider(0)->triggerAction(QAbstractSlider::SliderSingleStepAdd);
-    EXPECT_EQ(label("Label1_0"), "100");
+    EXPECT_EQ(label("Label1_0"), "200");
 
     line.forgetWrites();
     line.feed("EX13117;");

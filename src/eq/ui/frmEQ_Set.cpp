@@ -228,7 +228,7 @@ bool frmEQ_Set::eventFilter(QObject* watched, QEvent* event) {
 void frmEQ_Set::wire() {
     for (std::size_t item = 0; item < eqItemCount; ++item) wireItem(item);
     m_connections += m_logic.connected.bind([this](bool connected) { showConnected(connected); });
-    m_connections += m_logic.processorOn.bind([this](bool on) { showProcessor(on); });
+    m_connections += m_logic.exchange().processorOn.bind([this](bool on) { showProcessor(on); });
     m_connections += m_logic.Label5.bind([this](const std::string& text) { Label5->setText(fromUtf8(text)); });
     m_connections +=
         m_logic.exchange().statusText.bind([this](const std::string& text) { Label6->setText(fromUtf8(text)); });
@@ -244,6 +244,11 @@ void frmEQ_Set::wireItem(std::size_t item) {
     m_connections += exchange.value[item].bind([slider = VScroll1[item]](int value) {
         const QSignalBlocker quiet(slider);
         slider->setValue(value);
+    });
+    // Grey: where it stands says nothing about the radio.
+    m_connections += exchange.known[item].bind([slider = VScroll1[item], label = Label1[item]](bool known) {
+        slider->setEnabled(known);
+        label->setEnabled(known);
     });
     m_connections += exchange.display[item].bind(
         [label = Label1[item]](const std::string& text) { label->setText(fromUtf8(text)); });
