@@ -10,5 +10,5 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     if (argc != 3) return static_cast<int>(korvex::cli::ExitCode::Usage);
     korvex::QtDatabase database;
-    return static_cast<int>(korvex::cli::importDescription(database, argv[1], argv[2], std::cerr));
+    return static_cast<int>(korvex::cli::importDescription(database, {argv[1], argv[2]}, std::cout, std::cerr));
 }

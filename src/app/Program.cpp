@@ -16,8 +16,8 @@ Program::Program(Machine machine)
       menuWriter(link),
       menuRestore(terminal, menuWriter),
       memory(terminal, machine.clock, machine.settings, machine.fileDialog, machine.programFolder),
-      menuManager(
-          {terminal, machine.clock, machine.msgBox, machine.database, windows.menuManager, machine.programFolder}),
+      menuManager({terminal, machine.clock, machine.msgBox, machine.database, windows.menuManager,
+                   machine.programFolder, machine.shippedDescriptions}),
       eqWindow(machine.ports, machine.clock, machine.msgBox),
       bandStackWindow(
           {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),

@@ -42,6 +42,7 @@ struct Machine {
     Database& database;
     std::string programFolder;  ///< UTF-8; holds `files`, `helpfile` and the description database
     std::function<std::string()> timeOfDay = localTimeOfDay;
+    std::string shippedDescriptions = {};  ///< the description database that came with the program, if any
 };
 
 /// Makes the parts of the program and introduces them to each other. It owns all logic; windows are made by whoever

@@ -85,6 +85,7 @@ const std::map<std::string_view, Option>& options() {
         {"--dry-run", flag(&Command::dryRun)},
         {"--with-cat", flag(&Command::withCat)},
         {"--force", flag(&Command::force)},
+        {"--with-settings", flag(&Command::withSettings)},
         {"--allow-transmit", flag(&Command::allowTransmit)},
         {"-h", verb(Command::Verb::Help)},
         {"--help", verb(Command::Verb::Help)},
@@ -99,16 +100,6 @@ Failure takeOption(Command& command, const std::string& name, Arguments& rest) {
     if (!found->second.takesValue) return found->second.apply(command, {});
     if (rest.empty()) return wrong(name + " wants a value");
     return found->second.apply(command, rest.take());
-}
-
-Failure takeDescription(Command& command, const std::vector<std::string>& words) {
-    const bool exporting = words.size() == 3 && words[1] == "export";
-    const bool importing = words.size() == 3 && words[1] == "import";
-    if (!exporting && !importing)
-        return wrong("\"description\" is used so: korvexctl [options] description export FILE, or import FILE");
-    command.verb = exporting ? Command::Verb::DescriptionExport : Command::Verb::DescriptionImport;
-    command.file = words[2];
-    return {};
 }
 
 struct VerbRow {
@@ -156,7 +147,20 @@ Failure checkOptions(const Command& command) {
     const bool restoresMenu = command.verb == Verb::RestoreAll || (restores && command.kind == "menu");
     if (command.withCat && !restoresMenu) return wrong("--with-cat belongs to restore-all and restore menu");
     if (command.force && !restores) return wrong("--force belongs to a restore");
+    if (command.withSettings && command.verb != Verb::DescriptionImport) {
+        return wrong("--with-settings belongs to description import");
+    }
     return {};
+}
+
+Failure takeDescription(Command& command, const std::vector<std::string>& words) {
+    const bool exporting = words.size() == 3 && words[1] == "export";
+    const bool importing = words.size() == 3 && words[1] == "import";
+    if (!exporting && !importing)
+        return wrong("\"description\" is used so: korvexctl [options] description export FILE, or import FILE");
+    command.verb = exporting ? Command::Verb::DescriptionExport : Command::Verb::DescriptionImport;
+    command.file = words[2];
+    return checkOptions(command);
 }
 
 Failure takeVerb(Command& command, const std::vector<std::string>& words) {
@@ -222,6 +226,7 @@ std::string usage() {
            "  --with-cat            restore menu, restore-all: the radio's CAT settings (menu items 028 to 030) too,\n"
            "                        last\n"
            "  --force               restore: a file that does not hold every menu item\n"
+           "  --with-settings       description import: the settings columns too, in place of those that are there\n"
            "  --kind KIND           compare: what the files are, where their ending does not tell\n"
            "  -h, --help  --version\n"
            "\n"

@@ -36,10 +36,11 @@ struct Command {
     std::optional<std::string> settingsFile;  ///< where the program keeps its settings
     std::optional<std::string> database;      ///< the description database; else that of the program folder
     bool allowTransmit = false;
-    bool verify = false;   ///< read back what was written
-    bool dryRun = false;   ///< print what would be sent
-    bool withCat = false;  ///< the radio's own CAT settings too
-    bool force = false;    ///< also a file that does not hold everything
+    bool verify = false;        ///< read back what was written
+    bool dryRun = false;        ///< print what would be sent
+    bool withCat = false;       ///< the radio's own CAT settings too
+    bool force = false;         ///< also a file that does not hold everything
+    bool withSettings = false;  ///< the settings columns of the descriptions too
 };
 
 /// Exit codes, for scripts.

@@ -6,6 +6,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Comparison.h"
 #include "platform/Database.h"
+#include "platform/TimeOfDay.h"
 
 namespace korvex::cli {
 
@@ -13,10 +14,17 @@ namespace korvex::cli {
 ExitCode exportDescription(Database& database, const std::string& databaseFile, const std::string& file,
                            std::ostream& err);
 
-/// Makes the description database from such a table, or replaces the table in it. A file that is no such table, and a
-/// database that is not Korvex's, change nothing.
-ExitCode importDescription(Database& database, const std::string& databaseFile, const std::string& file,
-                           std::ostream& err);
+struct ImportOrder {
+    std::string database;  ///< made if it is not there
+    std::string table;
+    bool withSettings = false;  ///< the four settings columns, too
+    std::string timeOfDay = localTimeOfDay();
+};
+
+/// Takes such a table into the description database. The settings columns stay; what was there before is copied aside,
+/// and the output says where to and what was taken. A file that is no such table, and a database that is not Korvex's,
+/// change nothing.
+ExitCode importDescription(Database& database, const ImportOrder& order, std::ostream& out, std::ostream& err);
 
 /// What the owner of the description database calls the menu items. It is read when the first name is asked for, and
 /// never made or changed; where it is not there or has no name, the item goes by its number alone.

@@ -9,6 +9,7 @@
 #include "base/Printable.h"
 #include "cli/Description.h"
 #include "cli/Session.h"
+#include "menu/ShippedDescriptions.h"
 #include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
 #include "platform/StandardStreams.h"
@@ -78,16 +79,20 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
 }
 
 int runDescription(const Command& command, const Output& output) {
+    QtDatabase database;
     std::string databaseFile = command.database.value_or("");
     if (databaseFile.empty()) {
         const auto folder = makeProgramFolder(programPlaces({}));
         if (!folder) return output.fail(folder.error().text, ExitCode::File);
         if (!folder->news.empty()) output.err << folder->news << "\n";
         databaseFile = folder->path + "/" + std::string(descriptionDatabaseName);
+        takeShippedDescriptions(database, databaseFile, shippedDescriptions(programPlaces({})));
     }
-    QtDatabase database;
-    const auto move = command.verb == Command::Verb::DescriptionExport ? exportDescription : importDescription;
-    return static_cast<int>(move(database, databaseFile, command.file, output.err));
+    const auto code =
+        command.verb == Command::Verb::DescriptionExport
+            ? exportDescription(database, databaseFile, command.file, output.err)
+            : importDescription(database, {databaseFile, command.file, command.withSettings}, output.out, output.err);
+    return static_cast<int>(code);
 }
 
 int runWithPorts(QCoreApplication& application, const Command& command, const Output& output) {

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "menu/DescriptionTable.h"
+#include "menu/MenuRows.h"
+#include "menu/ShippedDescriptions.h"
 
 namespace korvex {
 
@@ -25,6 +27,9 @@ void DescriptionDatabase::Timer1_Timer() {
     if (m_needs.progress.visible) return;  // a transfer shows its progress there; the database can wait
     // Stopped first: a report is a box, and ticks come while it is open.
     m_timer1->setEnabled(false);
+    if (!m_needs.shippedFile.empty()) {
+        takeShippedDescriptions(m_needs.database, m_needs.file, m_needs.shippedFile);
+    }
     loadDescriptionGrid();
     if (prepareGrid) prepareGrid();
 }
@@ -40,59 +45,128 @@ bool DescriptionDatabase::openDescriptionTable() {
     return m_ado.moveFirstIfAny(*m_recordset, *m_connection, true);
 }
 
+bool DescriptionDatabase::openAnew() {
+    m_recordset.reset();
+    m_connection.reset();
+    return openDescriptionDatabase() && openDescriptionTable();
+}
+
 void DescriptionDatabase::loadDescriptionGrid() {
-    if (openDescriptionDatabase() && openDescriptionTable()) copyToGrid();
+    if (!openAnew()) return;
+    beginCopy("Loading Datafile", 2600);
+    copyToGrid();
+    endCopy();
+}
+
+int DescriptionDatabase::shownRecords() const {
+    return std::min(m_recordset->RecordCount(), description::recordCount);
 }
 
 void DescriptionDatabase::copyToGrid() {
-    beginCopy("Loading Datafile", 2600);
-    const int records = std::min(m_recordset->RecordCount(), description::recordCount);
-    for (int k = 1; k <= records && !m_recordset->setAbsolutePosition(k); ++k) {
+    const auto rowsBefore = static_cast<int>(m_numbers.size());
+    m_numbers = numbersInFile();
+    for (int row = shownRecords(); row < rowsBefore; ++row) {  // of a longer table that was here before
+        for (int col = 0; col < m_needs.grid.Cols(); ++col) m_needs.grid.setTextMatrix(row, col, "");
+    }
+    for (int k = 1; k <= shownRecords() && !m_recordset->setAbsolutePosition(k); ++k) {
         for (int field = 1; field < m_recordset->FieldCount(); ++field) {
             m_needs.grid.setTextMatrix(k - 1, field - 1, m_recordset->Field(field));
             m_needs.progress.value = m_needs.progress.value + 1;
         }
     }
-    goToFirstRecord();
-    endCopy();
+    for (std::size_t row = 0; row < m_numbers.size(); ++row) {
+        m_needs.grid.setTextMatrix(static_cast<int>(row), 0, m_numbers[row]);
+    }
+    m_loaded = rowsInGrid();
+    if (m_recordset->RecordCount() > 0) static_cast<void>(m_recordset->setAbsolutePosition(1));
 }
 
 bool DescriptionDatabase::saveDescriptionGrid() {
-    if (!isOpen()) {
+    if (m_numbers.empty() && !isOpen()) {
         m_needs.msgBox.exclamation("The description database is not open; nothing was saved.", "Saving Datafile");
         return false;
     }
+    if (!openAnew()) return false;
+    const SettingsMerge merge = mergeSettings(m_loaded, rowsInGrid(), rowsInFile());
+    if (!mayWrite(merge)) return false;
     beginCopy("Saving Datafile", 1000);
-    const Failure failure = copyFromGrid();
+    const Failure failure = write(merge.rows);
     if (failure) {
         m_connection->RollbackTrans();
-        // What was written before the failure is not in the file: the records are read anew.
-        static_cast<void>(m_recordset->Requery());
+    } else {
+        copyToGrid();
     }
-    goToFirstRecord();
     endCopy();
     if (failure) m_ado.reportDatabaseError(*m_connection, *failure, "Saving Datafile");
     return !failure;
 }
 
-Failure DescriptionDatabase::copyFromGrid() {
-    if (auto failure = m_connection->BeginTrans()) return failure;
-    const int records = std::min(m_recordset->RecordCount(), description::recordCount);
+bool DescriptionDatabase::mayWrite(const SettingsMerge& merge) {
+    std::string question;
+    if (!merge.clashes.empty()) {
+        question = "Another program has saved other settings for " + rowNames(merge.clashes) +
+                   " meanwhile. Write those of this window over them?";
+    }
+    if (!merge.gone.empty()) {
+        question += (question.empty() ? "" : "\r\n") + std::string("The file has no row any more for ") +
+                    rowNames(merge.gone) + ". Save the others and lose these?";
+    }
+    if (question.empty()) return true;
+    return m_needs.msgBox.confirm(question, "Saving Datafile");
+}
+
+int DescriptionDatabase::savedColumns() const {
     // A column that the grid has not got must not empty its field.
     const int lastField = std::min(m_recordset->FieldCount() - unsavedFieldsAtEnd, m_needs.grid.Cols());
-    for (int k = 1; k <= records; ++k) {
-        if (auto failure = m_recordset->setAbsolutePosition(k)) return failure;
-        for (int field = firstSavedField; field <= lastField; ++field) {
-            m_recordset->setField(field, m_needs.grid.TextMatrix(k - 1, field - 1));
+    return std::max(lastField - firstSavedField + 1, 0);
+}
+
+std::vector<std::string> DescriptionDatabase::numbersInFile() {
+    std::vector<std::string> numbers;
+    if (m_recordset->FieldCount() <= static_cast<int>(description::numberField)) return numbers;
+    for (int k = 1; k <= shownRecords() && !m_recordset->setAbsolutePosition(k); ++k) {
+        const std::string text = m_recordset->Field(static_cast<int>(description::numberField));
+        numbers.push_back(menuNumber(text).value_or(text));
+    }
+    return numbers;
+}
+
+SettingsRows DescriptionDatabase::rowsInFile() {
+    SettingsRows rows;
+    const auto keys = rowKeys(numbersInFile());
+    for (std::size_t row = 0; row < keys.size(); ++row) {
+        static_cast<void>(m_recordset->setAbsolutePosition(static_cast<int>(row) + 1));
+        auto& cells = rows[keys[row]];
+        for (int i = 0; i < savedColumns(); ++i) cells.push_back(m_recordset->Field(firstSavedField + i));
+    }
+    return rows;
+}
+
+SettingsRows DescriptionDatabase::rowsInGrid() const {
+    SettingsRows rows;
+    const auto keys = rowKeys(m_numbers);
+    for (std::size_t row = 0; row < keys.size(); ++row) {
+        auto& cells = rows[keys[row]];
+        for (int i = 0; i < savedColumns(); ++i) {
+            cells.push_back(m_needs.grid.TextMatrix(static_cast<int>(row), firstSavedField - 1 + i));
+        }
+    }
+    return rows;
+}
+
+Failure DescriptionDatabase::write(const SettingsRows& rows) {
+    if (auto failure = m_connection->BeginTrans()) return failure;
+    const auto keys = rowKeys(numbersInFile());
+    for (std::size_t row = 0; row < keys.size(); ++row) {
+        if (auto failure = m_recordset->setAbsolutePosition(static_cast<int>(row) + 1)) return failure;
+        int field = firstSavedField;
+        for (const auto& text : rows.at(keys[row])) {
+            m_recordset->setField(field++, text);
             m_needs.progress.value = m_needs.progress.value + 1;
         }
     }
     if (auto failure = m_recordset->Update()) return failure;
     return m_connection->CommitTrans();
-}
-
-void DescriptionDatabase::goToFirstRecord() {
-    if (m_recordset->RecordCount() > 0) static_cast<void>(m_recordset->setAbsolutePosition(1));
 }
 
 void DescriptionDatabase::beginCopy(const std::string& caption, int maximum) {

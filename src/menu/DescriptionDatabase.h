@@ -3,7 +3,9 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "menu/DescriptionMerge.h"
 #include "menu/modADO.h"
 #include "platform/Clock.h"
 #include "platform/Database.h"
@@ -24,7 +26,8 @@ public:
         MsgBox& msgBox;
         ProgressWindow& progress;
         MSFlexGrid& grid;
-        std::string file;  ///< UTF-8, absolute
+        std::string file;              ///< UTF-8, absolute
+        std::string shippedFile = {};  ///< what came with the program; empty: nothing did
     };
     explicit DescriptionDatabase(Needs needs);
 
@@ -33,10 +36,14 @@ public:
     void Form_Load() { m_timer1->setEnabled(true); }
     std::function<void()> prepareGrid;
 
-    /// Database -> grid. What is not open yet is opened first.
+    /// The file, opened anew -> grid: another program may have written it, or put another in its place.
     void loadDescriptionGrid();
-    /// The settings columns of the grid -> database, all or nothing. A failure has been told.
+    /// The settings columns of the grid -> the file, opened anew; all or nothing. Only cells that were changed here are
+    /// written, each into the row of its item, and the grid then shows what the file holds. Where another program has
+    /// changed the same cells the user is asked. A failure has been told.
     bool saveDescriptionGrid();
+    /// The first column of the rows that were loaded, the titles' first.
+    const std::vector<std::string>& numbers() const { return m_numbers; }
 
     enum class UnloadReason { Program, SessionEnd, TaskManager };
     /// Whether the database window may go; when it may, the database is closed. At the session's end the user is asked.
@@ -46,11 +53,17 @@ public:
 
 private:
     void Timer1_Timer();
+    bool openAnew();
     bool openDescriptionDatabase();
     bool openDescriptionTable();
+    int shownRecords() const;
     void copyToGrid();
-    Failure copyFromGrid();
-    void goToFirstRecord();
+    bool mayWrite(const SettingsMerge& merge);
+    Failure write(const SettingsRows& rows);
+    int savedColumns() const;
+    std::vector<std::string> numbersInFile();
+    SettingsRows rowsInFile();
+    SettingsRows rowsInGrid() const;
     void beginCopy(const std::string& caption, int maximum);
     void endCopy();
 
@@ -58,6 +71,8 @@ private:
     modADO m_ado;
     std::unique_ptr<DatabaseConnection> m_connection;
     std::unique_ptr<Recordset> m_recordset;
+    std::vector<std::string> m_numbers;
+    SettingsRows m_loaded;  // what grid and file had in common last
     std::unique_ptr<Timer> m_timer1;
     Connection m_tick;
 };

@@ -3,18 +3,20 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <set>
 #include <utility>
+#include <vector>
 
-#include "base/CodePage.h"
 #include "base/NumberText.h"
+#include "base/TextEncoding.h"
+#include "menu/DescriptionItems.h"
+#include "menu/MenuRows.h"
+#include "menu/SheetText.h"
 
 namespace korvex {
 
 namespace {
 
 constexpr std::size_t mostRecords = 1000;
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::array<std::pair<char, char>, 4> escapes = {{{'\t', 't'}, {'\n', 'n'}, {'\r', 'r'}, {'\\', '\\'}}};
 
 std::string escaped(std::string_view field) {
@@ -47,36 +49,47 @@ std::optional<std::string> unescaped(std::string_view text) {
     return field;
 }
 
-std::string_view takeUpTo(std::string_view& rest, char end) {
-    const auto at = rest.find(end);
-    const auto taken = rest.substr(0, at);
-    rest.remove_prefix(at == std::string_view::npos ? rest.size() : at + 1);
-    return taken;
+/// As a cell that the tabs around it end, whatever it begins with.
+std::string cellText(std::string_view field) {
+    const std::string text = escaped(field);
+    if (!text.starts_with('"')) return text;
+    std::string cell = "\"";
+    for (const char c : text) cell += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return cell + '"';
 }
 
-bool hasControls(std::string_view line) {
-    return std::any_of(line.begin(), line.end(), [](char c) { return c != '\t' && c >= 0 && c < ' '; });
+/// Empty cells at the end are a spreadsheet's; more than these are not.
+bool fits(const std::vector<std::string>& cells) {
+    const auto last = std::find_if(cells.rbegin(), cells.rend(), [](const auto& cell) { return !cell.empty(); });
+    return cells.rend() - last <= description::textColumns + 1;
 }
 
-/// Why the line is no record; else the record.
-Result<std::vector<std::string>> parseRecord(std::string_view line) {
-    const auto refused = [](const char* why) { return RuntimeError{errors::TypeMismatch, why}; };
-    if (!isUtf8(line)) return refused("this is not UTF-8");
-    if (hasControls(line)) return refused("there are control characters");
-    std::vector<std::string> record;
-    bool more = true;
-    while (more) {
-        more = line.find('\t') != std::string_view::npos;
-        auto field = unescaped(takeUpTo(line, '\t'));
-        if (!field) return refused("a backslash stands only before t, n, r and another backslash");
-        record.push_back(std::move(*field));
+Result<NumberedRecord> parseRecord(SheetRow row) {
+    if (!fits(row.cells)) return refusedLine(row.line, "there are more than 15 fields");
+    const auto id = parseWhole(row.cells.front());
+    if (!id || *id < 1) return refusedLine(row.line, "the first field is the record's number, 1 or more");
+    NumberedRecord numbered{row.line, *id, std::move(row.cells)};
+    numbered.fields.resize(description::textColumns + 1);
+    for (auto& field : numbered.fields) {
+        auto text = unescaped(field);
+        if (!text) return refusedLine(row.line, "a backslash stands only before t, n, r and another backslash");
+        field = std::move(*text);
     }
-    if (record.size() > description::textColumns + 1) return refused("there are more than 15 fields");
-    if (const auto id = parseWhole(record.front()); !id || *id < 1) {
-        return refused("the first field is the record's number, 1 or more");
+    auto& number = numbered.fields[description::numberField];
+    number = menuNumber(number).value_or(number);
+    return numbered;
+}
+
+Result<std::vector<NumberedRecord>> parseRecords(std::vector<SheetRow> rows) {
+    std::vector<NumberedRecord> records;
+    for (auto& row : rows) {
+        if (records.size() == mostRecords) return refusedLine(row.line, "there are more than 1000 records");
+        auto record = parseRecord(std::move(row));
+        if (!record) return record.error();
+        records.push_back(std::move(*record));
     }
-    record.resize(description::textColumns + 1);
-    return record;
+    std::stable_sort(records.begin(), records.end(), [](const auto& a, const auto& b) { return a.id < b.id; });
+    return records;
 }
 
 DatabaseTable emptyTable() {
@@ -94,32 +107,24 @@ std::string descriptionText(const DatabaseTable& table) {
         "# The descriptions of the FT-2000's menu items, a line a row of the Menu Manager, tabs between the fields.\n"
         "# The first field numbers the rows; the first row holds the titles. \\t \\n \\r \\\\ stand for what cannot "
         "be\n"
-        "# written in a field.\n";
+        "# written in a field. Each menu item, 001 to 149, has one row with its number.\n";
     for (const auto& record : table.records) {
-        for (std::size_t i = 0; i < record.size(); ++i) text += (i == 0 ? "" : "\t") + escaped(record[i]);
+        for (std::size_t i = 0; i < record.size(); ++i) text += (i == 0 ? "" : "\t") + cellText(record[i]);
         text += '\n';
     }
     return text;
 }
 
-Result<DatabaseTable> parseDescription(std::string_view text) {
-    if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+Result<DatabaseTable> parseDescription(std::string_view content) {
+    const auto text = utf8FromAnyEncoding(content);
+    if (!text) return text.error();
+    auto rows = readSheet(*text);
+    if (!rows) return rows.error();
+    auto records = parseRecords(std::move(*rows));
+    if (!records) return records.error();
+    if (auto failure = whyNoMenuTable(*records)) return *failure;
     DatabaseTable table = emptyTable();
-    std::set<int> known;
-    for (int number = 1; !text.empty(); ++number) {
-        std::string_view line = takeUpTo(text, '\n');
-        if (line.ends_with('\r')) line.remove_suffix(1);
-        if (line.empty() || line.front() == '#') continue;
-        auto record = parseRecord(line);
-        const auto refused = [number](const std::string& why) {
-            return RuntimeError{errors::TypeMismatch, "line " + std::to_string(number) + ": " + why};
-        };
-        if (!record) return refused(record.error().text);
-        if (!known.insert(*parseWhole(record->front())).second) return refused("this record's number came before");
-        if (table.records.size() == mostRecords) return refused("there are more than 1000 records");
-        table.records.push_back(std::move(*record));
-    }
-    if (table.records.empty()) return RuntimeError{errors::TypeMismatch, "there is no record in it"};
+    for (auto& record : *records) table.records.push_back(std::move(record.fields));
     return table;
 }
 

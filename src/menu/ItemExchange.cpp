@@ -8,109 +8,96 @@
 
 namespace korvex {
 
-ItemExchange::ItemExchange(CatLink& link, Clock& clock, MsgBox& msgBox, MSFlexGrid& grid)
-    : m_link(link), m_msgBox(msgBox), m_grid(grid), m_timer2(clock.makeTimer()), m_patience(clock, [this] {
-          giveUp();
-      }) {
-    m_timer2->setInterval(250);
-    m_connections += m_timer2->tick.connect([this] { ask(); });
-    m_connections += m_link.closed.connect([this] { end(TransferEnd::PortClosed); });
-    m_connections += Text3.changed.connect([this](const std::string&) { Text3_Change(); });
-    m_link.answers().onAnswer(ActiveOperation::ManagerItemSend, [this] { return takeAnswer(); });
-}
+namespace {
 
-void ItemExchange::stop() {
-    m_waiting = false;
-    m_timer2->setEnabled(false);
-    m_patience.end();
-}
+constexpr int settleMs = 250;  // between a value and the question for it
+constexpr int patienceMs = 5'000;
 
-void ItemExchange::end(TransferEnd how) {
-    const bool ran = running();
-    stop();
-    if (ran) ended.emit(how);
-}
+}  // namespace
 
-void ItemExchange::giveUp() {
-    // A memory list that is being written has the same code.
-    const bool isOurs = m_link.activeOperation() == ActiveOperation::ManagerItemSend && !m_link.progress().visible;
-    if (isOurs) m_link.setActiveOperation(ActiveOperation::Idle);
-    end(TransferEnd::NoAnswer);
-}
-
-/// The item of the current cell; false when nothing can be exchanged.
-bool ItemExchange::choose() {
+/// The item of this cell; false when nothing can be exchanged.
+bool ItemExchange::choose(int row, int col) {
     if (!m_link.PortOpen()) {
         m_msgBox.show({"RS-232 Port not open!", "Comm Port"});
         return false;
     }
-    m_row = itemRowOf(m_grid.Row());
-    m_col = m_grid.Col();
-    m_number = m_grid.TextMatrix(m_row, 0);
-    if (!isMenuNumber(m_number)) return false;
-    stop();
+    m_operation.reset();
+    m_row = row;
+    m_col = col;
+    m_number = m_grid.TextMatrix(row, 0);
+    return isMenuNumber(m_number);
+}
+
+bool ItemExchange::begin() {
+    m_operation = m_link.begin({ActiveOperation::ManagerItemSend, "Exchanging menu item " + m_number});
+    if (!m_operation) {
+        ended.emit(m_link.notBegun());
+        return false;
+    }
+    m_asked = false;
+    const std::string head = "EX" + m_number;
+    m_operation->expect({head, head.size() + 2});
+    m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
+    m_operation->onEnd([this](const Outcome& outcome) { end(outcome); });
     return true;
 }
 
-void ItemExchange::send() {
-    if (!choose()) return;
-    const std::string& value = m_grid.TextMatrix(m_row, m_col);
+void ItemExchange::send(int row, int col) {
+    if (!choose(row, col)) return;
+    const std::string value = m_grid.TextMatrix(m_row, m_col);
     const auto command = menuWriteCommand(m_number, value);
     if (!command) {
         m_msgBox.exclamation("Menu item " + m_number + ": \"" + value + "\" is no value; nothing was sent.", "Send");
         return;
     }
-    m_link.setActiveOperation(ActiveOperation::ManagerItemSend);
+    if (!begin()) return;
     Text7 = value;
     Text1 = utf8FromWire(*command);
-    m_link.send(*command);
+    m_operation->send(*command);
     Text1 = "EX" + m_number + ";";
-    m_timer2->setEnabled(true);
+    m_operation->after(settleMs, [this] { ask(); });
 }
 
-void ItemExchange::read() {
-    if (!choose()) return;
-    m_link.setActiveOperation(ActiveOperation::ManagerItemSend);
+void ItemExchange::read(int row, int col) {
+    if (!choose(row, col) || !begin()) return;
     Text7 = m_grid.TextMatrix(m_row, m_col);
     Text1 = "EX" + m_number + ";";
     ask();
 }
 
 void ItemExchange::ask() {
-    m_timer2->setEnabled(false);
     m_link.answers().clearAccumulator();  // what came before is no answer to this
-    m_waiting = true;
-    m_patience.begin();
-    m_link.send("EX" + m_number + ";");
+    m_asked = true;
+    m_operation->send("EX" + m_number + ";");
+    m_operation->after(patienceMs, [this] { m_operation->end(Outcome::Kind::NoAnswer); });
 }
 
-Rest ItemExchange::takeAnswer() {
-    if (!m_waiting) return Rest::GoOn;  // a memory list being written has the same code
-    // What came before this answer, a refusal or another item's answer, is still there in front of it.
-    std::string text = m_link.answers().accumulator();
-    text.erase(0, text.rfind(';', text.size() - 2) + 1);
-    const auto at = text.rfind("EX" + m_number);
-    constexpr std::size_t head = 5;
-    // Without a value it is an adapter's echo of the question.
-    if (at == std::string::npos || text.size() <= at + head + 1) return Rest::GoOn;
-    m_waiting = false;
-    m_patience.end();
+/// Other items' answers, refusals and an adapter's echo are passed over.
+Rest ItemExchange::takeAnswer(std::string_view answer) {
+    const std::size_t head = 2 + m_number.size();
+    if (!m_asked || answer.size() <= head + 1) return Rest::GoOn;
     m_link.received().append(crLf);
-    Text2 = utf8FromWire(text.substr(at + head, text.size() - at - head - 1));
-    m_link.answers().clearAccumulator();
-    releaseEditor.emit();
-    constexpr int numbers = 49;
-    const int last = parseWhole(Text3.get()).value_or(1);
-    const int step = 1 + static_cast<int>(m_random() % (numbers - 1));  // never the same again
-    Text3 = std::to_string(1 + (last - 1 + step) % numbers);
-    compare();
-    ended.emit(TransferEnd::Done);
+    Text2 = utf8FromWire(answer.substr(head, answer.size() - head - 1));
+    m_operation->end({Outcome::Kind::Done, 1, 1, {}, {}});
     return Rest::GoOn;
 }
 
-void ItemExchange::Text3_Change() {
+void ItemExchange::end(const Outcome& outcome) {
+    if (outcome.isDone()) {
+        showAnswer();
+        compare();
+    }
+    ended.emit(outcome);
+}
+
+/// Text3 gets another number; whatever it was, it is never the same again.
+void ItemExchange::showAnswer() {
+    releaseEditor.emit();
+    constexpr int numbers = 49;
+    const int last = parseWhole(Text3.get()).value_or(1);
+    const int step = 1 + static_cast<int>(m_random() % (numbers - 1));
     m_grid.setTextMatrix(m_row, m_col, Text2);
-    m_link.setActiveOperation(ActiveOperation::Idle);
+    Text3 = std::to_string(1 + (last - 1 + step) % numbers);
 }
 
 void ItemExchange::compare() {

@@ -3,18 +3,16 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <string_view>
 
 #include "base/Property.h"
-#include "cat/AnswerPatience.h"
 #include "cat/CatLink.h"
-#include "platform/Clock.h"
 #include "platform/MSFlexGrid.h"
 #include "platform/MsgBox.h"
-#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
-/// One menu item between the grid's current cell and the radio. A continuation row stands for its item's row.
+/// One menu item between its cell in the grid and the radio.
 ///
 ///     send    EX042050;  (250 ms)  EX042;   answer EX042050;  -> as sent: "  no changes  "
 ///     read                         EX042;   answer EX042060;  -> into the cell, "  New Value  "
@@ -22,10 +20,12 @@ namespace korvex {
 /// A radio that says nothing for 5 s is not waited for any longer; the cell stays as it is.
 class ItemExchange {
 public:
-    ItemExchange(CatLink& link, Clock& clock, MsgBox& msgBox, MSFlexGrid& grid);
+    ItemExchange(CatLink& link, MsgBox& msgBox, MSFlexGrid& grid) : m_link(link), m_msgBox(msgBox), m_grid(grid) {}
 
-    void send();  ///< key "S"
-    void read();  ///< key "R"
+    /// Keys "S" and "R". The row is the item's own, the one that its number stands in; a row without a number does
+    /// nothing. What was still waited for is given up.
+    void send(int row, int col);
+    void read(int row, int col);
 
     Property<std::string> Text1;  ///< the command, UTF-8
     Property<std::string> Text2;  ///< the value that the radio answered
@@ -35,31 +35,28 @@ public:
     Signal<> releaseEditor;  ///< an answer is about to go into the grid
     Signal<> newValue;       ///< the radio has another value than was in the cell, and the user has seen it
 
-    bool running() const { return m_waiting || m_timer2->Enabled(); }
+    bool running() const { return m_operation && m_operation->running(); }
     const std::string& itemNumber() const { return m_number; }  ///< "001"
     Signal<const Outcome&> ended;
 
 private:
-    bool choose();
+    bool choose(int row, int col);
+    bool begin();
     void ask();
-    Rest takeAnswer();
-    void Text3_Change();
+    Rest takeAnswer(std::string_view answer);
+    void end(const Outcome& outcome);
+    void showAnswer();
     void compare();
-    void stop();
-    void end(TransferEnd how);
-    void giveUp();
 
     CatLink& m_link;
     MsgBox& m_msgBox;
     MSFlexGrid& m_grid;
-    std::unique_ptr<Timer> m_timer2;
     std::minstd_rand m_random{std::random_device{}()};
     std::string m_number;  // of the item, "001"
     int m_row = 0;         // where the answer goes
     int m_col = 0;
-    bool m_waiting = false;  // the query is out
-    AnswerPatience m_patience;
-    Connections m_connections;
+    bool m_asked = false;  // the query is out
+    std::unique_ptr<Operation> m_operation;
 };
 
 }  // namespace korvex

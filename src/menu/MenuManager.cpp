@@ -8,6 +8,7 @@
 #include "gridedit/clsFlexGridEdit.h"
 #include "menu/MenuFile.h"
 #include "menu/MenuRestore.h"
+#include "menu/MenuRows.h"
 #include "platform/ProgramFolder.h"
 
 namespace korvex {
@@ -31,10 +32,10 @@ MenuManager::MenuManager(MenuManagerNeeds needs)
     : m_needs(std::move(needs)),
       m_link(m_needs.terminal.link()),
       m_database({m_needs.database, m_needs.clock, m_needs.msgBox, m_link.progress(), FlexGrid1,
-                  m_needs.programFolder + "/" + std::string(descriptionDatabaseName)}),
+                  m_needs.programFolder + "/" + std::string(descriptionDatabaseName), m_needs.shippedDescriptions}),
       m_reader(m_link),
       m_writer(m_link),
-      m_exchange(m_link, m_needs.clock, m_needs.msgBox, FlexGrid1) {
+      m_exchange(m_link, m_needs.msgBox, FlexGrid1) {
     m_database.prepareGrid = [this] { prepareGrid(); };
     m_connections +=
         m_reader.told.connect([this](const std::string& item, const std::string& value) { placeAnswer(item, value); });
@@ -44,8 +45,8 @@ MenuManager::MenuManager(MenuManagerNeeds needs)
     });
     m_connections +=
         m_exchange.newValue.connect([this] { showLabel(" Save settings in file before living the program", true); });
-    m_connections += m_exchange.ended.connect([this](TransferEnd end) {
-        if (end == TransferEnd::NoAnswer) showLabel(" No answer for menu item " + m_exchange.itemNumber(), true);
+    m_connections += m_exchange.ended.connect([this](const Outcome& outcome) {
+        if (outcome == Outcome::Kind::NoAnswer) showLabel(" No answer for menu item " + m_exchange.itemNumber(), true);
     });
 }
 
@@ -86,8 +87,9 @@ bool MenuManager::busy() const {
 // --- grid and database
 
 bool MenuManager::toldBusy(const std::string& title) {
-    if (busy()) m_needs.msgBox.exclamation("Please wait until the present transfer has ended.", title);
-    return busy();
+    const bool isBusy = busy() || m_exchange.running();
+    if (isBusy) m_needs.msgBox.exclamation("Please wait until the present transfer has ended.", title);
+    return isBusy;
 }
 
 void MenuManager::mnu_loadFlexgrid_Click() {
@@ -122,8 +124,10 @@ int MenuManager::rowOfItem(const std::string& item, int from) const {
 
 void MenuManager::placeAnswer(const std::string& item, const std::string& value) {
     if (!m_needs.window.visible) return;
-    // An answer for an item that is not in the grid leaves the pointer: the items behind it are still to be found.
-    const int row = rowOfItem(item, m_rowPointer);
+    // An answer for an item that is not in the grid leaves the pointer: the items behind it are still to be found. An
+    // owner's table may have its rows in another order.
+    int row = rowOfItem(item, m_rowPointer);
+    if (row < 0) row = rowOfItem(item, 1);
     if (row < 0) return;
     m_rowPointer = row;
     ++m_placedAnswers;
@@ -201,10 +205,11 @@ bool MenuManager::FlexGrid1_KeyDown(int key) {
     }
     if (key != keyS && key != keyR) return false;
     if (busy()) return true;
+    const int row = itemRowOf(m_database.numbers(), FlexGrid1.Row());
     if (key == keyS) {
-        m_exchange.send();
+        m_exchange.send(row, FlexGrid1.Col());
     } else {
-        m_exchange.read();
+        m_exchange.read(row, FlexGrid1.Col());
     }
     return true;
 }

@@ -22,7 +22,8 @@ struct MenuManagerNeeds {
     MsgBox& msgBox;
     Database& database;
     WindowState& window;
-    std::string programFolder;  ///< UTF-8, without a slash at the end
+    std::string programFolder;        ///< UTF-8, without a slash at the end
+    std::string shippedDescriptions;  ///< the database that came with the program; empty: none
 };
 
 /// What the Menu Manager's window decides: the grid of all menu items with their descriptions and four columns of

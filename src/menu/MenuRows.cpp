@@ -1,6 +1,7 @@
 #include "menu/MenuRows.h"
 
 #include <algorithm>
+#include <set>
 
 #include "base/NumberText.h"
 #include "menu/MenuCommandTable.h"
@@ -9,32 +10,52 @@ namespace korvex {
 
 namespace {
 
-struct Continuation {
-    int first;
-    int last;
-    int itemRow;
-};
+/// This item's description begins in the row above its number.
+constexpr std::string_view itemWithARowAbove = "111";
 
-constexpr Continuation continuations[] = {
-    {20, 25, 19},    {41, 42, 40},    {46, 48, 45},    {55, 55, 54},    {66, 67, 65},    {69, 71, 68},
-    {74, 76, 73},    {79, 80, 78},    {82, 83, 81},    {88, 88, 87},    {101, 102, 100}, {112, 113, 111},
-    {115, 115, 114}, {122, 123, 121}, {143, 143, 144}, {157, 157, 156}, {159, 159, 158}, {167, 167, 166},
-    {171, 171, 170}, {175, 175, 174}, {179, 179, 178}, {189, 189, 188},
-};
+const std::string& numberAt(const std::vector<std::string>& numbers, int row) {
+    return numbers[static_cast<std::size_t>(row)];
+}
+
+std::string keyOf(const std::vector<std::string>& numbers, int row) {
+    const int itemRow = itemRowOf(numbers, row);
+    const std::string& number = numberAt(numbers, itemRow);
+    if (row == itemRow) return number;
+    return number + (row > itemRow ? "+" : "") + std::to_string(row - itemRow);
+}
 
 }  // namespace
 
-int itemRowOf(int row) {
-    for (const auto& rows : continuations) {
-        if (row >= rows.first && row <= rows.last) return rows.itemRow;
+int itemRowOf(const std::vector<std::string>& numbers, int row) {
+    const int rows = static_cast<int>(numbers.size());
+    if (row < 1 || row >= rows || !numberAt(numbers, row).empty()) return row;
+    if (row + 1 < rows && numberAt(numbers, row + 1) == itemWithARowAbove) return row + 1;
+    for (int above = row - 1; above > 0; --above) {
+        if (!numberAt(numbers, above).empty()) return above;
     }
     return row;
 }
 
+std::vector<std::string> rowKeys(const std::vector<std::string>& numbers) {
+    std::vector<std::string> keys;
+    std::set<std::string> known;
+    for (int row = 0; row < static_cast<int>(numbers.size()); ++row) {
+        std::string key = row == 0 ? std::string() : keyOf(numbers, row);
+        if (!known.insert(key).second) key = "?" + std::to_string(row);
+        keys.push_back(std::move(key));
+    }
+    return keys;
+}
+
 bool isMenuNumber(std::string_view text) {
-    if (text.size() != 3 || !std::all_of(text.begin(), text.end(), isDigit)) return false;
-    const int number = parseWhole(text).value_or(0);
-    return number >= 1 && number <= menuItemCount;
+    return text.size() == 3 && menuNumber(text) == text;
+}
+
+std::optional<std::string> menuNumber(std::string_view text) {
+    const auto number = parseWhole(text);
+    const bool plain = std::all_of(text.begin(), text.end(), [](char c) { return isDigit(c) || c == ' '; });
+    if (!number || !plain || *number < 1 || *number > menuItemCount) return {};
+    return zeroPadded(*number, 3);
 }
 
 }  // namespace korvex

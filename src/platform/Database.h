@@ -56,6 +56,10 @@ public:
     virtual Failure CommitTrans() = 0;
     virtual void RollbackTrans() = 0;
 
+    /// A number that the program leaves in the file; 0 in one that never got any.
+    virtual int mark() = 0;
+    virtual Failure setMark(int mark) = 0;
+
     std::vector<DatabaseError> Errors;  ///< since somebody cleared them
 };
 
@@ -76,6 +80,9 @@ public:
     /// Makes the file with this one table; in a file that is there already the table is replaced, if it opens with the
     /// password. Either way the file is whole afterwards: the new one or the old one.
     virtual Failure writeTable(const std::string& file, const std::string& password, const DatabaseTable& table) = 0;
+
+    /// The file as it is now, whole, under a name that is free and with the same permissions.
+    virtual Failure copyFile(const std::string& file, const std::string& password, const std::string& copy) = 0;
 };
 
 }  // namespace korvex

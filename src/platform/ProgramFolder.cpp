@@ -91,6 +91,10 @@ Result<ProgramFolder> makeProgramFolder(const ProgramPlaces& places) {
     return made;
 }
 
+std::string shippedDescriptions(const ProgramPlaces& places) {
+    return shippedDatabase(places.program).string();
+}
+
 std::string findDescriptionDatabase(const ProgramPlaces& places) {
     std::error_code ignored;
     for (const fs::path& folder : {choose(places), fs::path(formerFolder(places))}) {

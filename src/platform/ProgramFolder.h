@@ -30,6 +30,9 @@ struct ProgramFolder {
 /// again when a newer one is installed; the database only where there is none.
 Result<ProgramFolder> makeProgramFolder(const ProgramPlaces& places);
 
+/// The description database that came with the program; empty when there is none.
+std::string shippedDescriptions(const ProgramPlaces& places);
+
 /// The database that `makeProgramFolder` would lead to, without making or moving anything: the one in the program's
 /// folder, else the one that was shipped; empty when there is none.
 std::string findDescriptionDatabase(const ProgramPlaces& places);

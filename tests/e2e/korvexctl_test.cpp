@@ -49,9 +49,12 @@ TEST_F(KorvexctlOnPty, CallsMenuItemsByTheNamesOfTheDescriptionDatabase) {
     const std::string numbers = "001: \"0\" | \"1\"\n002: \"0\" | \"1\"\n042: \"0\" | \"1\"\n";
     EXPECT_EQ(compared().output, numbers);
     EXPECT_FALSE(std::filesystem::exists(database));
-    fakes::writeFile(folder.file("names.tsv"),
-                     "1\tMenu\tGroup\tName\n2\t001\tAGC\tAGC Fast\\nDelay\n3\t\t\tmore\n4\t002\n");
-    ASSERT_EQ(run(korvexctl + "--database " + database + " description import " + folder.file("names.tsv")).code, 0);
+    std::string names = "1\tMenu\tGroup\tName\n2\t001\tAGC\tAGC Fast\\nDelay\n3\t\t\tmore\n";
+    for (int item = 2; item <= 149; ++item) names += std::to_string(item + 2) + "\t" + std::to_string(item) + "\n";
+    fakes::writeFile(folder.file("names.tsv"), names);
+    const auto import = korvexctl + "--database " + database + " description import " + folder.file("names.tsv");
+    EXPECT_EQ(run(import).output, folder.file("names.tsv") + ": 151 rows taken, " + database + " is new\n");
+    EXPECT_NE(run(import).output.find("nothing in it is new"), std::string::npos);
     const std::string before = fakes::fileContent(database);
     EXPECT_EQ(compared().output, "001 (AGC Fast Delay)" + numbers.substr(3));
     EXPECT_EQ(compared().code, 1);

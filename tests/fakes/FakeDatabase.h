@@ -21,10 +21,16 @@ public:
     int opened = 0;
     std::string file;  ///< the last that was opened
     std::string password;
+    std::string copiedTo;
+    int mark = 0;
 
     std::unique_ptr<DatabaseConnection> makeConnection() override { return std::make_unique<FakeConnection>(*this); }
     Failure writeTable(const std::string&, const std::string&, const DatabaseTable& table) override {
         if (!fails) records = table.records;
+        return fails;
+    }
+    Failure copyFile(const std::string&, const std::string&, const std::string& copy) override {
+        copiedTo = copy;
         return fails;
     }
 
@@ -86,6 +92,11 @@ private:
         }
         Failure CommitTrans() override { return {}; }
         void RollbackTrans() override { m_database.records = m_before; }
+        int mark() override { return m_database.mark; }
+        Failure setMark(int mark) override {
+            m_database.mark = mark;
+            return {};
+        }
 
     private:
         FakeDatabase& m_database;

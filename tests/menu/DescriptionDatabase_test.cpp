@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "fakes/FakeDatabase.h"
-#include "fakes/FakeDialogs.h"
-#include "fakes/VirtualClock.h"
+#include "fakes/ProgramBench.h"
+#include "menu/DescriptionMerge.h"
 #include "menu/DescriptionTable.h"
 
 namespace korvex {
@@ -120,26 +120,105 @@ TEST_F(DescriptionDatabaseTest, TheOpenDatabaseGoesOnlyWithTheSessionOrTheTaskMa
     EXPECT_FALSE(logic.isOpen());
 }
 
-TEST(DescriptionTable, ComesBackAsItWasWrittenAndRefusesWhatIsNone) {
-    DatabaseTable table;
-    table.records = {{"2", "a\tb", "line\r\nbreak", "back\\slash", "ü", "", "", "", "", "", "", "", "", "", ""}};
-    const auto again = parseDescription(descriptionText(table));
-    ASSERT_TRUE(again);
-    EXPECT_EQ(again->records, table.records);
-    const auto edited = parseDescription("\xEF\xBB\xBF# remark\r\n\r\n7\t001\tAGC\r\n");
-    ASSERT_TRUE(edited);
-    EXPECT_EQ(edited->records[0].size(), 15U);
-    EXPECT_EQ(edited->records[0][2], "AGC");
-    EXPECT_EQ(edited->fields.size(), 15U);
-
-    std::string many;
-    for (int i = 1; i <= 1001; ++i) many += std::to_string(i) + "\n";
-    for (const std::string& bad :
-         {std::string(), std::string("# only remarks\n"), std::string("001\tx\n1\ty\n"), std::string("x\ty\n"),
-          std::string("0\tx\n"), std::string("1\t\\q\n"), std::string("1\tx\\\n"), std::string("1\t\xFF\n"),
-          std::string("1\tx\0y\n", 6), "1" + std::string(15, '\t') + "\n", many}) {
-        EXPECT_FALSE(parseDescription(bad)) << bad.substr(0, 40);
+struct SharedDatabase : DescriptionDatabaseTest {
+    SharedDatabase() {
+        database.records = (*parseDescription(fakes::fileContent(SOURCE_DIR "/data/menu-description.tsv"))).records;
+        open();
     }
+    /// What is in the file for an item; another program writes there as well.
+    std::string& file(int id, int field) {
+        for (auto& record : database.records) {
+            if (record[0] == std::to_string(id)) return record[static_cast<std::size_t>(field)];
+        }
+        throw std::out_of_range("no record " + std::to_string(id));
+    }
+};
+
+TEST_F(SharedDatabase, LoadingAndSavingSeeWhatAnotherProgramWrote) {
+    file(2, 3) = "AGC fast delay";
+    file(3, 8) = "theirs";
+    logic.loadDescriptionGrid();
+    EXPECT_EQ(grid.TextMatrix(1, 2), "AGC fast delay");
+    EXPECT_EQ(grid.TextMatrix(2, 7), "theirs");
+
+    file(3, 8) = "0300";
+    file(3, 9) = "both";
+    file(4, 3) = "AGC slow delay";
+    grid.setTextMatrix(1, 7, "mine");
+    grid.setTextMatrix(2, 8, "both");
+    EXPECT_TRUE(logic.saveDescriptionGrid());
+    EXPECT_EQ(file(2, 8), "mine");
+    EXPECT_EQ(file(3, 8), "0300");  // was not changed here
+    EXPECT_EQ(file(4, 3), "AGC slow delay");
+    EXPECT_EQ(grid.TextMatrix(2, 7), "0300");
+    EXPECT_EQ(grid.TextMatrix(3, 2), "AGC slow delay");
+
+    // The same cell, by both.
+    file(2, 8) = "theirs";
+    grid.setTextMatrix(1, 7, "mine again");
+    msgBox.foresee("Another program has saved other settings for 001 meanwhile.", MsgAnswer::No);
+    EXPECT_FALSE(logic.saveDescriptionGrid());
+    EXPECT_EQ(file(2, 8) + grid.TextMatrix(1, 7), "theirsmine again");
+    msgBox.foresee("Write those of this window over them?", MsgAnswer::Yes);
+    EXPECT_TRUE(logic.saveDescriptionGrid());
+    EXPECT_EQ(file(2, 8), "mine again");
+    EXPECT_TRUE(logic.saveDescriptionGrid());  // settled
+}
+
+TEST_F(SharedDatabase, SettingsFollowTheirItemIntoATableWithOtherRows) {
+    grid.setTextMatrix(26, 7, "1");    // 020, below six rows of 019
+    grid.setTextMatrix(20, 7, "row");  // the first of these
+    std::erase_if(database.records, [](const auto& record) { return record[0] != "1" && record[1].empty(); });
+    msgBox.foresee("The file has no row any more for 019+1. Save the others and lose these?", MsgAnswer::No);
+    EXPECT_FALSE(logic.saveDescriptionGrid());
+    EXPECT_EQ(file(27, 8), "");
+    grid.setTextMatrix(20, 7, "");
+    EXPECT_TRUE(logic.saveDescriptionGrid());
+    EXPECT_EQ(file(27, 8), "1");
+    EXPECT_EQ(file(21 + 7, 8), "");
+    EXPECT_EQ(grid.TextMatrix(20, 0), "020");
+    EXPECT_EQ(grid.TextMatrix(20, 7), "1");
+    EXPECT_EQ(grid.TextMatrix(149, 0), "149");
+    EXPECT_EQ(grid.TextMatrix(188, 0), "");  // nothing is left of the longer table
+    EXPECT_EQ(logic.numbers().size(), 150U);
+}
+
+TEST_F(SharedDatabase, AFileThatIsGoneKeepsTheGridForTheNextSave) {
+    grid.setTextMatrix(1, 7, "mine");
+    database.fails = RuntimeError{errors::FileNotFound, "File not found"};
+    msgBox.foresee("File not found");
+    EXPECT_FALSE(logic.saveDescriptionGrid());
+    database.fails.reset();
+    EXPECT_TRUE(logic.saveDescriptionGrid());
+    EXPECT_EQ(file(2, 8), "mine");
+}
+
+TEST(DescriptionMerge, ImportKeepsTheSettingsOfTheItemsAndSaysWhatItTook) {
+    const auto record = [](int id, const std::string& number, const std::string& name, const std::string& setting) {
+        return std::vector<std::string>{std::to_string(id), number, "", name, "", "", "", "", setting, "", "", "", ""};
+    };
+    const DatabaseTable present{"",
+                                {},
+                                {record(1, "Menu", "Name", "Settings 1"), record(2, "001", "AGC", "0300"),
+                                 record(3, "", "", "more"), record(4, "002", "", "+05"), record(5, "", "", "")}};
+    const DatabaseTable sheet{"",
+                              {},
+                              {record(1, "Menu", "Name", "S1"), record(2, "001", "AGC fast", "300"),
+                               record(3, "002", "x", "6"), record(4, "", "y", "7"), record(5, "", "z", "8")}};
+    const auto kept = importOver(present, sheet, false);
+    const auto column = [](const DatabaseTable& table, std::size_t field) {
+        std::string text;
+        for (const auto& row : table.records) text += row[field] + "|";
+        return text;
+    };
+    EXPECT_EQ(column(kept.table, 8), "Settings 1|0300|+05|||");
+    EXPECT_EQ(column(kept.table, 3), "Name|AGC fast|x|y|z|");
+    EXPECT_EQ(kept.changedCells, 4);
+    EXPECT_EQ(kept.newRows, 1);
+    EXPECT_EQ(kept.goneRows, 1);
+    EXPECT_EQ(kept.goneSettings, std::vector<std::string>{"001+1"});
+    EXPECT_EQ(column(importOver(present, sheet, true).table, 8), "S1|0300|6|7|8|");
+    EXPECT_EQ(column(importOver({}, sheet, false).table, 8), "S1|300|6|7|8|");
 }
 
 }  // namespace

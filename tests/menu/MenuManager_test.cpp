@@ -1,10 +1,11 @@
 #include "menu/MenuManager.h"
 
 #include <gtest/gtest.h>
+#include <map>
 
-#include "base/NumberText.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/ScriptedDevice.h"
+#include "menu/DescriptionTable.h"
 #include "menu/MenuRows.h"
 
 namespace korvex {
@@ -12,16 +13,24 @@ namespace {
 
 constexpr int yellow = 65535;
 
+/// The rows that go with another one in the table as it is shipped.
+const std::map<int, int> continuations = {
+    {20, 19},   {21, 19},   {22, 19},   {23, 19},   {24, 19},   {25, 19},   {41, 40},   {42, 40},
+    {46, 45},   {47, 45},   {48, 45},   {55, 54},   {66, 65},   {67, 65},   {69, 68},   {70, 68},
+    {71, 68},   {74, 73},   {75, 73},   {76, 73},   {79, 78},   {80, 78},   {82, 81},   {83, 81},
+    {88, 87},   {101, 100}, {102, 100}, {112, 111}, {113, 111}, {115, 114}, {122, 121}, {123, 121},
+    {143, 144}, {157, 156}, {159, 158}, {167, 166}, {171, 170}, {175, 174}, {179, 178}, {189, 188}};
+
 /// The table as it is shipped, without descriptions; every cell of the first settings column holds "old".
 fakes::FakeDatabase::Records menuRecords() {
+    const auto shipped = parseDescription(fakes::fileContent(SOURCE_DIR "/data/menu-description.tsv"));
     fakes::FakeDatabase::Records records;
-    int item = 0;
-    for (int row = 0; row < 190; ++row) {
+    for (const auto& row : shipped->records) {
+        const bool titles = records.empty();
         auto& record = records.emplace_back(15);
-        record[0] = std::to_string(row + 1);
-        const bool ownRow = row > 0 && itemRowOf(row) == row;
-        record[1] = row == 0 ? "Menu" : ownRow ? zeroPadded(++item, 3) : "";
-        record[8] = row == 0 ? "Settings 1" : "old";
+        record[0] = row[0];
+        record[1] = row[1];
+        record[8] = titles ? "Settings 1" : "old";
     }
     return records;
 }
@@ -247,6 +256,38 @@ TEST_F(MenuManagerTest, KeySSendsAnItemAndReadsItBackIntoItsOwnRow) {
     manager.Flexgrid_toGrid_Click();
     EXPECT_EQ(manager.Label1.get(), " ");
     EXPECT_FALSE(manager.Label1Yellow);
+}
+
+TEST_F(MenuManagerTest, ARowIsTheItemWhoseNumberStandsInIt) {
+    const auto numbers = [this] { return manager.database().numbers(); };
+    for (int row = 0; row < grid.Rows(); ++row) {
+        const auto with = continuations.find(row);
+        EXPECT_EQ(itemRowOf(numbers(), row), with == continuations.end() ? row : with->second) << row;
+    }
+    // Without its blank rows, in another order, and as a spreadsheet leaves the numbers.
+    std::erase_if(bench.database.records, [](const auto& record) { return record[1].empty(); });
+    std::swap(bench.database.records[22][1], bench.database.records[30][1]);
+    for (auto& record : bench.database.records) record[1].erase(0, record[1].find_first_not_of('0'));
+    manager.mnu_loadFlexgrid_Click();
+    for (int row = 1; row < 150; ++row) {
+        grid.setTextMatrix(row, 7, cell(row, 0));
+        grid.setCurrent(row, 7);
+        bench.msgBox.foresee("  no changes  ");
+        line.forgetWrites();
+        manager.FlexGrid1_KeyDown('S');
+        bench.clock.advance(300);
+        EXPECT_EQ(line.story(), "0 EX" + cell(row, 0) + cell(row, 0) + ";|250 EX" + cell(row, 0) + ";");
+    }
+    EXPECT_EQ(cell(30, 0), "022");
+    grid.setCurrent(160, 7);  // what the longer table had here is gone
+    manager.FlexGrid1_KeyDown('S');
+    EXPECT_EQ(cell(160, 0), "");
+    select(8);
+    manager.mnu_readSettings_Click();
+    bench.msgBox.foresee("Do you like to save", MsgAnswer::Yes);
+    bench.clock.advance(18'000);
+    for (int row = 1; row < 150; ++row) EXPECT_EQ(cell(row, 8), cell(row, 0)) << row;
+    EXPECT_EQ(bench.database.records[30][9], "022");
 }
 
 TEST_F(MenuManagerTest, KeyRReadsAnItemPastRefusalsEchoesAndStrangers) {

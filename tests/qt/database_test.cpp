@@ -10,7 +10,7 @@
 #include "cli/Description.h"
 #include "fakes/ProgramBench.h"
 #include "menu/DescriptionTable.h"
-#include "menu/MenuRows.h"
+#include "menu/ShippedDescriptions.h"
 #include "platform/TextFile.h"
 #include "platform/qt/QtDatabase.h"
 
@@ -20,11 +20,12 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string password(description::password);
+const std::string shippedTable = SOURCE_DIR "/data/menu-description.tsv";
 
 class QtDatabaseTest : public testing::Test {
 protected:
     void SetUp() override {
-        const auto table = parseDescription(*textfile::read(SOURCE_DIR "/data/menu-description.tsv"));
+        const auto table = parseDescription(*textfile::read(shippedTable));
         ASSERT_TRUE(table);
         const auto failure = database.writeTable(file, password, *table);
         ASSERT_FALSE(failure) << failure->text;
@@ -78,7 +79,6 @@ TEST_F(QtDatabaseTest, TheShippedTableIsWhole) {
     for (int k = 2; k <= 190; ++k) {
         ASSERT_FALSE(records->setAbsolutePosition(k));
         const bool hasNumber = !records->Field(1).empty();
-        EXPECT_EQ(hasNumber, itemRowOf(k - 1) == k - 1) << k;
         if (!hasNumber) continue;
         EXPECT_EQ(records->Field(1), zeroPadded(++items, 3));
     }
@@ -156,11 +156,10 @@ TEST_F(QtDatabaseTest, WhatIsNotItsOwnIsRefusedAndLeftAlone) {
         const std::string path = folder.file(name);
         fakes::writeFile(path, content);
         EXPECT_NE(openFailure(path).text.find(part), std::string::npos) << openFailure(path).text;
-        EXPECT_EQ(cli::importDescription(database, path, SOURCE_DIR "/data/menu-description.tsv", said),
-                  cli::ExitCode::File);
+        EXPECT_EQ(cli::importDescription(database, {path, shippedTable}, said, said), cli::ExitCode::File);
         EXPECT_EQ(fakes::fileContent(path), content);
         // Nor is any of them a table.
-        EXPECT_EQ(cli::importDescription(database, file, path, said), cli::ExitCode::File);
+        EXPECT_EQ(cli::importDescription(database, {file, path}, said, said), cli::ExitCode::File);
     }
     EXPECT_EQ(openFailure(folder.file("missing.mdb")).number, errors::FileNotFound);
     EXPECT_FALSE(fs::exists(folder.file("missing.mdb")));
@@ -186,17 +185,62 @@ TEST_F(QtDatabaseTest, AFileThatAnotherProgramHoldsIsLocked) {
 TEST_F(QtDatabaseTest, ExportAndImportKeepWhatTheOwnerFilledIn) {
     std::ostringstream said;
     const std::string table = folder.file("table.tsv");
+    const auto import = [&](bool withSettings) {
+        said.str("");
+        return cli::importDescription(database, {file, table, withSettings, "2026-11-23 14:08:21"}, said, said);
+    };
     run(QStringLiteral("UPDATE [Erste Tabelle] SET Feld8 = '0300' WHERE ID = 2"));
+    run(QStringLiteral("PRAGMA user_version = 77"));
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(cli::exportDescription(database, file, table, said), cli::ExitCode::Done);
+    EXPECT_EQ(import(false), cli::ExitCode::Done);
+    EXPECT_NE(said.str().find("nothing in it is new"), std::string::npos);
     std::string text = fakes::fileContent(table);
-    const std::string row = "2\t001\t\t\t";
-    text.replace(text.find(row), row.size(), "2\t001\tAGC\tFast\tDelay");
+    const std::string row = "2\t001\t\t\t\t\t\t\t0300";
+    text.replace(text.find(row), row.size(), "2\t1\tAGC\tFast\tDelay\t\t\t\t0500");
     fakes::writeFile(table, text);
-    EXPECT_EQ(cli::importDescription(database, file, table, said), cli::ExitCode::Done);
-    EXPECT_EQ(field(2, 2), "AGC");
-    EXPECT_EQ(field(2, 8), "0300");
+    EXPECT_EQ(import(false), cli::ExitCode::Done);
+    const std::string copy = file + ".before-import-2026-11-23-140821";
+    EXPECT_EQ(said.str(), table + ": 190 rows taken, 3 cells changed in " + file +
+                              "\nthe settings columns stay as they were (--with-settings takes them as well)\n"
+                              "as it was before: " +
+                              copy + "\n");
+    EXPECT_EQ(field(2, 1) + field(2, 2) + field(2, 8), "001AGC0300");
+    EXPECT_EQ(field(2, 2, copy) + field(2, 8, copy), "0300");
+    EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(import(true), cli::ExitCode::Done);
+    EXPECT_EQ(field(2, 8), "0500");
+    EXPECT_EQ(field(2, 8, copy + "-2"), "0300");  // the first copy stays what it was
+    EXPECT_EQ(field(2, 2, copy), "");
+    // Where nothing can be put aside nothing is written.
+    fakes::writeFile(table, text.replace(text.find("Delay"), 5, "Pause"));
+    EXPECT_TRUE(database.copyFile(file, password, copy));
+    EXPECT_TRUE(database.copyFile(file, password, folder.file("no/such")));
+    EXPECT_EQ(field(2, 2, copy), "");
     EXPECT_EQ(cli::exportDescription(database, file, folder.file("no/such"), said), cli::ExitCode::File);
     EXPECT_EQ(cli::exportDescription(database, folder.file("none"), table, said), cli::ExitCode::File);
+}
+
+TEST_F(QtDatabaseTest, NewShippedDescriptionsFillOnceWhatTheOwnerLeftEmpty) {
+    const std::string shipped = folder.file("shipped.mdb");
+    DatabaseTable table = *parseDescription(*textfile::read(shippedTable));
+    run(QStringLiteral("UPDATE [Erste Tabelle] SET Feld3 = 'mine' WHERE ID = 2"));
+    run(QStringLiteral("DELETE FROM [Erste Tabelle] WHERE Feld1 = '' AND ID > 1"));
+    EXPECT_EQ(takeShippedDescriptions(database, file, shipped), 0);  // there is none
+    for (const std::size_t record : {1U, 2U, 26U}) table.records[record][3] = "shipped";
+    table.records[1][8] = "0300";
+    ASSERT_FALSE(database.writeTable(shipped, password, table));
+    EXPECT_EQ(takeShippedDescriptions(database, file, shipped), 1);
+    EXPECT_EQ(field(2, 3) + field(2, 8), "mine");
+    EXPECT_EQ(field(21, 1) + field(21, 3), "020CW memory 1 type");
+    EXPECT_EQ(field(3, 1) + field(3, 3), "002shipped");
+    run(QStringLiteral("UPDATE [Erste Tabelle] SET Feld3 = '' WHERE Feld1 = '002'"));
+    EXPECT_EQ(takeShippedDescriptions(database, file, shipped), 0);  // the owner emptied it
+    table.records[2][4] = "newer";
+    ASSERT_FALSE(database.writeTable(shipped, password, table));
+    EXPECT_EQ(takeShippedDescriptions(database, file, shipped), 2);
+    EXPECT_EQ(field(3, 4), "newer");
+    EXPECT_EQ(takeShippedDescriptions(database, shipped, folder.file("none")), 0);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "fakes/WholeRestore.h"
 #include "keyer/KeyerFile.h"
 #include "memory/MemoryRecord.h"
-#include "menu/MenuRows.h"
 #include "radio/StateText.h"
 
 namespace korvex {
@@ -59,10 +58,9 @@ bool toldInTheReceiveDisplay(TroubleBench& bench) {
 
 /// The Menu Manager in sight, with an empty column selected.
 void prepareManager(TroubleBench& bench) {
-    bench.database.records.assign(190, std::vector<std::string>(15));
-    int item = 0;
-    for (int row = 1; row < 190; ++row) {
-        if (itemRowOf(row) == row) bench.database.records.at(static_cast<std::size_t>(row))[1] = zeroPadded(++item, 3);
+    bench.database.records.assign(menuItemCount + 1, std::vector<std::string>(15));
+    for (int item = 1; item <= menuItemCount; ++item) {
+        bench.database.records.at(static_cast<std::size_t>(item))[1] = zeroPadded(item, 3);
     }
     bench.program.windows.menuManager.show();
     bench.program.menuManager.Form_Load();
@@ -77,7 +75,7 @@ void prepareManagerColumn(TroubleBench& bench) {
     auto& grid = bench.program.menuManager.FlexGrid1;
     for (int row = 1; row < grid.Rows(); ++row) {
         const std::string number = grid.TextMatrix(row, 0);
-        if (itemRowOf(row) != row || number.empty()) continue;
+        if (number.empty()) continue;
         const std::string answer = bench.ask("EX" + number);
         grid.setTextMatrix(row, managerColumn, answer.substr(5, answer.size() - 6));
     }
@@ -106,7 +104,8 @@ std::string managerValues(TroubleBench& bench) {
     const auto& grid = bench.program.menuManager.FlexGrid1;
     std::string text;
     for (int row = 1; row < grid.Rows(); ++row) {
-        if (itemRowOf(row) == row) text += grid.TextMatrix(row, 0) + " " + grid.TextMatrix(row, managerColumn) + "\n";
+        const std::string& number = grid.TextMatrix(row, 0);
+        if (!number.empty()) text += number + " " + grid.TextMatrix(row, managerColumn) + "\n";
     }
     return text;
 }

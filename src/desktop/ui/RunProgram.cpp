@@ -54,7 +54,8 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
         return 1;
     }
     rememberNewFolder(settings, folder->former, folder->path);
-    Program program({clock, ports, settings, fileDialog, msgBox, shell, database, folder->path});
+    Program program({clock, ports, settings, fileDialog, msgBox, shell, database, folder->path, localTimeOfDay,
+                     shippedDescriptions(places(options))});
     Desktop desktop(program);
     desktop.showStartWindow();
     if (!folder->news.empty()) msgBox.show({folder->news, "", MsgIcon::Information, MsgButtons::Ok});

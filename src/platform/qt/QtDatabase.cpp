@@ -21,6 +21,11 @@ public:
     Failure BeginTrans() override { return m_file.run(QStringLiteral("BEGIN IMMEDIATE")); }
     Failure CommitTrans() override { return m_file.run(QStringLiteral("COMMIT")); }
     void RollbackTrans() override { static_cast<void>(m_file.query().exec(QStringLiteral("ROLLBACK"))); }
+    int mark() override {
+        QSqlQuery query = m_file.query();
+        return query.exec(QStringLiteral("PRAGMA user_version")) && query.next() ? query.value(0).toInt() : 0;
+    }
+    Failure setMark(int mark) override { return m_file.run(QStringLiteral("PRAGMA user_version = %1").arg(mark)); }
 
 private:
     SqliteFile m_file{Errors};
@@ -98,6 +103,23 @@ Failure QtDatabase::writeTable(const std::string& file, const std::string& passw
     SqliteFile present(errors);
     if (auto failure = present.openChecked(path, word)) return failure;
     return replaceTable(present, table);
+}
+
+Failure QtDatabase::copyFile(const std::string& file, const std::string& password, const std::string& copy) {
+    const QString path = QFileInfo(QString::fromStdString(file)).absoluteFilePath();
+    const QString target = QFileInfo(QString::fromStdString(copy)).absoluteFilePath();
+    const RuntimeError cannot{errors::PathFileAccess, "Path/File access error: " + target.toStdString()};
+    if (QFileInfo::exists(target)) return cannot;
+    std::vector<DatabaseError> errors;
+    SqliteFile present(errors);
+    if (auto failure = present.openChecked(path, QString::fromStdString(password))) return failure;
+    QSqlQuery query = present.query();
+    query.prepare(QStringLiteral("VACUUM INTO ?"));
+    query.addBindValue(target);
+    const bool done = query.exec() && QFile::setPermissions(target, QFile::permissions(path));
+    if (done) return {};
+    QFile::remove(target);
+    return cannot;
 }
 
 }  // namespace korvex

@@ -9,6 +9,7 @@ class QtDatabase : public Database {
 public:
     std::unique_ptr<DatabaseConnection> makeConnection() override;
     Failure writeTable(const std::string& file, const std::string& password, const DatabaseTable& table) override;
+    Failure copyFile(const std::string& file, const std::string& password, const std::string& copy) override;
 };
 
 }  // namespace korvex
