@@ -50,6 +50,17 @@ TEST_F(MemoryBench, ReadsIntoAFileAtTenCommandsASecond) {
     EXPECT_EQ(memory.table[6].substr(0, 5), "MR007");
 }
 
+TEST_F(MemoryBench, TheLastAnswerHasTwoSeconds) {
+    openPort();
+    ports.faults().deafAfter = 98;
+    memory.reader.mnu_saveMem_Click();
+    constexpr int lastCommandMs = 9'850;
+    clock.advance(lastCommandMs + 1'999);
+    EXPECT_TRUE(memory.reader.running());
+    clock.advance(1);
+    EXPECT_EQ(ends, Ends{TransferEnd::NoAnswer});
+}
+
 TEST_F(MemoryBench, ARadioWithoutMemoriesGivesAnEmptyFile) {
     for (auto& channel : ports.radio().state.memories) channel.reset();
     openPort();

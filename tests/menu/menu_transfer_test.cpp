@@ -115,11 +115,12 @@ TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {
     const auto answer = line.answer;
     line.answer = [answer](std::string_view wire) { return wire == "EX149;" ? "" : answer(wire); };
     line.answerDelay = 30;
+    bench.fileDialog.choose(file);
     program.menuSave.mnu_Store_Click();
-    bench.clock.advance(14'780 + 1'950);
+    bench.clock.advance(14'730 + 1'950);
     line.feed("EX1491;");
     EXPECT_EQ(fakes::fileContent(file), wholeFile());
-    EXPECT_EQ(ends.size(), 2U);
+    EXPECT_EQ(ends, (std::vector{TransferEnd::Done, TransferEnd::Done}));
 }
 
 TEST_F(MenuTransferTest, ClosingThePortEndsEitherTransferAtOnceAndWritesNothing) {
