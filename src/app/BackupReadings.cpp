@@ -13,11 +13,9 @@ namespace korvex {
 BackupReadings::BackupReadings(Terminal& terminal, Clock& clock)
     : m_modelReader(terminal.link(), clock),
       m_menuReader(terminal.link()),
-      m_memoryReader(terminal, clock, m_memories, m_list, ActiveOperation::BackupMemories),
+      m_memoryReader(terminal.link()),
       m_bandStackReader(terminal, clock, m_bandStack, ActiveOperation::BackupBandStack),
       m_keyerReader(terminal.link()) {
-    const auto noDialog = [] { return TransferEnd::Done; };
-    m_memoryReader.saveFile = noDialog;
     m_all = {modelReading(), menuReading(), memoryReading(), bandStackReading(), keyerReading()};
 }
 
@@ -53,22 +51,21 @@ BackupReading BackupReadings::menuReading() {
 BackupReading BackupReadings::memoryReading() {
     return {"memories",
             ActiveOperation::BackupMemories,
-            [this] {
-                m_memories = {};
-                m_memoryReader.mnu_saveMem_Click();
-            },
+            [this] { m_memoryReader.read(ActiveOperation::BackupMemories, "Save Memories of  FT-2000"); },
             [this] { m_memoryReader.stop(); },
             &m_memoryReader.ended,
             [this] { return objections::toMemories(m_memoryReader); },
             [this] {
                 return std::vector<BackupFile>{{"memory", m_memoryReader.fileText()}, {"list", listFileText()}};
-            }};
+            },
+            {},
+            [this] { return m_memoryReader.remarks(); }};
 }
 
 /// A list that is filled from the answers says the same as one that the radio is asked for a second time.
 std::string BackupReadings::listFileText() {
     m_list.replaceAll({});
-    m_list.fillListFromMemoryTable(m_memories);
+    m_list.fillListFromMemoryTable(m_memoryReader.table());
     const auto text = memoryListFileText(m_list);
     return text ? *text : std::string();  // only remarks can be refused, and a radio has none
 }

@@ -7,6 +7,7 @@
 #include "app/ModelReader.h"
 #include "bandstack/BandStackReader.h"
 #include "keyer/KeyerReader.h"
+#include "memory/MemoryList.h"
 #include "memory/MemoryReader.h"
 #include "menu/MenuReader.h"
 
@@ -30,6 +31,8 @@ struct BackupReading {
     std::function<std::vector<BackupFile>()> files;
     /// As `objection`, and also when something is missing in the files. Without it `objection` holds.
     std::function<std::string()> gap = {};
+    /// What the owner should know of the files all the same, a line each.
+    std::function<std::vector<std::string>()> remarks = {};
 };
 
 /// Everything that a backup and korvexctl read, in objects of its own: what the windows show and what their owner has
@@ -54,7 +57,6 @@ private:
 
     ModelReader m_modelReader;
     MenuReader m_menuReader;
-    MemoryTable m_memories;
     MemoryList m_list;
     MemoryReader m_memoryReader;
     BandStack m_bandStack;

@@ -112,9 +112,8 @@ void Program::introduceKeyer() {
 
 bool Program::transferRuns() {
     return menuSave.running() || menuWriter.running() || menuManager.reading() || menuManager.writing() ||
-           memory.reader.running() || memory.restorer.running() || memory.listWriter.running() ||
-           bandStackWindow.reader().running() || bandStackWindow.writer().running() || keyerWindow.reader().running() ||
-           keyerWindow.writer().running();
+           memory.transferRuns() || bandStackWindow.reader().running() || bandStackWindow.writer().running() ||
+           keyerWindow.reader().running() || keyerWindow.writer().running();
 }
 
 std::string Program::whyNoBackup() {

@@ -17,6 +17,7 @@ FileKind kindOf(const std::string& name, const BackupReading& reading, WriteText
     const Transfer read = {reading.start, reading.ended, reading.objection, {}};
     Transfer readWhole = read;
     if (reading.gap) readWhole.objection = reading.gap;
+    readWhole.remarks = reading.remarks;
     const auto text = [&reading, name] {
         for (auto& file : reading.files()) {
             if (file.kind == name) return file.content;

@@ -17,6 +17,8 @@ struct Transfer {
     std::function<std::string()> objection = {};
     /// Why it failed, where the transfer knows more than how it ended.
     std::function<std::string()> why = {};
+    /// What is to be said of one that ended well.
+    std::function<std::vector<std::string>()> remarks = {};
 };
 
 /// A kind of file that can be saved and restored by name. What is read and written is the text of such a file: where it

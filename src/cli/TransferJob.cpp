@@ -76,10 +76,13 @@ ExitCode TransferJob::save() {
         m_workshop.tell("the radio told nothing, and " + file + " holds something; nothing was written");
         return ExitCode::Answers;
     }
-    const auto failure = m_workshop.files.write(file, m_read);
-    if (!failure) return ExitCode::Done;
-    m_workshop.tell(failure->text);
-    return ExitCode::File;
+    if (const auto failure = m_workshop.files.write(file, m_read)) {
+        m_workshop.tell(failure->text);
+        return ExitCode::File;
+    }
+    const auto& remarks = m_workshop.kind(m_workshop.command.kind)->readWhole.remarks;
+    for (const auto& remark : remarks ? remarks() : std::vector<std::string>()) m_workshop.tell(remark);
+    return ExitCode::Done;
 }
 
 /// A radio that is busy refuses to tell a channel as it does when the channel is empty.

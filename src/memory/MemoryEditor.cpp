@@ -1,18 +1,20 @@
 #include "memory/MemoryEditor.h"
 
-#include <algorithm>
 #include <string_view>
-#include <utility>
 
 #include "base/Lines.h"
 #include "memory/MemoryListFile.h"
 
 namespace korvex {
 
-namespace {}  // namespace
+namespace {
+
+constexpr int patienceMs = 5'000;  // for an answer
+
+}  // namespace
 
 MemoryEditor::MemoryEditor(CatLink& link, MemoryList& list, Clock& clock)
-    : m_link(link), m_list(list), m_timer2(clock.makeTimer()), m_patience(clock, [this] { giveUp(); }) {
+    : m_link(link), m_list(list), m_timer2(clock.makeTimer()) {
     m_choices.try_emplace(MemoryField::ClarifierDirection, directionTable);
     m_choices.try_emplace(MemoryField::RxClarifier, clarifierTable);
     m_choices.try_emplace(MemoryField::TxClarifier, clarifierTable);
@@ -24,8 +26,6 @@ MemoryEditor::MemoryEditor(CatLink& link, MemoryList& list, Clock& clock)
     m_connections += m_timer2->tick.connect([this] { Timer2_Timer(); });
     m_connections += txt1.text.changed.connect([this](const std::string&) { onFieldChanged(); });
     m_connections += txt2.text.changed.connect([this](const std::string&) { onFieldChanged(); });
-    m_connections += m_link.closed.connect([this] { endReading(TransferEnd::PortClosed); });
-    m_link.answers().onAnswer(ActiveOperation::ReadOneChannel, [this] { return takeAnswer(); });
 }
 
 void MemoryEditor::Form_Load() {
@@ -114,81 +114,73 @@ void MemoryEditor::Command1_Click() {
 }
 
 void MemoryEditor::cmd2_Click() {
-    if (m_link.PortOpen()) m_link.send(Text2.get());
-    m_wrote = true;
-    readBack();
+    exchange(Text2);
 }
 
 void MemoryEditor::cmd3_Click() {
-    m_wrote = false;
-    readBack();
+    exchange({});
 }
 
-void MemoryEditor::readBack() {
+/// Writes the channel, if there is a command for it, and asks the radio for what it holds.
+void MemoryEditor::exchange(const std::string& writeCommand) {
     if (!m_link.PortOpen()) return;
+    auto operation = m_link.begin({ActiveOperation::ReadOneChannel, "Reading memory " + channelText(channel())});
+    if (!operation) return readingEnded.emit(m_link.notBegun());
+    m_operation = std::move(operation);
     hint = "";
+    m_wrote = !writeCommand.empty();
     m_writeRefused = false;
-    m_link.setActiveOperation(ActiveOperation::ReadOneChannel);
     m_currentRow = channel();
     m_cellBefore = m_list.cell(m_currentRow, MemoryField::Channel);
-    m_list.setCell(m_currentRow, MemoryField::Channel, channelText(channel()));
-    m_link.answers().clearAccumulator();
-    m_link.send(memoryReadCommand(channel()) + std::string(crLf));
-    m_waits = true;
-    m_patience.begin();
+    m_list.setCell(m_currentRow, MemoryField::Channel, channelText(m_currentRow));
+    m_operation->expect({"MR", shortestMemoryString});
+    m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
+    m_operation->onEnd([this](const Outcome& outcome) { readingEnded.emit(outcome); });
+    if (m_wrote) m_operation->send(writeCommand);
+    m_operation->send(memoryReadCommand(m_currentRow) + std::string(crLf));
+    m_operation->after(patienceMs, [this] { giveUp(); });
 }
 
-bool MemoryEditor::isReading() const {
-    return m_waits && m_link.activeOperation() == ActiveOperation::ReadOneChannel;
-}
-
-void MemoryEditor::endReading(TransferEnd how) {
-    m_patience.end();
-    if (std::exchange(m_waits, false)) readingEnded.emit(how);
+void MemoryEditor::end(Outcome::Kind how, const std::string& what) {
+    if (!what.empty()) m_link.panels().Error = what;
+    hint = what;
+    m_operation->end(how);
 }
 
 void MemoryEditor::giveUp() {
-    if (isReading() && m_writeRefused) return takeRefusal();
-    if (isReading()) {
-        m_link.setActiveOperation(ActiveOperation::Idle);
-        m_link.panels().Error = "Communication faild ";
-        hint = "The radio does not answer.";
+    if (m_writeRefused) {
+        takeRefusal();
+        return;
     }
-    endReading(TransferEnd::NoAnswer);
+    m_link.panels().Error = "Communication faild ";
+    hint = "The radio does not answer.";
+    m_operation->end(Outcome::Kind::NoAnswer);
 }
 
-/// What is no memory string (the radio tells of its dial by itself when it is set so) is passed over.
-Rest MemoryEditor::takeAnswer() {
-    const auto answer = memoryAnswerIn(m_link.answers().takeAnswer());
-    if (!answer || !m_waits) return Rest::GoOn;
-    if (isErrorAnswer(*answer)) {
-        takeRefusal();
-        return Rest::GoOn;
-    }
-    const auto record = parseMemoryString(*answer);
-    if (!record) return Rest::GoOn;
-    m_list.placeAnswer(m_currentRow, *record);
+Rest MemoryEditor::takeAnswer(std::string_view answer) {
+    if (isErrorAnswer(answer)) return takeRefusal();
+    m_list.placeAnswer(m_currentRow, *parseMemoryString(answer));
     loadEditorFromList();
-    if (m_writeRefused) tell("The radio refused channel " + channelText(m_currentRow) + ". Shown is what it holds.");
-    endReading(m_writeRefused ? TransferEnd::Refused : TransferEnd::Done);
+    if (m_writeRefused) {
+        end(Outcome::Kind::Refused,
+            "The radio refused channel " + channelText(m_currentRow) + ". Shown is what it holds.");
+    } else {
+        end(Outcome::Kind::Done);
+    }
     return Rest::GoOn;
 }
 
 /// Form and row stay as they are: nobody knows whether the channel is empty or the radio was busy. A command that was
 /// refused is told before the answer to the question behind it.
-void MemoryEditor::takeRefusal() {
+Rest MemoryEditor::takeRefusal() {
     if (m_wrote && !m_writeRefused) {
         m_writeRefused = true;
-        return;
+        return Rest::GoOn;
     }
     m_list.setCell(m_currentRow, MemoryField::Channel, m_cellBefore);
-    tell("Channel " + channelText(m_currentRow) + (m_writeRefused ? " was refused." : " is empty or was refused."));
-    endReading(TransferEnd::Refused);
-}
-
-void MemoryEditor::tell(const std::string& what) {
-    m_link.panels().Error = what;
-    hint = what;
+    end(Outcome::Kind::Refused,
+        "Channel " + channelText(m_currentRow) + (m_writeRefused ? " was refused." : " is empty or was refused."));
+    return Rest::GoOn;
 }
 
 }  // namespace korvex

@@ -6,14 +6,12 @@
 #include <string>
 
 #include "base/Property.h"
-#include "cat/AnswerPatience.h"
 #include "cat/CatLink.h"
 #include "memory/DigitBox.h"
 #include "memory/MemoryCodes.h"
 #include "memory/MemoryList.h"
 #include "memory/MemoryRecord.h"
 #include "platform/Clock.h"
-#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
@@ -51,7 +49,7 @@ public:
     void cmd2_Click();           ///< writes the channel into the radio and reads it back
     void cmd3_Click();           ///< reads the channel from the radio into the list and the form; waits 5 s for it
     Property<std::string> hint;  ///< why the last of these two did not do what it should; UTF-8
-    bool isReading() const;
+    bool isReading() const { return m_operation && m_operation->running(); }
     Signal<const Outcome&> readingEnded;
     /// A click on a row of the list.
     void chooseRow(int row);
@@ -74,12 +72,11 @@ private:
     void onFieldChanged();
     void take(MemoryField field, std::string_view code);
     void Timer2_Timer();
-    Rest takeAnswer();
-    void takeRefusal();
-    void tell(const std::string& what);
-    void readBack();
-    void endReading(TransferEnd how);
+    void exchange(const std::string& writeCommand);
+    Rest takeAnswer(std::string_view answer);
+    Rest takeRefusal();
     void giveUp();
+    void end(Outcome::Kind how, const std::string& what = {});
 
     CatLink& m_link;
     MemoryList& m_list;
@@ -90,11 +87,10 @@ private:
     bool m_loading = false;  // many fields change, one command is composed
     bool m_edited = false;   // by the user, since the form was loaded
     int m_currentRow = 0;    // of the list: where the answer goes
-    bool m_waits = false;    // for that answer
     bool m_wrote = false;    // before it asked: a refusal is the command's
     bool m_writeRefused = false;
     std::string m_cellBefore;  // of the row's channel, which is written when the radio is asked
-    AnswerPatience m_patience;
+    std::unique_ptr<Operation> m_operation;
     Connections m_connections;
 };
 

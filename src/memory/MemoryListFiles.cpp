@@ -1,5 +1,6 @@
 #include "memory/MemoryListFiles.h"
 
+#include "memory/EmptyOverFull.h"
 #include "memory/MemoryListFile.h"
 #include "memory/UnsavedList.h"
 #include "platform/TextFile.h"
@@ -12,9 +13,9 @@ constexpr std::string_view savePathKey = "SavePath3";
 constexpr std::string_view filter = "Flat File (*.mef)|*.mef|All Files (*.*)|*.*";
 constexpr std::string_view extension = "mef";
 
-int channelsInListFile(const std::string& content) {
+bool holdsChannels(const std::string& content) {
     const auto records = parseMemoryListFile(content);
-    return records ? static_cast<int>(records->size()) : 0;
+    return records && !records->empty();
 }
 
 }  // namespace
@@ -46,14 +47,6 @@ TransferEnd MemoryListFiles::tell(const RuntimeError& error) {
     return TransferEnd::FileFailed;
 }
 
-/// Channels that are in a file are not given up for a list that has none.
-bool MemoryListFiles::mayReplace(const std::string& content) {
-    if (channelsInListFile(content) > 0) return true;
-    const auto present = textfile::read(txtPath);
-    const int lost = present ? channelsInListFile(*present) : 0;
-    return lost == 0 || m_terminal.msgBox().confirm(emptyOverFull(txtPath, lost));
-}
-
 TransferEnd MemoryListFiles::loadListFile() {
     if (!mayLoseEdits(m_list, m_terminal.msgBox())) return TransferEnd::Cancelled;
     if (!askForFile(FileDialogRequest::Mode::Open)) return TransferEnd::Cancelled;
@@ -70,7 +63,7 @@ TransferEnd MemoryListFiles::saveListFile() {
     const auto content = memoryListFileText(m_list);
     if (!content) return tell(content.error());
     if (!askForFile(FileDialogRequest::Mode::Save)) return TransferEnd::Cancelled;
-    if (!mayReplace(*content)) return TransferEnd::Cancelled;
+    if (!holdsChannels(*content) && !mayBeEmptied(txtPath, m_terminal.msgBox())) return TransferEnd::Cancelled;
     if (const auto failure = textfile::write(txtPath, *content)) return tell(*failure);
     m_list.noteSaved();
     return TransferEnd::Done;

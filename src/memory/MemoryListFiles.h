@@ -31,7 +31,6 @@ public:
 
 private:
     bool askForFile(FileDialogRequest::Mode mode);
-    bool mayReplace(const std::string& content);
     TransferEnd tell(const RuntimeError& error);
 
     MemoryList& m_list;

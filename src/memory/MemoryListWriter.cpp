@@ -2,15 +2,10 @@
 
 #include "base/Lines.h"
 #include "base/NumberText.h"
+#include "memory/KeptCaption.h"
 #include "memory/MemoryRecord.h"
 
 namespace korvex {
-
-namespace {
-
-constexpr std::string_view failure = "Failure Port ";
-
-}  // namespace
 
 std::optional<std::string> memoryListCommand(const MemoryList& list, int row) {
     MemoryRecord record = list.channelFields(row);
@@ -23,67 +18,51 @@ std::optional<std::string> memoryListCommand(const MemoryList& list, int row) {
     return command;
 }
 
-MemoryListWriter::MemoryListWriter(Terminal& terminal, Clock& clock, const MemoryList& list)
-    : m_terminal(terminal), m_link(terminal.link()), m_list(list), m_timer8(clock.makeTimer()) {
-    m_timer8->setInterval(250);
-    m_connections += m_timer8->tick.connect([this] { Timer8_Timer(); });
-    m_connections += m_link.closed.connect([this] { m_portLost = true; });
-}
-
 void MemoryListWriter::mnu_MemRestoreTOFT2000_Click() {
     if (!m_link.PortOpen()) return;
-    m_link.setActiveOperation(ActiveOperation::WriteListToRadio);
+    auto operation = m_link.begin({ActiveOperation::WriteListToRadio,
+                                   "Writing the memory list",
+                                   MemoryList::rows,
+                                   {"row", "rows", true},
+                                   keptCaption(m_link.progress(), "Load Memory List in to FT-2000")});
+    if (!operation) return ended.emit(m_link.notBegun());
+    m_operation = std::move(operation);
     m_link.received().clear();
-    m_link.progress().maximum = 100;
-    m_link.progress().value = 0;
-    m_link.progress().show();
-    m_portLost = false;
     m_commands.clear();
     for (int row = 1; row <= MemoryList::rows; ++row) m_commands.push_back(memoryListCommand(m_list, row).value_or(""));
-    m_timer8->setEnabled(true);
-    m_listRow = 1;
-}
-
-void MemoryListWriter::Timer8_Timer() {
-    if (m_portLost) return fail();
-    if (m_phase.isSet()) writeNext();
-    if (m_listRow > MemoryList::rows) {
-        finish();
-    } else {
-        m_phase.invert();
-    }
+    m_operation->onEnd([this](const Outcome& outcome) { onEnd(outcome); });
+    m_operation->every(250, m_phase, [this] { writeNext(); });
 }
 
 void MemoryListWriter::writeNext() {
-    const std::string& command = m_commands.at(static_cast<std::size_t>(m_listRow - 1));
+    const int row = m_operation->item() + 1;
+    const std::string& command = m_commands.at(static_cast<std::size_t>(row - 1));
     if (!command.empty()) {
         const std::string sent = command + std::string(crLf);
-        m_link.send(sent);
+        m_operation->send(sent);
         m_link.received().append(sent);
         m_link.sent().append(sent);
     }
-    m_link.panels().Error = "Writing Memory " + std::to_string(m_listRow);
-    m_link.progress().value = m_listRow;
-    ++m_listRow;
+    m_link.panels().Error = "Writing Memory " + std::to_string(row);
+    m_operation->step(row);
+    if (row == MemoryList::rows) finish();
 }
 
 void MemoryListWriter::finish() {
-    m_timer8->setEnabled(false);
+    m_phase.invert();  // the next writing begins with the half step that works
     m_link.panels().Error = "Terminated";
     m_link.lineWritten = "Terminated";
     m_link.sent().append("Terminated\r\n");
-    // An operation that was started meanwhile keeps its answers.
-    if (m_link.activeOperation() == ActiveOperation::WriteListToRadio) m_link.setActiveOperation(ActiveOperation::Idle);
-    m_link.progress().hide();
-    ended.emit(TransferEnd::Done);
+    m_operation->end({Outcome::Kind::Done, MemoryList::rows, MemoryList::rows, {}, {}});
 }
 
-void MemoryListWriter::fail() {
-    m_timer8->setEnabled(false);
-    m_link.sent().append(std::string(failure) + std::string(crLf));
-    m_link.panels().Error = std::string(failure);
-    m_link.progress().hide();
-    ended.emit(TransferEnd::PortClosed);
+void MemoryListWriter::onEnd(const Outcome& outcome) {
+    if (outcome.kind == Outcome::Kind::PortClosed) {
+        constexpr std::string_view failure = "Failure Port ";
+        m_link.sent().append(std::string(failure) + std::string(crLf));
+        m_link.panels().Error = std::string(failure);
+    }
+    ended.emit(outcome);
 }
 
 }  // namespace korvex

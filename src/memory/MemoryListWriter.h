@@ -5,11 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "cat/CatLink.h"
 #include "cat/PhaseFlag.h"
 #include "memory/MemoryList.h"
-#include "platform/Clock.h"
-#include "terminal/Terminal.h"
-#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
@@ -18,29 +16,24 @@ namespace korvex {
 /// stay here.
 class MemoryListWriter {
 public:
-    MemoryListWriter(Terminal& terminal, Clock& clock, const MemoryList& list);
+    MemoryListWriter(CatLink& link, const MemoryList& list) : m_link(link), m_list(list) {}
 
     /// "Load Memory List in to FT-2000"; nothing happens while the port is closed.
     void mnu_MemRestoreTOFT2000_Click();
 
-    bool running() const { return m_timer8->Enabled(); }
+    bool running() const { return m_operation && m_operation->running(); }
     Signal<const Outcome&> ended;
 
 private:
-    void Timer8_Timer();
     void writeNext();
     void finish();
-    void fail();
+    void onEnd(const Outcome& outcome);
 
-    Terminal& m_terminal;
     CatLink& m_link;
     const MemoryList& m_list;
-    std::unique_ptr<Timer> m_timer8;
     PhaseFlag m_phase;
     std::vector<std::string> m_commands;  // rows 1 to 99; empty for a row that is not sent
-    int m_listRow = 1;                    // next row
-    bool m_portLost = false;              // closed since the start, even if it is open again
-    Connections m_connections;
+    std::unique_ptr<Operation> m_operation;
 };
 
 /// The command that writes a row of the list into its channel; nothing for a row that is not to be sent.

@@ -5,9 +5,10 @@
 #include "memory/MemoryEditor.h"
 #include "memory/MemoryList.h"
 #include "memory/MemoryListFiles.h"
+#include "memory/MemoryListReader.h"
 #include "memory/MemoryListWriter.h"
-#include "memory/MemoryReader.h"
 #include "memory/MemoryRestorer.h"
+#include "memory/MemorySaver.h"
 #include "memory/MemoryTables.h"
 
 namespace korvex {
@@ -18,22 +19,28 @@ class MemoryManager {
 public:
     MemoryManager(Terminal& terminal, Clock& clock, SettingsStore& settings, FileDialog& fileDialog,
                   const std::string& programFolder)
-        : reader(terminal, clock, table, list),
-          restorer(terminal, clock, table),
-          listWriter(terminal, clock, list),
+        : saver(terminal, table),
+          restorer(terminal, table),
+          listReader(terminal, table, list),
+          listWriter(terminal.link(), list),
           listFiles(list, terminal, settings, fileDialog, programFolder),
           editor(terminal.link(), list, clock) {
         m_connections += listFiles.loaded.connect([this] { editor.loadEditorFromList(); });
-        m_connections += reader.listFilled.connect([this] { editor.followReading(); });
+        m_connections += listReader.listFilled.connect([this] { editor.followReading(); });
     }
 
     MemoryTable table;
     MemoryList list;
-    MemoryReader reader;
+    MemorySaver saver;
     MemoryRestorer restorer;
+    MemoryListReader listReader;
     MemoryListWriter listWriter;
     MemoryListFiles listFiles;
     MemoryEditor editor;
+
+    bool transferRuns() const {
+        return saver.running() || restorer.running() || listReader.running() || listWriter.running();
+    }
 
     /// One of the two windows was closed by its own menu: the start window's button goes back to its normal colour.
     Signal<> buttonBackToNormal;

@@ -1,185 +1,122 @@
 #include "memory/MemoryReader.h"
 
+#include <numeric>
+#include <utility>
+
 #include "base/Lines.h"
 #include "memory/MemoryFile.h"
 #include "memory/MemoryRecord.h"
-#include "memory/UnsavedList.h"
-#include "platform/TextFile.h"
 
 namespace korvex {
 
 namespace {
 
-constexpr int patience = 20;  // steps of 100 ms without an answer
+constexpr int intervalMs = 50;  // of which every second tick works
+constexpr int patience = 20;    // steps of 100 ms without an answer
+/// An adapter's echo of the question ("MR001;") is shorter than any answer.
+constexpr std::size_t shortestAnswer = 7;
+
+std::string channels(int count) {
+    return std::to_string(count) + (count == 1 ? " channel" : " channels");
+}
 
 }  // namespace
 
-MemoryReader::MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table, MemoryList& list,
-                           ActiveOperation toFile)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_list(list), m_toFile{toFile, {}, {}} {
-    for (Reading* reading : {&m_toFile, &m_toList}) {
-        reading->timer = clock.makeTimer();
-        prepare(*reading);
-    }
-    m_link.answers().onAnswer(toFile, [this] { return takeAnswer(m_toFile); });
-    if (toFile == ActiveOperation::ReadAllToFile) {  // the windows' reader
-        m_link.answers().onAnswer(m_toList.code, [this] { return takeAnswer(m_toList); });
-    }
-    m_connections += m_link.closed.connect([this] { onPortClosed(); });
-}
-
-void MemoryReader::mnu_MemSaveFromFT2000_Click() {
-    if (running()) return;
-    if (m_link.PortOpen() && !mayLoseEdits(m_list, m_terminal.msgBox())) return ended.emit(TransferEnd::Cancelled);
-    start(m_toList, {});
-}
-
-void MemoryReader::prepare(Reading& reading) {
-    reading.timer->setInterval(50);
-    m_connections += reading.timer->tick.connect([this, &reading] { tick(reading); });
-}
-
-void MemoryReader::start(Reading& reading, std::string_view caption) {
-    if (running()) return;
-    m_link.setActiveOperation(reading.code);
-    m_link.panels().Error = "";
-    if (!m_link.PortOpen()) return;
-    if (!caption.empty()) m_link.progress().caption = std::string(caption);
-    m_link.progress().value = 0;
-    m_link.progress().maximum = 101;
-    m_link.progress().show();
-    reading.timer->setEnabled(true);
-    m_sendIndex = m_answerIndex = m_storeIndex = 1;
-    m_found = {};
-    m_silentSteps = m_damaged = 0;
+void MemoryReader::read(ActiveOperation code, const std::string& caption) {
+    auto operation = m_link.begin(
+        {code, "Reading the memories", lastMemoryChannel, {"memory", "memories"}, caption, lastMemoryChannel + 2});
+    if (!m_link.PortOpen() || operation) m_link.panels().Error = "";
+    if (!operation) return ended.emit(m_link.notBegun());
+    m_operation = std::move(operation);
     m_link.clearTraffic();
-    tick(reading);
-}
-
-void MemoryReader::tick(Reading& reading) {
-    if (m_link.activeOperation() != reading.code) return giveWay(reading);
-    if (reading.phase.isSet() && m_link.PortOpen()) {
-        if (m_sendIndex <= lastMemoryChannel) {
-            sendNext();
-        } else {
-            waitForRest(reading);
-        }
-    }
-    reading.phase.invert();
-}
-
-void MemoryReader::sendNext() {
-    const std::string& command = m_commands[m_sendIndex];
-    m_link.send(command);
-    m_link.sent().append(command);
-    m_link.sent().append(crLf);
-    m_link.panels().Error = "Reading Memory " + std::to_string(m_sendIndex);
-    m_link.progress().value = m_sendIndex;
-    ++m_sendIndex;
+    m_channels.resize(lastMemoryChannel);
+    std::iota(m_channels.begin(), m_channels.end(), 1);
+    m_asked = m_answered = 0;
+    m_again = false;
+    m_refused.clear();
+    m_found.clear();
+    m_silentSteps = m_damaged = 0;
+    m_operation->expect({"MR", shortestAnswer});
+    m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
+    m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    m_operation->every(intervalMs, m_phase, [this] { sendNext(); });
+    m_operation->tick();
 }
 
 /// No command beyond the last channel goes out: an answer that was lost on the way must be missed, not be replaced by
 /// the answer of a channel that nobody wants.
-void MemoryReader::waitForRest(Reading& reading) {
-    if (++m_silentSteps == patience) fail(reading);
+void MemoryReader::sendNext() {
+    if (m_asked < m_channels.size()) return ask(m_channels[m_asked++]);
+    if (++m_silentSteps == patience) fail();
 }
 
-void MemoryReader::fail(Reading& reading) {
-    reading.timer->setEnabled(false);
-    m_link.progress().hide();
-    m_link.panels().Error = "Communication faild ";
-    ended.emit(TransferEnd::NoAnswer);
+void MemoryReader::ask(int channel) {
+    const std::string command = memoryReadCommand(channel);
+    m_operation->send(command);
+    m_link.sent().append(command);
+    m_link.sent().append(crLf);
+    m_link.panels().Error = "Reading Memory " + std::to_string(channel);
+    if (!m_again) m_operation->step(channel);
 }
 
-/// Another operation has taken over the answers: the rest of the commands would come to nothing and disturb the other.
-void MemoryReader::giveWay(Reading& reading) {
-    const ActiveOperation other = m_link.activeOperation();
-    const bool needsNoProgress = other == ActiveOperation::ReadOneChannel || other == ActiveOperation::Idle;
-    if (needsNoProgress) return fail(reading);
-    reading.timer->setEnabled(false);
-    ended.emit(TransferEnd::NoAnswer);
-}
-
-Rest MemoryReader::takeAnswer(Reading& reading) {
-    if (!reading.timer->Enabled()) return Rest::GoOn;
-    const auto answer = memoryAnswerIn(m_link.answers().takeAnswer());
-    if (!answer || m_answerIndex >= m_sendIndex) return Rest::GoOn;  // news that nobody asked for
-    const std::string& command = m_commands[m_answerIndex];
-    if (const auto stored = storedMemoryString(command, *answer)) {
-        if (!isUndamaged(*stored)) ++m_damaged;
-        m_found.set(m_storeIndex++, *stored);
-        m_link.received().append(command + *stored + std::string(crLf));
-    }
+Rest MemoryReader::takeAnswer(std::string_view answer) {
+    if (m_answered == m_asked) return Rest::GoOn;  // news that nobody asked for
+    const int channel = m_channels[m_answered++];
     m_silentSteps = 0;
-    if (++m_answerIndex <= lastMemoryChannel) return Rest::GoOn;
-    finish(reading);
+    if (isErrorAnswer(answer)) {
+        m_refused.push_back(channel);
+    } else {
+        keep(channel, answer);
+    }
+    if (m_answered < m_channels.size()) return Rest::GoOn;
+    if (m_again || m_refused.empty()) return finish();
+    m_again = true;
+    m_channels = std::exchange(m_refused, {});
+    m_asked = m_answered = 0;
+    return Rest::GoOn;
+}
+
+void MemoryReader::keep(int channel, std::string_view answer) {
+    const std::string command = memoryReadCommand(channel);
+    const auto stored = storedMemoryString(command, answer);
+    if (!stored) return;
+    if (!isUndamaged(*stored)) ++m_damaged;
+    m_found[channel] = *stored;
+    m_link.received().append(command + *stored + std::string(crLf));
+}
+
+void MemoryReader::fail() {
+    m_link.panels().Error = "Communication faild ";
+    m_operation->end({Outcome::Kind::NoAnswer, found(), lastMemoryChannel, {}, {}});
+}
+
+Rest MemoryReader::finish() {
+    std::vector<std::string> refused;
+    for (const int channel : m_refused) refused.push_back(channelText(channel));
+    m_operation->end({Outcome::Kind::Done, found(), lastMemoryChannel, std::move(refused), {}});
     return Rest::Discard;
 }
 
-void MemoryReader::keepFound() {
-    m_table = m_found;
-}
-
-void MemoryReader::finish(Reading& reading) {
-    reading.timer->setEnabled(false);
-    m_link.progress().hide();
-    keepFound();
-    if (&reading == &m_toFile) {
-        saveMemoryFile();
-        return;
-    }
-    m_link.closePort();
-    m_list.fillListFromMemoryTable(m_table);
-    listFilled.emit();
-    tellDamage();
-    ended.emit(TransferEnd::Done);
-}
-
-void MemoryReader::stop() {
-    m_toFile.timer->setEnabled(false);
-    m_toList.timer->setEnabled(false);
+MemoryTable MemoryReader::table() const {
+    MemoryTable table;
+    int slot = 0;
+    for (const auto& [channel, stored] : m_found) table.set(++slot, stored);
+    return table;
 }
 
 std::string MemoryReader::fileText() const {
-    return memoryFileText(m_table, m_storeIndex - 1);
+    return memoryFileText(table(), found());
 }
 
-void MemoryReader::saveMemoryFile() {
-    if (saveFile) {
-        m_link.setActiveOperation(ActiveOperation::Idle);
-        ended.emit(saveFile());
-        return;
+std::vector<std::string> MemoryReader::remarks() const {
+    std::vector<std::string> remarks;
+    const int refused = static_cast<int>(m_refused.size());
+    if (refused > 0) remarks.push_back("refused or empty: " + channels(refused));
+    if (m_damaged > 0) {
+        remarks.push_back("Attention: " + channels(m_damaged) + " came damaged.");
+        remarks.emplace_back("Please read the memories again.");
     }
-    const std::string content = fileText();
-    const auto file = m_terminal.askForFile({FileDialogRequest::Mode::Save, "Save FT-2000 Memory",
-                                             std::string(memoryFileFilter), "", std::string(memoryFileExtension)});
-    m_link.setActiveOperation(ActiveOperation::Idle);
-    if (!file) {
-        ended.emit(TransferEnd::Cancelled);
-        return;
-    }
-    if (const auto failure = textfile::write(*file, content)) {
-        m_terminal.tellFileError(*failure, {.pathNotFound = "Path wrong "});
-        ended.emit(TransferEnd::FileFailed);
-        return;
-    }
-    tellDamage();
-    m_link.panels().Error = "Terminated";
-    ended.emit(TransferEnd::Done);
-}
-
-/// What the radio said is kept as it came, but the owner must know that it cannot be right.
-void MemoryReader::tellDamage() {
-    if (m_damaged == 0) return;
-    m_link.received().append("\r\n Attention: " + std::to_string(m_damaged) +
-                             " channels came damaged. \r\n Please read the memories again. \r\n");
-}
-
-/// Both readings end here for good: one that only paused would go on sending when the port is opened again.
-void MemoryReader::onPortClosed() {
-    if (!running()) return;
-    stop();
-    ended.emit(TransferEnd::PortClosed);
+    return remarks;
 }
 
 }  // namespace korvex

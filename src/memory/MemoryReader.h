@@ -1,90 +1,68 @@
 #pragma once
 
-#include <functional>
+#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
+#include "cat/CatLink.h"
 #include "cat/PhaseFlag.h"
-#include "memory/MemoryList.h"
 #include "memory/MemoryTables.h"
-#include "platform/Clock.h"
-#include "terminal/Terminal.h"
-#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
 /// Reads all memory channels of the radio: one read command every 100 ms, whether or not the answer to the one before
-/// has come; answers are matched to commands by counting. A channel without data answers "?;", is counted and not kept.
+/// has come; answers are matched to commands by counting. "?;" is what a channel without data answers, and what a busy
+/// radio answers to anything: these channels are asked once more at the end.
 ///
-///     sends    MR001;       MR002;  MR003;       ...  MR099;            -> complete with the 99th answer
-///     answers     MR001..;     ?;      MR003..;  ...                    -> 2 s of silence: "Communication faild "
+///     sends    MR001;       MR002;  MR003;  ...  MR099;  MR002;       the end comes with the last answer;
+///     answers     MR001..;     ?;      MR003..;  ...        ?;        2 s of silence: "Communication faild "
 ///
-/// Into a file (Timer7): the save dialog comes at the end. Into the list (Timer9): the port is closed at the end, then
-/// the list is filled. A radio slower than 10 answers a second is waited for.
-///
-/// The table holds what was read, and nothing else, when the last answer is in: the strings of an earlier radio must
-/// not come over rows that were just read. A reading that fails on the way leaves it as it is.
+/// A radio slower than 10 answers a second is waited for. Answers of a reading that fails on the way may have been
+/// matched to the wrong commands: they are for nobody.
 class MemoryReader {
 public:
-    /// `toFile` is the operation that reads for a file.
-    MemoryReader(Terminal& terminal, Clock& clock, MemoryTable& table, MemoryList& list,
-                 ActiveOperation toFile = ActiveOperation::ReadAllToFile);
+    explicit MemoryReader(CatLink& link) : m_link(link) {}
 
-    /// "Save Memories of  FT-2000". Nothing happens while a reading is going on: answers on their way would be counted
-    /// for the wrong channels.
-    void mnu_saveMem_Click() { start(m_toFile, "Save Memories of  FT-2000"); }
-    /// "Read Memories of FT-2000"; the same holds. Unsaved changes of the list are asked about.
-    void mnu_MemSaveFromFT2000_Click();
-    Signal<> listFilled;  ///< with what the radio told
-    /// Asks for a file name and writes what the last reading found.
-    void saveMemoryFile();
-    /// When it is there: called when everything is read for a file, instead of asking for its name.
-    std::function<TransferEnd()> saveFile;
+    /// `code` is what the reading is for. `ended` tells the end, at once if the line is not to be had; its outcome
+    /// names the channels that were refused twice.
+    void read(ActiveOperation code, const std::string& caption);
+    /// Gives the line back without a word.
+    void stop() { m_operation.reset(); }
+    bool running() const { return m_operation && m_operation->running(); }
+
+    /// What was found, in the order of the channels, in slots from 1 on; channels without data take none.
+    MemoryTable table() const;
     /// What stands in the file of the last reading.
     std::string fileText() const;
-
-    bool running() const { return m_toFile.timer->Enabled() || m_toList.timer->Enabled(); }
-    /// Sends nothing more. The progress window is left to the caller.
-    void stop();
+    int found() const { return static_cast<int>(m_found.size()); }
     /// How many answers of the last reading cannot be what the radio said.
     int damaged() const { return m_damaged; }
+    /// What the owner should know of what is not in the file: UTF-8, a line each, empty if there is nothing.
+    std::vector<std::string> remarks() const;
+
     Signal<const Outcome&> ended;
 
 private:
-    /// Into the file or into the list: each has its own timer and tick flag, the counters are shared.
-    struct Reading {
-        ActiveOperation code;
-        std::unique_ptr<Timer> timer;
-        PhaseFlag phase;
-    };
-
-    void prepare(Reading& reading);
-    void start(Reading& reading, std::string_view caption);
-    void tick(Reading& reading);
     void sendNext();
-    void waitForRest(Reading& reading);
-    void fail(Reading& reading);
-    void giveWay(Reading& reading);
-    Rest takeAnswer(Reading& reading);
-    void finish(Reading& reading);
-    void keepFound();
-    void tellDamage();
-    void onPortClosed();
+    void ask(int channel);
+    Rest takeAnswer(std::string_view answer);
+    void keep(int channel, std::string_view answer);
+    void fail();
+    Rest finish();
 
-    Terminal& m_terminal;
     CatLink& m_link;
-    MemoryTable& m_table;
-    MemoryList& m_list;
-    const MemorySlots m_commands = makeMemoryReadCommands();
-    Reading m_toFile;
-    Reading m_toList{ActiveOperation::ReadAllToList, {}, {}};
-    int m_sendIndex = 1;    // next command to send
-    int m_answerIndex = 1;  // command whose answer is expected next
-    int m_storeIndex = 1;   // next slot to fill
-    MemoryTable m_found;    // by this reading; the table gets it at the end
-    int m_silentSteps = 0;  // since all commands are out, or since the last answer after that
-    int m_damaged = 0;      // answers that cannot be what the radio said
-    Connections m_connections;
+    PhaseFlag m_phase;
+    std::vector<int> m_channels;  // to ask: all, then those that were refused
+    std::size_t m_asked = 0;      // of them
+    std::size_t m_answered = 0;
+    bool m_again = false;                // it is the second time
+    std::vector<int> m_refused;          // this time
+    std::map<int, std::string> m_found;  // the stored strings by channel
+    int m_silentSteps = 0;               // since all commands are out, or since the last answer after that
+    int m_damaged = 0;
+    std::unique_ptr<Operation> m_operation;
 };
 
 }  // namespace korvex

@@ -1,5 +1,8 @@
 #include "memory/MemoryRestorer.h"
 
+#include <filesystem>
+#include <utility>
+
 #include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/NumberText.h"
@@ -9,109 +12,85 @@
 
 namespace korvex {
 
-MemoryRestorer::MemoryRestorer(Terminal& terminal, Clock& clock, MemoryTable& table)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_timer8(clock.makeTimer()) {
-    m_timer8->setInterval(50);
-    m_connections += m_timer8->tick.connect([this] { Timer8_Timer(); });
-    m_connections += m_link.closed.connect([this] { onPortClosed(); });
-}
+namespace {
+
+const std::string title = "Restore Memories to FT2000";
+const ItemWords words = {"memory", "memories", true};
+
+}  // namespace
+
+MemoryRestorer::MemoryRestorer(Terminal& terminal, MemoryTable& table)
+    : m_terminal(terminal), m_link(terminal.link()), m_table(table) {}
 
 void MemoryRestorer::mnu_restMem_Click() {
-    claim();
-    if (loadMemoryFile()) begin();
+    auto lines = askForLines();
+    if (!lines) return;
+    m_table = {};
+    int slot = 0;
+    for (const auto& line : *lines) m_table.set(++slot, line);
+    write(std::move(*lines));
 }
 
-void MemoryRestorer::write(const std::vector<std::string>& lines) {
-    claim();
-    take(lines);
-    begin();
-}
-
-void MemoryRestorer::claim() {
-    m_link.setActiveOperation(ActiveOperation::RestoreFromFile);
-    m_link.clearTraffic();
-}
-
-void MemoryRestorer::begin() {
-    if (!m_link.PortOpen()) {
-        ended.emit(TransferEnd::PortClosed);
-        return;
-    }
-    m_link.received().clear();
-    m_link.progress().maximum = 100;
-    m_link.progress().value = 0;
-    m_link.progress().caption = "Restore Memories to FT2000";
-    m_link.progress().show();
-    m_writeIndex = 1;
-    m_timer8->setEnabled(true);
-}
-
-bool MemoryRestorer::loadMemoryFile() {
+std::optional<std::vector<std::string>> MemoryRestorer::askForLines() {
     const auto file = m_terminal.askForFile({FileDialogRequest::Mode::Open, "Restore Memory to FT-2000",
                                              std::string(memoryFileFilter), "", std::string(memoryFileExtension)});
-    if (!file) {
-        m_link.panels().Error = "";
-        ended.emit(TransferEnd::Cancelled);
-        return false;
-    }
-    const auto content = textfile::read(*file);
+    if (!file) m_link.panels().Error = "";
+    auto lines = file ? linesOf(*file) : std::nullopt;
+    if (!lines) ended.emit(file ? Outcome::Kind::FileFailed : Outcome::Kind::Cancelled);
+    return lines;
+}
+
+/// The lines of a file that can be restored; what speaks against it is told.
+std::optional<std::vector<std::string>> MemoryRestorer::linesOf(const std::string& file) {
+    const auto content = textfile::read(file);
     if (!content) {
         m_terminal.tellFileError(content.error());
-        ended.emit(TransferEnd::FileFailed);
-        return false;
+        return std::nullopt;
     }
-    const auto lines = parseMemoryFile(*content);
-    if (!lines) {
-        m_link.panels().Error = lines.error().text;
-        ended.emit(TransferEnd::FileFailed);
-        return false;
-    }
-    take(*lines);
-    return true;
+    auto lines = parseMemoryFile(*content);
+    if (lines && !lines->empty()) return std::move(*lines);
+    const std::string why = lines ? "There is no memory in it, nothing was sent" : lines.error().text;
+    m_link.panels().Error = why;
+    const std::string name = std::filesystem::path(file).filename().string();
+    m_terminal.msgBox().exclamation(name + " is no memory file that can be restored.\n" + why + ".", title);
+    return std::nullopt;
 }
 
-void MemoryRestorer::take(const std::vector<std::string>& lines) {
-    m_lastLoaded = 0;
-    for (const auto& line : lines) m_table.set(++m_lastLoaded, line);
-}
-
-void MemoryRestorer::Timer8_Timer() {
-    if (m_phase.isSet() && m_writeIndex <= m_lastLoaded) writeNext();
-    if (m_writeIndex > m_lastLoaded) {
-        finish();
-    } else {
-        m_phase.invert();
-    }
+void MemoryRestorer::write(std::vector<std::string> lines) {
+    const int count = static_cast<int>(lines.size());
+    auto operation = m_link.begin({ActiveOperation::RestoreFromFile, "Writing the memories", count, words, title});
+    if (!operation) return ended.emit(m_link.notBegun());
+    m_operation = std::move(operation);
+    m_lines = std::move(lines);
+    m_link.clearTraffic();
+    m_operation->onEnd([this](const Outcome& outcome) {
+        if (!outcome.isDone()) m_link.panels().Error = inWords(outcome, words);
+        ended.emit(outcome);
+    });
+    m_operation->every(50, m_phase, [this] { writeNext(); });
 }
 
 void MemoryRestorer::writeNext() {
-    const std::string& line = m_table[m_writeIndex];
+    const int done = m_operation->item();
+    const std::string& line = m_lines.at(static_cast<std::size_t>(done));
     m_link.lineWritten = utf8FromWire(line);
     const std::string sent = memoryWriteCommand(line) + std::string(crLf);
-    m_link.send(sent);
-    const std::string channel = utf8FromWire(memoryFieldIn(line, MemoryField::Channel));
+    m_operation->send(sent);
+    const std::string channel(memoryFieldIn(line, MemoryField::Channel));
     m_link.panels().Error = "Writing Memory " + channel;
-    if (const auto number = parseWhole(channel)) m_link.progress().value = *number;
     m_link.sent().append(sent);
     m_link.received().append(line + std::string(crLf));
-    ++m_writeIndex;
+    m_operation->step(done + 1, parseWhole(channel).value_or(0));
+    if (static_cast<std::size_t>(done) + 1 == m_lines.size()) finish();
 }
 
 void MemoryRestorer::finish() {
-    m_timer8->setEnabled(false);
+    m_phase.invert();  // the next writing begins with the half step that works
     m_link.panels().Error = "Terminated";
     m_link.lineWritten = "Terminated";
     m_link.sent().append("Terminated\r\n");
-    // An operation that was started meanwhile keeps its answers.
-    if (m_link.activeOperation() == ActiveOperation::RestoreFromFile) m_link.setActiveOperation(ActiveOperation::Idle);
-    m_link.progress().hide();
-    ended.emit(TransferEnd::Done);
-}
-
-void MemoryRestorer::onPortClosed() {
-    if (!m_timer8->Enabled()) return;
-    m_timer8->setEnabled(false);
-    ended.emit(TransferEnd::PortClosed);
+    const int count = static_cast<int>(m_lines.size());
+    m_operation->end({Outcome::Kind::Done, count, count, {}, {}});
 }
 
 }  // namespace korvex

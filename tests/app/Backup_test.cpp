@@ -146,7 +146,7 @@ TEST_F(WholeBackup, AnotherOperationInTheMiddleGetsTheLineAndTheProgressWindow) 
     auto& keyer = program.keyerWindow;
     const std::vector<Other> others = {
         {[&] { program.menuSave.mnu_Store_Click(); }, [&] { return program.menuSave.running(); }},
-        {[&] { program.memory.reader.mnu_saveMem_Click(); }, [&] { return program.memory.reader.running(); }},
+        {[&] { program.memory.saver.mnu_saveMem_Click(); }, [&] { return program.memory.saver.running(); }},
         {[&] { band.mnu_readBandStack_Click(); }, [&] { return band.reader().running(); }},
         {[&] { keyer.readKeyer(); }, [&] { return keyer.reader().running(); }}};
     bench.msgBox.whileShown = [this] {

@@ -79,8 +79,12 @@ TEST(Session, CarriesMemoriesAndTheirListToAnotherRadioByteForByte) {
         EXPECT_EQ(fakes::fileContent(second), fakes::fileContent(first));
         const std::string saved = fakes::fileContent(first);
         EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), kind == "memory" ? 24 : 25);
-        EXPECT_EQ(bench.err.str(), "");
+        EXPECT_EQ(bench.err.str(), "korvexctl: refused or empty: 75 channels\n");
 
+        bench.ports.faults().refusesItems = {"MR"};  // too busy to tell of any
+        EXPECT_EQ(bench.run({"save", kind, second}), ExitCode::Answers);
+        EXPECT_NE(bench.err.str().find("second." + kind + " holds something"), std::string::npos) << bench.err.str();
+        EXPECT_EQ(fakes::fileContent(second), saved);
         bench.ports.faults().unplugged = 50;
         EXPECT_EQ(bench.run({"save", kind, bench.folder.file("none")}), ExitCode::Port);
         bench.ports.plugIn();

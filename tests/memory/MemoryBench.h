@@ -12,7 +12,8 @@ namespace korvex {
 class MemoryBench : public testing::Test, protected fakes::ProgramBench<SimulatedPorts> {
 protected:
     MemoryBench() {
-        for (auto* ended : {&memory.reader.ended, &memory.restorer.ended, &memory.listWriter.ended}) {
+        for (auto* ended :
+             {&memory.saver.ended, &memory.listReader.ended, &memory.restorer.ended, &memory.listWriter.ended}) {
             m_connections += ended->connect([this](TransferEnd end) { ends.push_back(end); });
         }
     }

@@ -140,7 +140,7 @@ TEST_F(MemoryEditorTest, ARefusedChannelLeavesFormAndRow) {
 TEST_F(MemoryEditorTest, SendsWhatTheFormShowsAfterAReading) {
     openEditor();
     openPort();
-    memory.reader.mnu_MemSaveFromFT2000_Click();
+    memory.listReader.mnu_MemSaveFromFT2000_Click();
     ASSERT_TRUE(endsWithin(20'000));
     const std::string first = "MW00114074000+000000";
     EXPECT_EQ(editor.Text2.get().substr(0, first.size()), first);
@@ -148,7 +148,7 @@ TEST_F(MemoryEditorTest, SendsWhatTheFormShowsAfterAReading) {
     editor.txt1.paste("7000000");  // being typed while another reading comes in
     openPort();
     ends.clear();
-    memory.reader.mnu_MemSaveFromFT2000_Click();
+    memory.listReader.mnu_MemSaveFromFT2000_Click();
     ASSERT_TRUE(endsWithin(20'000));
     EXPECT_EQ(editor.txt1.text.get(), "07'000'000");
 }
@@ -162,15 +162,16 @@ TEST_F(MemoryEditorTest, UnsavedChangesAreAskedAboutOnceBeforeTheyGo) {
     editor.Text1_Change("net");
     editor.Command1_Click();
     EXPECT_TRUE(modified);
-    for (const std::function<void()>& start : {std::function([this] { memory.listFiles.loadListFile(); }),
-                                               std::function([this] { memory.reader.mnu_MemSaveFromFT2000_Click(); }),
-                                               std::function([this] { EXPECT_FALSE(program.end()); })}) {
+    for (const std::function<void()>& start :
+         {std::function([this] { memory.listFiles.loadListFile(); }),
+          std::function([this] { memory.listReader.mnu_MemSaveFromFT2000_Click(); }),
+          std::function([this] { EXPECT_FALSE(program.end()); })}) {
         msgBox.foresee("changes that are in no file", MsgAnswer::No);
         start();
         EXPECT_EQ(msgBox.shown.back().buttons, MsgButtons::YesNoCareful);
         EXPECT_EQ(memory.list.cell(1, MemoryField::Remark), "net");
     }
-    EXPECT_FALSE(memory.reader.running());
+    EXPECT_FALSE(memory.listReader.running());
     EXPECT_TRUE(link.PortOpen());
 
     fileDialog.choose(path("list.mef"));
@@ -193,7 +194,7 @@ TEST_F(MemoryEditorTest, AnEmptyListDoesNotReplaceAFileWithChannelsUnasked) {
     memory.list.replaceAll({});
     for (const bool replaced : {false, true}) {
         fileDialog.choose(path("full.mef"));
-        msgBox.foresee("full.mef holds 1", replaced ? MsgAnswer::Yes : MsgAnswer::No);
+        msgBox.foresee("full.mef is not empty. Replace it", replaced ? MsgAnswer::Yes : MsgAnswer::No);
         EXPECT_EQ(memory.listFiles.saveListFile(), replaced ? TransferEnd::Done : TransferEnd::Cancelled);
         EXPECT_EQ(contentOf("full.mef").size(), replaced ? 2U : 32U);
     }

@@ -15,7 +15,7 @@ std::string sentIn(CatLink& link) {
 
 TEST_F(MemoryBench, ReadsIntoAFileAtTenCommandsASecond) {
     openPort();
-    memory.reader.mnu_saveMem_Click();
+    memory.saver.mnu_saveMem_Click();
     EXPECT_EQ(progress.caption.get(), "Save Memories of  FT-2000");
     EXPECT_EQ(progress.maximum.get(), 101);
     EXPECT_TRUE(progress.visible);
@@ -28,17 +28,29 @@ TEST_F(MemoryBench, ReadsIntoAFileAtTenCommandsASecond) {
     clock.advance(1);
     EXPECT_EQ(sentIn(link), "MR001; MR002; ");
     EXPECT_EQ(link.panels().Error.get(), "Reading Memory 2");
-    memory.reader.mnu_saveMem_Click();  // a second start changes nothing
-    memory.reader.mnu_MemSaveFromFT2000_Click();
+    memory.saver.mnu_saveMem_Click();  // a second start changes nothing
+    msgBox.foresee("Reading the memories, memory 2 of 99. Stop it?", MsgAnswer::No);
+    memory.listReader.mnu_MemSaveFromFT2000_Click();
     EXPECT_EQ(progress.value.get(), 2);
+    ends.clear();
 
     fileDialog.choose(path("all.mem"));
-    ASSERT_TRUE(endsWithin(10'000));
+    ASSERT_TRUE(endsWithin(20'000));
     EXPECT_EQ(ends, Ends{TransferEnd::Done});
     std::string expected;
+    std::string again;  // the channels that were refused are asked once more
+    int refused = 0;
     for (int channel = 1; channel <= 99; ++channel) {
-        if (!record(channel).empty()) expected += "MR" + channelText(channel) + record(channel) + ";\r\n";
+        if (!record(channel).empty()) {
+            expected += "MR" + channelText(channel) + record(channel) + ";\r\n";
+        } else {
+            again += memoryReadCommand(channel) + " ";
+            ++refused;
+        }
     }
+    EXPECT_TRUE(sentIn(link).ends_with("MR099; " + again));
+    EXPECT_TRUE(
+        link.received().text().ends_with("\r\n refused or empty: " + std::to_string(refused) + " channels \r\n"));
     EXPECT_EQ(contentOf("all.mem"), expected);
     EXPECT_EQ(link.panels().Error.get(), "Terminated");
     EXPECT_EQ(link.activeOperation(), ActiveOperation::Idle);
@@ -53,21 +65,45 @@ TEST_F(MemoryBench, ReadsIntoAFileAtTenCommandsASecond) {
 TEST_F(MemoryBench, TheLastAnswerHasTwoSeconds) {
     openPort();
     ports.faults().deafAfter = 98;
-    memory.reader.mnu_saveMem_Click();
+    memory.saver.mnu_saveMem_Click();
     constexpr int lastCommandMs = 9'850;
     clock.advance(lastCommandMs + 1'999);
-    EXPECT_TRUE(memory.reader.running());
+    EXPECT_TRUE(memory.saver.running());
     clock.advance(1);
     EXPECT_EQ(ends, Ends{TransferEnd::NoAnswer});
 }
 
-TEST_F(MemoryBench, ARadioWithoutMemoriesGivesAnEmptyFile) {
-    for (auto& channel : ports.radio().state.memories) channel.reset();
+TEST_F(MemoryBench, ABusyRadioCostsNoChannel) {
     openPort();
-    memory.reader.mnu_saveMem_Click();
-    fileDialog.choose(path("none.mem"));
-    ASSERT_TRUE(endsWithin(11'000));
-    EXPECT_EQ(contentOf("none.mem"), "");
+    ports.faults().refusesItems = {"MR001", "MR098"};
+    memory.saver.mnu_saveMem_Click();
+    clock.advance(9'900);
+    ports.faults().refusesItems = {"MR098"};  // and the other is asked once more
+    fileDialog.choose(path("busy.mem"));
+    ASSERT_TRUE(endsWithin(10'000));
+    EXPECT_TRUE(contentOf("busy.mem").starts_with("MR001"));
+    EXPECT_EQ(contentOf("busy.mem").find("MR098"), std::string::npos);
+    EXPECT_EQ(memory.table[1].substr(0, 5), "MR001");
+    ASSERT_FALSE(memory.saver.reader().remarks().empty());
+}
+
+TEST_F(MemoryBench, ARadioWithoutMemoriesGivesAnEmptyFileAndReplacesNoneUnasked) {
+    const std::string full = "MR00114250000+000000200080;\r\n";
+    for (const MsgAnswer answer : {MsgAnswer::No, MsgAnswer::Yes, MsgAnswer::Ok}) {
+        const bool asked = answer != MsgAnswer::Ok;
+        ports.faults().refuses = false;
+        openPort();
+        ports.faults().refuses = true;
+        ends.clear();
+        write("none.mem", asked ? full : " \r\n");
+        fileDialog.choose(path("none.mem"));
+        if (asked) msgBox.foresee("none.mem is not empty. Replace it by an empty file?", answer);
+        memory.saver.mnu_saveMem_Click();
+        ASSERT_TRUE(endsWithin(21'000));
+        EXPECT_EQ(ends.back(), answer == MsgAnswer::No ? TransferEnd::Cancelled : TransferEnd::Done);
+        EXPECT_EQ(contentOf("none.mem"), answer == MsgAnswer::No ? full : "");
+        link.closePort();
+    }
 }
 
 TEST_F(MemoryBench, WaitsForASlowRadioAndIsNotMisledByNews) {
@@ -76,7 +112,7 @@ TEST_F(MemoryBench, WaitsForASlowRadioAndIsNotMisledByNews) {
     ports.faults().unasked = true;
     ports.faults().garbage = true;
     ports.faults().split = true;
-    memory.reader.mnu_saveMem_Click();
+    memory.saver.mnu_saveMem_Click();
     link.answers().take("MR00150100000+000000200080;");  // before anything was asked
     fileDialog.choose(path("slow.mem"));
     ASSERT_TRUE(endsWithin(30'000));
@@ -88,7 +124,7 @@ TEST_F(MemoryBench, WaitsForASlowRadioAndIsNotMisledByNews) {
 TEST_F(MemoryBench, AnAnswerThatIsMissingWritesNoFile) {
     openPort();
     ports.faults().deafOnce = 50;
-    memory.reader.mnu_saveMem_Click();
+    memory.saver.mnu_saveMem_Click();
     ASSERT_TRUE(endsWithin(13'000));
     EXPECT_EQ(ends, Ends{TransferEnd::NoAnswer});
     EXPECT_EQ(link.panels().Error.get(), "Communication faild ");
@@ -99,8 +135,8 @@ TEST_F(MemoryBench, AnAnswerThatIsMissingWritesNoFile) {
 
 TEST_F(MemoryBench, ReadsIntoTheListAndClosesThePort) {
     openPort();
-    memory.reader.mnu_MemSaveFromFT2000_Click();
-    ASSERT_TRUE(endsWithin(11'000));
+    memory.listReader.mnu_MemSaveFromFT2000_Click();
+    ASSERT_TRUE(endsWithin(20'000));
     EXPECT_EQ(ends, Ends{TransferEnd::Done});
     EXPECT_FALSE(link.PortOpen());
     EXPECT_EQ(memory.list.cell(99, MemoryField::Frequency), "18068000");
@@ -113,13 +149,13 @@ TEST_F(MemoryBench, ReadsIntoTheListAndClosesThePort) {
 
 TEST_F(MemoryBench, AReadingPutsNothingOfAnEarlierRadioIntoTheList) {
     openPort();
-    memory.reader.mnu_MemSaveFromFT2000_Click();
+    memory.listReader.mnu_MemSaveFromFT2000_Click();
     ASSERT_TRUE(endsWithin(20'000));
     for (auto& channel : ports.radio().state.memories) channel.reset();
     ports.radio().state.memories[99] = "21000000+000000200080";
     openPort();
     ends.clear();
-    memory.reader.mnu_MemSaveFromFT2000_Click();
+    memory.listReader.mnu_MemSaveFromFT2000_Click();
     ASSERT_TRUE(endsWithin(20'000));
     EXPECT_EQ(memory.list.cell(99, MemoryField::Frequency), "21000000");
     EXPECT_EQ(memory.table[2], "");
@@ -128,8 +164,8 @@ TEST_F(MemoryBench, AReadingPutsNothingOfAnEarlierRadioIntoTheList) {
 TEST_F(MemoryBench, ClosingThePortInTheMiddleEndsEveryTransferForGood) {
     write("some.mem", "MR00114250000+000000200080;\r\nMR00314250000+000000200080;\r\nMR00414250000+000000200080;\r\n");
     const std::vector<std::function<void()>> starts = {
-        [this] { memory.reader.mnu_saveMem_Click(); },
-        [this] { memory.reader.mnu_MemSaveFromFT2000_Click(); },
+        [this] { memory.saver.mnu_saveMem_Click(); },
+        [this] { memory.listReader.mnu_MemSaveFromFT2000_Click(); },
         [this] { fileDialog.choose(path("some.mem")), memory.restorer.mnu_restMem_Click(); },
         [this] { memory.listWriter.mnu_MemRestoreTOFT2000_Click(); },
     };
@@ -148,11 +184,12 @@ TEST_F(MemoryBench, ClosingThePortInTheMiddleEndsEveryTransferForGood) {
                 link.togglePort();
             }
             EXPECT_FALSE(progress.visible);
+            EXPECT_EQ(sentIn(link), i == 3 ? "Failure Port  " : "") << i;
             const int obeyed = ports.radio().timesSet;
             link.togglePort();  // at once, while a timer could still be running
             clock.advance(20'000);
             EXPECT_EQ(ends, Ends{TransferEnd::PortClosed}) << i;
-            EXPECT_EQ(sentIn(link), i == 3 ? "Failure Port  " : "") << i;
+            EXPECT_EQ(sentIn(link), "") << i;
             EXPECT_EQ(ports.radio().timesSet, obeyed) << i;
             link.togglePort();
         }
@@ -201,10 +238,16 @@ TEST_F(MemoryBench, RestoreTellsFilesThatItCannotUse) {
     write("empty.mem", "");
     memory.table.set(1, "MR00114250000+000000200080;");  // from an earlier reading: not to be sent
     fileDialog.choose(path("empty.mem"));
+    msgBox.foresee("empty.mem is no memory file that can be restored.\nThere is no memory in it");
+    memory.restorer.mnu_restMem_Click();
+    EXPECT_EQ(msgBox.shown.back().icon, MsgIcon::Exclamation);
+    write("strange.mem", "MR00114250000+000000200080;\r\nMR002\rKY6;\r\n");
+    fileDialog.choose(path("strange.mem"));
+    msgBox.foresee("Line 2 (MR002) is no memory as the radio tells it, nothing was sent.");
     memory.restorer.mnu_restMem_Click();
     clock.advance(200);
-    EXPECT_EQ(ends.back(), TransferEnd::Done);
-    EXPECT_EQ(sentIn(link), "Terminated ");
+    EXPECT_EQ(ends.back(), TransferEnd::FileFailed);
+    EXPECT_EQ(sentIn(link), "");
 
     link.togglePort();
     write("one.mem", "MR00914250000+000000200080;\r\n");
@@ -242,36 +285,35 @@ TEST_F(MemoryBench, WritesTheListARowEveryHalfSecond) {
     EXPECT_NE(record(5), "07040000+000000300080");
 }
 
-TEST_F(MemoryBench, AnotherOperationTakesTheAnswersOver) {
-    openPort();
-    memory.reader.mnu_saveMem_Click();
-    clock.advance(500);
-    memory.editor.cmd3_Click();
-    clock.advance(500);
-    EXPECT_EQ(ends, Ends{TransferEnd::NoAnswer});
-    EXPECT_FALSE(progress.visible);
-    EXPECT_EQ(memory.list.cell(1, MemoryField::Frequency), "14074000");
-}
-
-TEST_F(MemoryBench, AWriteThatEndsLeavesTheAnswersToWhatWasStartedMeanwhile) {
+TEST_F(MemoryBench, NothingIsStoppedUnasked) {
     std::string lines;
     for (int i = 0; i < 90; ++i) lines += "MR00114250000+000000200080;\r\n";
     write("many.mem", lines);
-    for (const bool fromList : {true, false}) {
+    const std::vector<std::pair<const char*, std::function<void()>>> starts = {
+        {"Reading the memories, memory 10 of 99", [this] { memory.saver.mnu_saveMem_Click(); }},
+        {"Reading the memories, memory 10 of 99", [this] { memory.listReader.mnu_MemSaveFromFT2000_Click(); }},
+        {"Writing the memories, memory 10 of 90",
+         [this] { fileDialog.choose(path("many.mem")), memory.restorer.mnu_restMem_Click(); }},
+        {"Writing the memory list, row 2 of 99", [this] { memory.listWriter.mnu_MemRestoreTOFT2000_Click(); }},
+    };
+    for (const auto& [standing, start] : starts) {
         openPort();
         ends.clear();
-        if (!fromList) fileDialog.choose(path("many.mem"));
-        fromList ? memory.listWriter.mnu_MemRestoreTOFT2000_Click() : memory.restorer.mnu_restMem_Click();
-        clock.advance(fromList ? 45'000 : 4'000);
-        fileDialog.choose(path("menu " + std::to_string(fromList ? 1 : 2)));
-        program.menuSave.mnu_Store_Click();
-        EXPECT_EQ(ends, Ends{});
-        clock.advance(20'000);
-        EXPECT_EQ(ends, Ends{TransferEnd::Done});
-        EXPECT_EQ(contentOf("menu 1").substr(0, 5), "EX001");
-        link.togglePort();
+        start();
+        clock.advance(1'000);
+        for (const auto answer : {MsgAnswer::No, MsgAnswer::Yes}) {
+            EXPECT_EQ(ends, Ends{}) << standing;
+            msgBox.foresee(std::string(standing) + ". Stop it?", answer);
+            memory.editor.cmd3_Click();
+        }
+        EXPECT_EQ(ends, Ends{TransferEnd::Cancelled}) << standing;
+        EXPECT_TRUE(memory.editor.isReading());
+        EXPECT_FALSE(progress.visible);
+        clock.advance(1'000);
+        EXPECT_EQ(memory.list.cell(1, MemoryField::Channel), "001");
+        EXPECT_FALSE(memory.editor.isReading());
+        link.closePort();
     }
-    EXPECT_EQ(contentOf("menu 2"), contentOf("menu 1"));
 }
 
 }  // namespace

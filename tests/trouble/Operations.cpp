@@ -129,7 +129,7 @@ bool toldInABox(TroubleBench& bench) {
 // --- the memories
 
 void readMemories(TroubleBench& bench) {
-    bench.program.memory.reader.mnu_saveMem_Click();
+    bench.program.memory.saver.mnu_saveMem_Click();
 }
 
 void prepareMemoryFile(TroubleBench& bench) {
@@ -296,15 +296,15 @@ const std::vector<TriedOperation>& operations() {
          [](TroubleBench& b) { return b.program.menuManager.exchange().running(); }, "menu item exchange", managerItem,
          toldInTheManager, "EX042"},
         {"memory read into a file", nothing, readMemories,
-         [](TroubleBench& b) { return b.program.memory.reader.running(); }, "memory reader", targetFile,
+         [](TroubleBench& b) { return b.program.memory.saver.running(); }, "memory reader", targetFile,
          toldInTheReceiveDisplay, "MR001"},
         {"memory write from a file", prepareMemoryFile,
          [](TroubleBench& b) { b.program.memory.restorer.mnu_restMem_Click(); },
          [](TroubleBench& b) { return b.program.memory.restorer.running(); }, "memory restorer", radioState, untold,
          "MW001"},
         {"memory read into the list", nothing,
-         [](TroubleBench& b) { b.program.memory.reader.mnu_MemSaveFromFT2000_Click(); },
-         [](TroubleBench& b) { return b.program.memory.reader.running(); }, "memory reader", memoryList,
+         [](TroubleBench& b) { b.program.memory.listReader.mnu_MemSaveFromFT2000_Click(); },
+         [](TroubleBench& b) { return b.program.memory.listReader.running(); }, "memory list reader", memoryList,
          toldInTheReceiveDisplay, "MR001"},
         {"memory write from the list", prepareMemoryList,
          [](TroubleBench& b) { b.program.memory.listWriter.mnu_MemRestoreTOFT2000_Click(); },

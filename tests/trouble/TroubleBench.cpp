@@ -35,7 +35,8 @@ TroubleBench::TroubleBench() {
     listenTo("Menu Manager writer", program.menuManager.writer().ended);
     listenTo("menu item exchange", program.menuManager.exchange().ended);
     listenTo("memory editor", program.memory.editor.readingEnded);
-    listenTo("memory reader", program.memory.reader.ended);
+    listenTo("memory reader", program.memory.saver.ended);
+    listenTo("memory list reader", program.memory.listReader.ended);
     listenTo("memory restorer", program.memory.restorer.ended);
     listenTo("memory list writer", program.memory.listWriter.ended);
     listenTo("band stack reader", bandStack.reader().ended);

@@ -61,7 +61,9 @@ struct CliRun {
         }
         EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
         const std::string note = "korvexctl: " + std::string(cli::catSettingsLeft) + "\n";
-        EXPECT_EQ(code == ExitCode::Done, bench.err.str().empty() || bench.err.str() == note) << bench.err.str();
+        const bool quiet = bench.err.str().empty() || bench.err.str() == note ||
+                           bench.err.str().starts_with("korvexctl: refused or empty: ");
+        EXPECT_EQ(code == ExitCode::Done, quiet) << bench.err.str();
         EXPECT_TRUE(code == ExitCode::Done || job.restores() || saysIncomplete() || result.empty()) << "half a file";
     }
 

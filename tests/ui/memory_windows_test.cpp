@@ -169,8 +169,8 @@ TEST_F(MemoryWindows, StartTheSameOperationsAndFollowThePort) {
     EXPECT_EQ(find<QLineEdit>(editor, "txt1")->text().toStdString(), "14'074'000");
     radioEntries[2]->trigger();
     QApplication::processEvents();
-    EXPECT_TRUE(memory.reader.running());
-    bench.clock.advance(11'000);
+    EXPECT_TRUE(memory.listReader.running());
+    bench.clock.advance(20'000);
     EXPECT_EQ(memory.list.cell(99, MemoryField::Frequency), "18068000");
     picture(list, "list.png");
     EXPECT_EQ(find<QLabel>(editor, "Port")->text().toStdString(), "RS232 closed");
@@ -251,7 +251,7 @@ TEST(MemoryManagerFromTheStartWindow, SavesWhatTheCommandLineCarriesOn) {
     const std::string saved = bench.folder.file("saved.mem");
     bench.fileDialog.choose(saved);
     trigger("frmTerm", "mnu_saveMem");
-    bench.clock.advance(11'000);
+    bench.clock.advance(20'000);
     trigger("frmMem", "mnu_Ende");
     EXPECT_FALSE(window("frmMem")->isVisible());
     program.link.closePort();
@@ -265,7 +265,7 @@ TEST(MemoryManagerFromTheStartWindow, SavesWhatTheCommandLineCarriesOn) {
         std::optional<cli::ExitCode> code;
         const auto finished = session.finished.connect([&](cli::ExitCode result) { code = result; });
         session.start();
-        bench.clock.advance(20'000);
+        bench.clock.advance(30'000);
         return code;
     };
     for (auto& channel : bench.ports.radio().state.memories) channel.reset();

@@ -75,7 +75,7 @@ std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
                                      TerminalActions{
                                          .saveMenu = [this] { m_program.menuSave.mnu_Store_Click(); },
                                          .restoreMenu = [this] { m_program.menuRestore.mnu_Restore_Click(); },
-                                         .saveMemories = [this] { m_program.memory.reader.mnu_saveMem_Click(); },
+                                         .saveMemories = [this] { m_program.memory.saver.mnu_saveMem_Click(); },
                                          .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },
                                          .portSettings = [this] { showPortSettings(); },
                                          .about = [this] { showAboutBox(terminalWindow()); },

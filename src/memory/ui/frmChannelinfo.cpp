@@ -59,7 +59,7 @@ void frmChannelinfo::makeMenus() {
           [this] { m_memory.listFiles.saveListFile(); });
     file->addSeparator();
     m_radioEntries << entry(file, "mnu_MemSaveFromFT2000", QStringLiteral("Read Memories from FT-2000"),
-                            [this] { m_memory.reader.mnu_MemSaveFromFT2000_Click(); });
+                            [this] { m_memory.listReader.mnu_MemSaveFromFT2000_Click(); });
     m_radioEntries << entry(file, "mnu_MemRestoreTOFT2000", QStringLiteral("Load Memory List in to FT-2000"),
                             [this] { m_memory.listWriter.mnu_MemRestoreTOFT2000_Click(); });
     file->addSeparator();

@@ -85,7 +85,7 @@ void frmMem::makeMenu() {
     });
     menu->addSeparator();
     m_radioEntries << entry(menu, "mnu_MemSaveFromFT2000", QStringLiteral("Read Memories of FT-2000"),
-                            [this] { m_memory.reader.mnu_MemSaveFromFT2000_Click(); });
+                            [this] { m_memory.listReader.mnu_MemSaveFromFT2000_Click(); });
     m_radioEntries << entry(menu, "mnu_MemRestoreTOFT2000", QStringLiteral("Load Memory List in to FT-2000"),
                             [this] { m_memory.listWriter.mnu_MemRestoreTOFT2000_Click(); });
     menu->addSeparator();

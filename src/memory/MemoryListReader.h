@@ -1,0 +1,35 @@
+#pragma once
+
+#include "memory/MemoryList.h"
+#include "memory/MemoryReader.h"
+#include "memory/MemoryTables.h"
+#include "terminal/Terminal.h"
+
+namespace korvex {
+
+/// "Read Memories of FT-2000": reads all memories into the list and closes the port at the end. The table takes over
+/// what was read.
+class MemoryListReader {
+public:
+    MemoryListReader(Terminal& terminal, MemoryTable& table, MemoryList& list);
+
+    /// Unsaved changes of the list are asked about. Nothing happens while it is going on already.
+    void mnu_MemSaveFromFT2000_Click();
+
+    const MemoryReader& reader() const { return m_reader; }
+    bool running() const { return m_reader.running(); }
+    Signal<> listFilled;  ///< with what the radio told
+    Signal<const Outcome&> ended;
+
+private:
+    void fillList();
+
+    Terminal& m_terminal;
+    CatLink& m_link;
+    MemoryTable& m_table;
+    MemoryList& m_list;
+    MemoryReader m_reader;
+    Connection m_read;
+};
+
+}  // namespace korvex
