@@ -14,7 +14,7 @@ BackupReadings::BackupReadings(Terminal& terminal, Clock& clock)
     : m_modelReader(terminal.link(), clock),
       m_menuReader(terminal.link()),
       m_memoryReader(terminal.link()),
-      m_bandStackReader(terminal, clock, m_bandStack, ActiveOperation::BackupBandStack),
+      m_bandStackReader(terminal.link(), clock, ActiveOperation::BackupBandStack),
       m_keyerReader(terminal.link()) {
     m_all = {modelReading(), menuReading(), memoryReading(), bandStackReading(), keyerReading()};
 }
@@ -73,12 +73,12 @@ std::string BackupReadings::listFileText() {
 BackupReading BackupReadings::bandStackReading() {
     return {"band stack",
             ActiveOperation::BackupBandStack,
-            [this] { m_bandStackReader.mnu_readBandStack_Click(); },
+            [this] { m_bandStackReader.read(); },
             [this] { m_bandStackReader.stop(); },
             &m_bandStackReader.ended,
-            [this] { return objections::toBandStack(m_bandStack); },
+            [this] { return objections::toBandStack(m_bandStackReader.cells()); },
             [this] {
-                return std::vector<BackupFile>{{"bandstack", bandStackFileText(m_bandStack)}};
+                return std::vector<BackupFile>{{"bandstack", bandStackFileText(m_bandStackReader.cells())}};
             }};
 }
 

@@ -10,6 +10,7 @@
 #include "memory/MemoryList.h"
 #include "memory/MemoryReader.h"
 #include "menu/MenuReader.h"
+#include "terminal/Terminal.h"
 
 namespace korvex {
 
@@ -59,7 +60,6 @@ private:
     MenuReader m_menuReader;
     MemoryList m_list;
     MemoryReader m_memoryReader;
-    BandStack m_bandStack;
     BandStackReader m_bandStackReader;
     KeyerReader m_keyerReader;
     std::vector<BackupReading> m_all;

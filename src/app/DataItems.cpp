@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <map>
 
-#include "bandstack/BandStack.h"
 #include "bandstack/BandStackFile.h"
 #include "bandstack/BandStackWriter.h"
 #include "base/NumberText.h"
@@ -68,34 +67,27 @@ Result<DataItems> listItems(std::string_view content) {
     return items;
 }
 
-/// Which register a column holds: "05.2".
-std::string registerName(int column) {
-    constexpr int perBand = 3;
-    return zeroPadded((column - 1) / perBand, 2) + "." + std::to_string((column - 1) % perBand + 1);
-}
-
-DataItem bandStackItem(const BandStack& stack, int row, int column) {
-    const std::string cell = stack.wireText(row, column);
+DataItem bandStackItem(const BandStackCells& cells, int row, int column) {
+    const std::string& cell = cells.at(row, column);
     const std::string name = registerName(column) + " ";
     if (row == 0) return {name + "BS", {}, bandStackCommand(cell), {}};
-    const std::string query = stack.wireText(row, 0);
+    const std::string& query = cells.query(row);
     return {name + query.substr(0, query.find(';')), cell, bandStackCommand(cell), {}};
 }
 
 /// The registers in the order in which they are written; a band that the radio had refused is passed over.
 Result<DataItems> bandStackItems(std::string_view content) {
-    BandStack stack;
-    stack.initBandStackGrid();
-    BandStackFields parsed;
-    if (auto failure = parseBandStackText(content, parsed)) return *failure;
-    fillGrid(stack, parsed);
+    const auto cells = parseBandStackText(content);
+    if (!cells) return cells.error();
     DataItems items;
-    for (int column = 1; column < BandStack::pastLastColumn; ++column) {
-        if (stack.wireText(1, column) == "?;") {
+    for (int column = 1; column < BandStackCells::columns; ++column) {
+        if (cells->at(1, column) == "?;") {
             column += 2;
             continue;
         }
-        for (int row = 0; row <= BandStack::lastQueried; ++row) items.push_back(bandStackItem(stack, row, column));
+        for (int row = 0; row <= BandStackCells::lastQueried; ++row) {
+            items.push_back(bandStackItem(*cells, row, column));
+        }
     }
     return items;
 }

@@ -23,20 +23,19 @@ std::string toMemories(const MemoryReader& reader) {
     return std::to_string(reader.damaged()) + " memories came through damaged";
 }
 
-std::string toBandStack(const BandStack& stack) {
+std::string toBandStack(const BandStackCells& cells) {
     int strange = 0;
     int refused = 0;
-    for (int column = 1; column < BandStack::pastLastColumn; ++column) {
-        if (stack.wireText(1, column) == "?;") {
+    for (int column = 1; column < BandStackCells::columns; ++column) {
+        if (cells.at(1, column) == "?;") {
             ++refused;
             continue;
         }
-        for (int row = 1; row <= BandStack::lastQueried; ++row) {
-            const bool told = stack.answersItsQuery(row, column) || stack.wireText(row, column) == "?;";
-            strange += told ? 0 : 1;
+        for (int row = 1; row <= BandStackCells::lastQueried; ++row) {
+            strange += cells.answersItsQuery(row, column) ? 0 : 1;
         }
     }
-    if (refused == BandStack::pastLastColumn - 1) return "the radio refused every band";
+    if (refused == BandStackCells::registers) return "the radio refused every band";
     return strange == 0 ? "" : std::to_string(strange) + " band stack values came through damaged or out of order";
 }
 

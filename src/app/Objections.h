@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "bandstack/BandStack.h"
+#include "bandstack/BandStackCells.h"
 #include "keyer/KeyerReader.h"
 #include "memory/MemoryReader.h"
 #include "menu/MenuCommandTable.h"
@@ -18,7 +18,7 @@ std::string toMenuWithRefusals(const MenuCommandTable& table);
 /// Noise on the line makes answers that no radio gives.
 std::string toMemories(const MemoryReader& reader);
 /// What the radio refuses to tell is no objection, such as a band that it does not have, unless it refuses all.
-std::string toBandStack(const BandStack& stack);
+std::string toBandStack(const BandStackCells& cells);
 std::string toKeyerTexts(const KeyerReader& reader);
 std::string toKeyerTextsWithRefusals(const KeyerReader& reader);
 

@@ -20,7 +20,7 @@ Program::Program(Machine machine)
                    machine.programFolder, machine.shippedDescriptions}),
       eqWindow(machine.ports, machine.clock, machine.msgBox),
       bandStackWindow(
-          {terminal, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
+          {link, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
       keyerWindow({link, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
       backup(terminal, machine.clock),
       backupEntry({backup, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.timeOfDay,

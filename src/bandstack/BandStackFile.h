@@ -1,11 +1,9 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "bandstack/BandStack.h"
+#include "bandstack/BandStackCells.h"
 #include "base/RuntimeError.h"
 
 namespace korvex {
@@ -13,25 +11,14 @@ namespace korvex {
 /// The band stack file (.bsr), wire text. A line for each row of the grid: "|" before every cell and one after the
 /// last, CR LF. Then a line that is "|" alone, and an empty one. The first cell of all is empty, so that the file
 /// begins with "||".
-std::string bandStackFileText(const BandStack& stack);
+std::string bandStackFileText(const BandStackCells& cells);
 
-/// What a band stack file says, before anything of the grid is touched.
-struct BandStackFields {
-    std::string text;                      ///< the file's lines with CR LF after each; `fields` points into it
-    std::optional<int> rows;               ///< the row count in front of the first "|", which some files have
-    bool lacksQueryColumn = false;         ///< the earlier layout: 33 cells a line, without the queries
-    std::vector<std::string_view> fields;  ///< what stands between one "|" and the next, line ends included
-
-    BandStackFields() = default;
-    BandStackFields(BandStackFields&&) = delete;  // a moved text would leave the fields behind
-    BandStackFields& operator=(BandStackFields&&) = delete;
-};
-
-/// Cuts a file's content into `fields`. Whatever the content is, this ends well; refused (TypeMismatch) are a file
-/// without a single field and one that would key the transmitter when it is written to the radio.
-Failure parseBandStackText(std::string_view content, BandStackFields& parsed);
-
-/// Fills the grid: fields that the grid has no place for are dropped, cells without a field become empty.
-void fillGrid(BandStack& stack, const BandStackFields& parsed);
+/// The cells of a file; those that it lacks are empty. Also of a file from before the queries were stored, which is
+/// known by its first cell, and of one with its row count in front.
+///
+/// Nothing else is taken than what a radio can have answered: the cells of row 0 are the band-select commands, column 0
+/// the queries, and every other cell is empty, a refusal, or an answer to the query of its row. Else it is refused
+/// (TypeMismatch) with row, column and reason: what stands in a cell goes out as a command.
+Result<BandStackCells> parseBandStackText(std::string_view content);
 
 }  // namespace korvex

@@ -1,77 +1,66 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
-#include "bandstack/BandStack.h"
+#include "bandstack/BandStackCells.h"
 #include "bandstack/QueryLedger.h"
-#include "cat/AnswerPatience.h"
-#include "cat/PhaseFlag.h"
-#include "platform/Clock.h"
-#include "terminal/Terminal.h"
-#include "terminal/TransferEnd.h"
+#include "cat/CatLink.h"
 
 namespace korvex {
 
-/// Reads all band stack registers into the grid. No command addresses a register: the band-select command, sent once
-/// for each of a band's three registers, steps through them, and the radio's state is asked for after each step.
+/// Reads all band stack registers. No command addresses a register: the band-select command, sent once for each of a
+/// band's three registers, steps through them, and the radio's state is asked for after each step.
 ///
-///     state            does                                            leaves when
-///     idle                                                             started from the menu
-///     reading column   band-select command, then the query of the      answer 22 has come: next column;
-///                      present row every 100 ms until its answer       after column 33: idle, file dialog;
-///                      has come, row by row                            the port is closed, or another
-///                                                                      operation takes the answers: stopped
+///     register: band-select command -> 50 ms -> query of row 1, again every 100 ms until it is answered
+///               -> query of row 2 ... -> row 22 answered -> next register; after the last: the end
 ///
-/// An answer belongs to the row that the cursor is at, whatever it says, unless it answers a query that was sent before
-/// (QueryLedger). A silent radio is asked for ever, and the owner is told; closing the port ends it.
+/// An answer belongs to the row that is asked for, whatever it says, unless it answers a query that was sent before
+/// (QueryLedger). A silent radio is asked for ever; closing the port or Cancel ends it.
 class BandStackReader {
 public:
-    /// `code` is the operation that it claims the answers with.
-    BandStackReader(Terminal& terminal, Clock& clock, BandStack& stack,
-                    ActiveOperation code = ActiveOperation::BandStackRead);
+    /// `code` is how the traffic is shown.
+    BandStackReader(CatLink& link, Clock& clock, ActiveOperation code = ActiveOperation::BandStackRead)
+        : m_link(link), m_clock(clock), m_code(code) {}
 
-    void mnu_readBandStack_Click();
-    void stop();
+    /// `ended` tells the end, at once if the line is not to be had.
+    void read();
+    /// Gives the line back without a word.
+    void stop() { m_operation.reset(); }
+    bool running() const { return m_operation && m_operation->running(); }
 
-    /// Called when everything is read, to ask for a file.
-    std::function<TransferEnd()> saveBandStackFile;
+    /// As far as they have come. Digits that the radio tells but does not take are replaced.
+    const BandStackCells& cells() const { return m_cells; }
 
-    bool running() const { return m_timer1->Enabled(); }
+    Signal<> began;         ///< the line is ours, and nothing has come
+    Signal<int, int> told;  ///< the cell of this row and column has come
+    Signal<> silent;        ///< nothing has come for 5 s; told once a silence
     Signal<const Outcome&> ended;
 
 private:
-    void begin();
-    void readColumn();
-    void Timer1_Timer();
-    void sendQuery();
-    QueryLedger::Place place() const { return {m_run, m_stack.BandStackColumn, m_stack.BandStackRow}; }
-    Rest takeAnswer();
-    Rest store(const std::string& answer);
+    void readRegister(int column);
+    void askAgain();
+    QueryLedger::Place place() const { return {m_run, m_column, m_row}; }
+    Rest takeAnswer(std::string_view piece);
     void takeLate(const QueryLedger::Place& owner, const std::string& answer);
-    void normalise(int column);
-    void normalise(int row, int column, char highest, const char* replacement);
-    void nextReadColumn();
-    void finish();
-    void tellStrangeAnswers();
-    void tellSilence();
-    void onPortClosed();
-    void giveWay();
+    Rest store(const std::string& answer);
+    void keep(int row, int column, const std::string& answer);
+    void watchSilence();
+    void onEnd(const Outcome& outcome);
 
-    Terminal& m_terminal;
     CatLink& m_link;
-    BandStack& m_stack;
     Clock& m_clock;
-    QueryLedger m_ledger;
-    std::optional<std::string> m_strange;  ///< stands for the row's answer if that has not come by the next query
-    int m_run = 0;
-    std::unique_ptr<Timer> m_timer1;
-    PhaseFlag m_phase;
     const ActiveOperation m_code;
-    AnswerPatience m_patience;
-    Connections m_connections;
+    PhaseFlag m_phase;
+    BandStackCells m_cells;
+    QueryLedger m_ledger;
+    std::optional<std::string> m_strange;  // stands for the row's answer if that has not come by the next query
+    int m_run = 0;
+    int m_column = 0;
+    int m_row = 0;
+    std::unique_ptr<Operation> m_operation;
 };
 
 }  // namespace korvex

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "bandstack/BandStackFile.h"
+#include "base/CodePage.h"
+#include "cat/SaveOutcome.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
@@ -10,9 +12,6 @@ namespace korvex {
 namespace {
 
 constexpr std::string_view pathKey = "SavePathBand";
-constexpr int cancelled = 32755;  // what the file dialog reports for its Cancel button
-constexpr int queryColumnWidth = 700;
-constexpr int registerColumnWidth = 1100;
 
 std::string_view messageFor(int number) {
     switch (number) {
@@ -32,38 +31,81 @@ std::string_view messageFor(int number) {
 }  // namespace
 
 BandStackWindow::BandStackWindow(BandStackNeeds needs)
-    : m_needs(std::move(needs)),
-      m_reader(m_needs.terminal, m_needs.clock, m_stack),
-      m_writer(m_needs.terminal, m_needs.clock, m_stack) {
-    m_reader.saveBandStackFile = [this] { return saveBandStackFile(); };
-    m_stack.initBandStackGrid();
-    auto& grid = m_stack.FlexGrid1;
-    grid.setFixed(1, 1);
-    grid.setColWidth(0, queryColumnWidth);
-    for (int column = 1; column < grid.Cols(); ++column) grid.setColWidth(column, registerColumnWidth);
+    : m_needs(std::move(needs)), m_reader(m_needs.link, m_needs.clock), m_writer(m_needs.link) {
+    listen();
+}
+
+void BandStackWindow::listen() {
+    m_connections += m_reader.began.connect([this] { m_stack.show(m_reader.cells()); });
+    m_connections += m_reader.told.connect(
+        [this](int row, int column) { m_stack.show(row, column, m_reader.cells().at(row, column)); });
+    m_connections += m_reader.silent.connect([this] { tellSilence(); });
+    m_connections += m_reader.ended.connect([this](const Outcome& outcome) { onReadEnded(outcome); });
+    m_connections += m_writer.began.connect([this] { m_stack.show(m_writer.cells()); });
+    m_connections += m_writer.told.connect(
+        [this](int row, int column) { m_stack.show(row, column, m_writer.cells().at(row, column)); });
+    m_connections += m_writer.sendsCell.connect([this](const std::string& wire) { Text3 = utf8FromWire(wire); });
+    m_connections += m_writer.ended.connect([this](const Outcome& outcome) { onWriteEnded(outcome); });
 }
 
 void BandStackWindow::Form_Load() {
     Text2 = m_needs.settings.get(applicationName, settingsSection, pathKey, m_needs.programFolder + "/files");
     dateipath = Text2;
-    m_stack.initBandStackGrid();
 }
 
-// The two sequences share one cursor: the one that starts last owns it, and the other must not step on with it.
+void BandStackWindow::tellSilence() {
+    m_needs.link.received().append(
+        "\r\n Attention: the radio has not answered for 5 seconds and is asked again and again. \r\n"
+        " Closing the port ends the reading. \r\n");
+}
 
-void BandStackWindow::mnu_readBandStack_Click() {
-    m_writer.stop();
-    m_reader.mnu_readBandStack_Click();
+void BandStackWindow::onReadEnded(Outcome outcome) {
+    if (outcome.isDone()) {
+        outcome.kind = saveBandStackFile();
+        tellStrangeAnswers();
+    } else {
+        m_needs.link.panels().Error = inWords(outcome, {"register", "registers"});
+    }
+    readEnded.emit(outcome);
+}
+
+/// The file is what the radio said, but the owner must know when that is not what was asked for.
+void BandStackWindow::tellStrangeAnswers() {
+    constexpr int all = BandStackCells::lastQueried * BandStackCells::registers;
+    const BandStackCells& cells = m_reader.cells();
+    int fitting = 0;
+    int refused = 0;
+    for (int column = 1; column < BandStackCells::columns; ++column) {
+        for (int row = 1; row <= BandStackCells::lastQueried; ++row) {
+            fitting += cells.answersItsQuery(row, column) ? 1 : 0;
+            refused += cells.at(row, column) == "?;" ? 1 : 0;
+        }
+    }
+    const std::string ofAll = " of " + std::to_string(all);
+    std::string text;
+    if (fitting < all) {
+        text = " Attention: only " + std::to_string(fitting) + ofAll +
+               " answers belong to their question. \r\n The file cannot be loaded again."
+               " Please read the band stack again. \r\n";
+    }
+    if (refused > 0) text += " Attention: the radio refused " + std::to_string(refused) + ofAll + " questions. \r\n";
+    if (!text.empty()) m_needs.link.received().set(text);
 }
 
 void BandStackWindow::mnu_writeBandStack_Click() {
-    if (m_needs.terminal.link().PortOpen()) {
-        m_reader.stop();
-        m_writer.stop();
-        // A file may have left fewer rows; the antenna step needs its own.
-        if (m_stack.FlexGrid1.Rows() < BandStack::rows) m_stack.FlexGrid1.setRows(BandStack::rows);
-    }
-    m_writer.mnu_writeBandStack_Click();
+    const BandStackCells cells = m_stack.cells();
+    const std::string missing = missingRegisters(cells);
+    if (!missing.empty() && !m_needs.msgBox.confirm(missing + "\r\nWrite the band stack all the same?")) return;
+    m_writer.write(cells);
+}
+
+/// What was broken off half-way has left the radio neither as it was nor as it should be.
+void BandStackWindow::onWriteEnded(const Outcome& outcome) {
+    if (outcome.isDone()) return;
+    const std::string text = inWords(outcome, {"register", "registers", true});
+    m_needs.link.panels().Error = text;
+    using Kind = Outcome::Kind;
+    if (outcome.kind == Kind::Refused || outcome.kind == Kind::NoAnswer) m_needs.msgBox.exclamation(text);
 }
 
 void BandStackWindow::mnu_closeWindow_Click() {
@@ -88,44 +130,47 @@ void BandStackWindow::remember(const std::string& file) {
     m_needs.settings.save(applicationName, settingsSection, pathKey, file);
 }
 
-TransferEnd BandStackWindow::saveBandStackFile() {
-    const std::string content = bandStackFileText(m_stack);
-    const auto file = m_needs.fileDialog.show(request(FileDialogRequest::Mode::Save));
-    if (!file) return TransferEnd::Cancelled;
-    remember(*file);
-    if (const auto failure = textfile::write(*file, content)) {
-        dateipath = "Not saved: " + failure->text;
-        return TransferEnd::FileFailed;
-    }
-    return TransferEnd::Done;
+Outcome::Kind BandStackWindow::saveBandStackFile() {
+    const Saved saved = saveByDialog(m_needs.fileDialog, request(FileDialogRequest::Mode::Save),
+                                     bandStackFileText(m_stack.cells()), [this](const RuntimeError& error) {
+                                         dateipath = "Not saved: " + error.text;
+                                         m_needs.msgBox.stop(error.text);
+                                     });
+    if (saved.file) remember(*saved.file);
+    return outcomeOf(saved);
 }
 
-TransferEnd BandStackWindow::loadBandStackFile() {
+Outcome::Kind BandStackWindow::loadBandStackFile() {
     const auto file = m_needs.fileDialog.show(request(FileDialogRequest::Mode::Open));
     if (!file) {
-        showLoadError(cancelled);
-        return TransferEnd::Cancelled;
+        Label2 = "0";
+        Label2Yellow = true;  // a cancelled dialog counts as an error that is none
+        return Outcome::Kind::Cancelled;
     }
+    if (const auto failure = readFile(*file)) {
+        tellLoadError(*failure);
+        return Outcome::Kind::FileFailed;
+    }
+    Label2 = "0";
     remember(*file);
-    const auto failure = readFile(*file);
-    showLoadError(failure ? failure->number : 0);
-    return failure ? TransferEnd::FileFailed : TransferEnd::Done;
+    return Outcome::Kind::Done;
 }
 
 Failure BandStackWindow::readFile(const std::string& file) {
     const auto content = textfile::read(file);
     if (!content) return content.error();
-    BandStackFields parsed;
-    if (auto failure = parseBandStackText(*content, parsed)) return failure;
-    fillGrid(m_stack, parsed);
+    const auto cells = parseBandStackText(*content);
+    if (!cells) return cells.error();
+    m_stack.show(*cells);
     return {};
 }
 
-void BandStackWindow::showLoadError(int number) {
-    if (number > 0) Label2Yellow = true;
-    const auto message = messageFor(number);
-    Label2 = std::to_string(message.empty() ? 0 : number);
-    if (!message.empty()) m_needs.msgBox.stop(std::string(message));
+void BandStackWindow::tellLoadError(const RuntimeError& error) {
+    const std::string_view message = messageFor(error.number);
+    Label2 = std::to_string(message.empty() ? 0 : error.number);
+    Label2Yellow = true;
+    dateipath = "Not loaded: " + error.text;
+    m_needs.msgBox.stop(message.empty() ? error.text : std::string(message) + "\r\n" + error.text);
 }
 
 }  // namespace korvex

@@ -10,13 +10,12 @@
 #include "platform/FileDialog.h"
 #include "platform/MsgBox.h"
 #include "platform/SettingsStore.h"
-#include "terminal/Terminal.h"
 
 namespace korvex {
 
 /// What the band stack window needs of the rest.
 struct BandStackNeeds {
-    Terminal& terminal;
+    CatLink& link;
     Clock& clock;
     SettingsStore& settings;
     FileDialog& fileDialog;
@@ -29,10 +28,12 @@ class BandStackWindow {
 public:
     explicit BandStackWindow(BandStackNeeds needs);
 
-    /// The grid as the window finds it, and the remembered path.
+    /// The remembered path, as the window finds it.
     void Form_Load();
 
-    void mnu_readBandStack_Click();
+    /// A reading asks for a file at its end.
+    void mnu_readBandStack_Click() { m_reader.read(); }
+    /// Asks first when registers are missing.
     void mnu_writeBandStack_Click();
     void mnu_loadDatafromHD_Click() { loadBandStackFile(); }
     void mnu_saveDatafromHD_Click() { saveBandStackFile(); }
@@ -40,17 +41,21 @@ public:
     void closeBox();
 
     /// Each asks for a file first. How it ended is for those who have no window.
-    TransferEnd saveBandStackFile();
-    TransferEnd loadBandStackFile();
+    Outcome::Kind saveBandStackFile();
+    Outcome::Kind loadBandStackFile();
 
     BandStack& stack() { return m_stack; }
     BandStackReader& reader() { return m_reader; }
     BandStackWriter& writer() { return m_writer; }
 
     Property<std::string> Text2;         ///< the remembered file, UTF-8
+    Property<std::string> Text3;         ///< the text that is being written to the radio, UTF-8
     Property<std::string> dateipath;     ///< panel "Dateipath"
     Property<std::string> Label2;        ///< the error number of the last load
     Property<bool> Label2Yellow{false};  ///< an error has been seen
+
+    /// A reading and the saving of what it read have ended.
+    Signal<const Outcome&> readEnded;
 
     /// Where closing leads, in the order in which they are told.
     Signal<> storePlace;
@@ -59,15 +64,21 @@ public:
     Signal<> buttonBackToNormal;  ///< the start window's band stack button
 
 private:
+    void listen();
     FileDialogRequest request(FileDialogRequest::Mode mode) const;
     void remember(const std::string& file);
+    void onReadEnded(Outcome outcome);
+    void onWriteEnded(const Outcome& outcome);
+    void tellSilence();
+    void tellStrangeAnswers();
     Failure readFile(const std::string& file);
-    void showLoadError(int number);
+    void tellLoadError(const RuntimeError& error);
 
     BandStackNeeds m_needs;
     BandStack m_stack;
     BandStackReader m_reader;
     BandStackWriter m_writer;
+    Connections m_connections;
 };
 
 }  // namespace korvex

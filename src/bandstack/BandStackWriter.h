@@ -2,87 +2,62 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
-#include "bandstack/BandStack.h"
-#include "cat/AnswerPatience.h"
-#include "cat/PhaseFlag.h"
-#include "platform/Clock.h"
-#include "terminal/Terminal.h"
-#include "terminal/TransferEnd.h"
+#include "bandstack/BandStackCells.h"
+#include "cat/CatLink.h"
 
 namespace korvex {
 
-/// What a cell is written to the radio as. The antenna is told with more digits than it is set with. And what was read
-/// while the tuner tuned, or news of a pressed key that took a row, must not key the transmitter now: the tuner is
-/// switched on instead of started, the rest is left out.
-std::string bandStackCommand(const std::string& cell);
-
-/// Writes the grid back into the radio, register by register, and sets each register's antenna right at its end.
+/// Writes the cells into the radio, register by register, and sets each register's antenna right at its end.
 ///
-///     timer   ms   works    does                                              leaves when
-///     Timer2  50   100 ms   one cell with CR LF: the band-select command,     row 22 is out: Timer3
-///                           then rows 1 to 22; no answer is expected          past column 33: "Terminated"
-///     Timer3  300  600 ms   asks for the antenna, once                        sent: Timer4
-///     Timer4  200  400 ms   waits for the answer; if its fifth character is   answered: Timer5
-///                           not the stored one, row 24 becomes AN05;
-///     Timer5  200  400 ms   sends row 24, which may be empty                  sent: Timer6
-///     Timer6  200  400 ms   goes to the next column                           Timer2
+///     50 ms -> Cell, again every 100 ms: the band-select command, then rows 1 to 22, with CR LF; no answer is expected
+///     row 22 is out -> 600 ms -> AskAntenna -> 200 ms -> AwaitAntenna, again every 400 ms until it is answered
+///     answered -> 200 ms -> Toggle: AN05; if the receive antenna is not as it was -> 200 ms -> NextRegister
 ///
-/// Each timer works on every second call of its handler, and each hand-over calls the next handler once at once. A
-/// column whose first answer the radio had refused ("?;") is skipped, and the two after it.
-///
-/// A radio that does not tell its antenna is waited for, and the owner is told. When the port closes, the write is
-/// over, but for Timer3, which waits for the port to come back.
+/// A register whose first answer the radio had refused ("?;") is skipped, and the two after it. A radio that refuses to
+/// tell its antenna, or does not answer, is asked three times; then the writing is over, with a reason.
 class BandStackWriter {
 public:
-    BandStackWriter(Terminal& terminal, Clock& clock, BandStack& stack);
+    explicit BandStackWriter(CatLink& link) : m_link(link) {}
 
-    void mnu_writeBandStack_Click();
-    void stop();
+    /// `ended` tells the end, at once if the line is not to be had.
+    void write(const BandStackCells& cells);
+    bool running() const { return m_operation && m_operation->running(); }
 
-    bool running() const;
+    /// As they are written: with what the radio said of its antenna in row 23, and what was sent for it in row 24.
+    const BandStackCells& cells() const { return m_cells; }
+
+    Signal<> began;                        ///< the line is ours, and nothing has been sent
+    Signal<int, int> told;                 ///< row 23 or 24 of this column has been filled
+    Signal<const std::string&> sendsCell;  ///< wire text, as it goes
     Signal<const Outcome&> ended;
 
 private:
-    struct PhasedTimer {
-        std::unique_ptr<Timer> timer;
-        PhaseFlag phase;
+    enum class Step { Cell, AskAntenna, AwaitAntenna, Toggle, NextRegister };
 
-        bool Enabled() const { return timer->Enabled(); }
-        void start() { timer->setEnabled(true); }
-        void stop() { timer->setEnabled(false); }
-    };
-
-    void setUp(PhasedTimer& phased, Clock& clock, int interval, void (BandStackWriter::*handler)());
-    void onPortClosed();
-    void clearTextFields();
-    void showSent(const std::string& wire);
-
-    void Timer2_Timer();
+    void go(Step step, int ms);
+    void next();
+    void beginRegister(int column);
+    bool skipRefusedBand();
     void writeCell();
-    void skipRefusedBand();
-    void startAntennaStep();
+    void askAntenna();
+    Rest takeAntenna(std::string_view answer);
+    void awaitAntenna();
+    void askAntennaAgain();
+    void sendToggle();
+    void fill(int row, const std::string& text);
     void finish();
-    void Timer3_Timer();
-    void queryAntenna();
-    Rest takeAntennaAnswer();
-    void Timer4_Timer();
-    void tellSilence();
-    void decideAntennaCommand();
-    void Timer5_Timer();
-    void Timer6_Timer();
 
-    Terminal& m_terminal;
     CatLink& m_link;
-    BandStack& m_stack;
-    PhasedTimer m_timer2;
-    PhasedTimer m_timer3;
-    PhasedTimer m_timer4;
-    PhasedTimer m_timer5;
-    PhasedTimer m_timer6;
-    AnswerPatience m_patience;
-    bool m_waitsForPort = false;  // it closed while Timer3 was running
-    Connections m_connections;
+    BandStackCells m_cells;
+    Step m_step = Step::Cell;
+    int m_column = 0;
+    int m_row = 0;
+    int m_written = 0;  // registers
+    int m_tries = 0;    // of the question for the antenna, in this register
+    int m_looks = 0;    // for the answer to the last one
+    std::unique_ptr<Operation> m_operation;
 };
 
 }  // namespace korvex

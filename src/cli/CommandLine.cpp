@@ -225,7 +225,7 @@ std::string usage() {
            "  --dry-run             restore: prints what would be sent, and sends nothing\n"
            "  --with-cat            restore menu, restore-all: the radio's CAT settings (menu items 028 to 030) too,\n"
            "                        last\n"
-           "  --force               restore: a file that does not hold every menu item\n"
+           "  --force               restore: a file that does not hold every menu item or register\n"
            "  --with-settings       description import: the settings columns too, in place of those that are there\n"
            "  --kind KIND           compare: what the files are, where their ending does not tell\n"
            "  -h, --help  --version\n"

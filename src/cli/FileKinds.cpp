@@ -46,10 +46,7 @@ void writeList(Program& program, const std::string& text) {
 }
 
 void writeBandStack(Program& program, const std::string& text) {
-    BandStackFields parsed;
-    if (parseBandStackText(text, parsed)) return;
-    fillGrid(program.bandStackWindow.stack(), parsed);
-    program.bandStackWindow.mnu_writeBandStack_Click();
+    if (const auto cells = parseBandStackText(text)) program.bandStackWindow.writer().write(*cells);
 }
 
 void writeKeyer(Program& program, const std::string& text) {

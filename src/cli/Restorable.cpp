@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "bandstack/BandStackFile.h"
 #include "base/NumberText.h"
 #include "keyer/KeyerTexts.h"
 #include "memory/MemoryRecord.h"
@@ -31,6 +32,12 @@ std::string whyNotRestorable(const std::string& kind, const DataItems& items) {
                " characters, and a memory of the radio takes " + std::to_string(longestKeyerText);
     }
     return {};
+}
+
+std::string whyBandStackIncomplete(std::string_view content) {
+    const auto cells = parseBandStackText(content);
+    const std::string missing = cells ? missingRegisters(*cells) : "";
+    return missing.empty() ? "" : missing + " --force restores the others";
 }
 
 bool holdsAnything(const std::string& kind, const DataItems& items) {

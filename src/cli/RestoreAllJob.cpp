@@ -44,7 +44,9 @@ bool RestoreAllJob::takePart(const std::string& name) {
     }
     auto content = readFile(m_workshop, name, file);
     if (!content) return false;
-    if (const std::string why = whyNotRestorable(name, content->items); !why.empty()) {
+    std::string why = whyNotRestorable(name, content->items);
+    if (name == "bandstack" && !m_workshop.command.force) why = whyBandStackIncomplete(content->text);
+    if (!why.empty()) {
         m_workshop.tell(file + ": " + why);
         return false;
     }

@@ -32,7 +32,7 @@ std::optional<ExitCode> TransferJob::takeFile() {
     const Command& command = m_workshop.command;
     auto content = readFile(m_workshop, command.kind, command.file);
     if (!content) return ExitCode::File;
-    if (const std::string why = whyNotTaken(content->items); !why.empty()) {
+    if (const std::string why = whyNotTaken(*content); !why.empty()) {
         m_workshop.tell(command.file + ": " + why);
         return ExitCode::File;
     }
@@ -41,12 +41,15 @@ std::optional<ExitCode> TransferJob::takeFile() {
     return std::nullopt;
 }
 
-std::string TransferJob::whyNotTaken(const DataItems& items) {
-    const std::string& kind = m_workshop.command.kind;
-    if (!holdsAnything(kind, items)) return "there is nothing in it that could be restored as " + kind;
-    if (!isMenu()) return whyNotRestorable(kind, items);
-    m_menu.take(items);
-    return m_workshop.command.force ? std::string() : m_menu.whyIncomplete();
+std::string TransferJob::whyNotTaken(const FileContent& content) {
+    const Command& command = m_workshop.command;
+    if (!holdsAnything(command.kind, content.items)) {
+        return "there is nothing in it that could be restored as " + command.kind;
+    }
+    if (isMenu()) m_menu.take(content.items);
+    if (isMenu() && !command.force) return m_menu.whyIncomplete();
+    if (command.kind == "bandstack" && !command.force) return whyBandStackIncomplete(content.text);
+    return whyNotRestorable(command.kind, content.items);
 }
 
 std::vector<Step> TransferJob::steps() {

@@ -22,7 +22,7 @@ private:
     std::optional<ExitCode> checkTarget();
     std::optional<ExitCode> takeFile();
     bool isMenu() const { return m_workshop.command.kind == "menu"; }
-    std::string whyNotTaken(const DataItems& items);
+    std::string whyNotTaken(const FileContent& content);
     bool wouldEmptyTarget() const;
     ExitCode save();
     ExitCode report();

@@ -25,9 +25,9 @@ std::string keyerFileText(const KeyerFileRows& rows);
 /// The rows that the radio's texts make.
 KeyerFileRows keyerFileRows(const KeyerTexts& texts);
 
-/// The rows of a file, six at most. A text may hold anything but "|", line breaks too. Refused (TypeMismatch) is what
-/// has no "|" at all, a row that is labelled as another memory, because labels are sent to the radio, and a text longer
-/// than any that was ever typed.
+/// The rows of a file: the titles and one to five memories, each labelled with its own command and three cells wide. A
+/// text may hold anything but "|", line breaks too. What is not so is refused (TypeMismatch) with its line and the
+/// reason, because labels are sent to the radio; so is a text longer than any that was ever typed, and a row cut off.
 Result<KeyerFileRows> parseKeyerFile(std::string_view content);
 
 }  // namespace korvex

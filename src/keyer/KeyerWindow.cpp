@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/CodePage.h"
+#include "cat/SaveOutcome.h"
 #include "keyer/KeyerFile.h"
 #include "platform/TextFile.h"
 
@@ -120,22 +121,20 @@ Outcome::Kind KeyerWindow::saveKeyerFile() {
     finishEditing.emit();
     hint = "";
     if (!canBeStored()) return Outcome::Kind::FileFailed;
-    const std::string content = keyerFileText(m_table.fileRows());
-    const auto file = m_needs.fileDialog.show({FileDialogRequest::Mode::Save, "", filter, rememberedPath(), "kem"});
-    if (!file) return Outcome::Kind::Cancelled;
-    remember(*file);
-    if (const auto failure = textfile::write(*file, content)) {
-        hint = "Not saved: " + failure->text;
-        return Outcome::Kind::FileFailed;
-    }
-    return Outcome::Kind::Done;
+    const Saved saved =
+        saveByDialog(m_needs.fileDialog, {FileDialogRequest::Mode::Save, "", filter, rememberedPath(), "kem"},
+                     keyerFileText(m_table.fileRows()), [this](const RuntimeError& error) {
+                         hint = "Not saved: " + error.text;
+                         m_needs.msgBox.stop(error.text);
+                     });
+    if (saved.file) remember(*saved.file);
+    return outcomeOf(saved);
 }
 
 Outcome::Kind KeyerWindow::loadKeyerFile() {
     finishEditing.emit();
     const auto file = m_needs.fileDialog.show({FileDialogRequest::Mode::Open, "", filter, rememberedPath(), ""});
     if (!file) return Outcome::Kind::Cancelled;
-    remember(*file);
     const auto content = textfile::read(*file);
     if (!content) {
         tellLoadError(content.error());
@@ -146,9 +145,16 @@ Outcome::Kind KeyerWindow::loadKeyerFile() {
         tellLoadError(rows.error());
         return Outcome::Kind::FileFailed;
     }
+    remember(*file);
     m_table.fill(*rows);
     const std::string bad = memoriesThat([this](int row) { return !m_table.whyNotSendable(row).empty(); });
-    hint = bad.empty() ? "" : "The radio could not take these texts as they are: " + bad + ".";
+    const int inFile = static_cast<int>(rows->size()) - 1;
+    std::string text;
+    if (inFile < keyerMemories) {
+        text = "The file holds only " + std::to_string(inFile) + " of " + std::to_string(keyerMemories) + " memories. ";
+    }
+    if (!bad.empty()) text += "The radio could not take these texts as they are: " + bad + ".";
+    hint = text;
     return Outcome::Kind::Done;
 }
 

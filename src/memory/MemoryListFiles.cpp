@@ -1,5 +1,6 @@
 #include "memory/MemoryListFiles.h"
 
+#include "cat/SaveOutcome.h"
 #include "memory/EmptyOverFull.h"
 #include "memory/MemoryListFile.h"
 #include "memory/UnsavedList.h"
@@ -32,14 +33,15 @@ void MemoryListFiles::storePath() {
     m_settings.save(applicationName, settingsSection, savePathKey, txtPath.get());
 }
 
-bool MemoryListFiles::askForFile(FileDialogRequest::Mode mode) {
+FileDialogRequest MemoryListFiles::request(FileDialogRequest::Mode mode) const {
     const bool opens = mode == FileDialogRequest::Mode::Open;
-    const auto file = m_fileDialog.show({mode, opens ? "Load Memory File in to List" : "Save Memory List in to File",
-                                         std::string(filter), txtPath, std::string(extension)});
-    if (!file) return false;
-    txtPath = *file;
+    return {mode, opens ? "Load Memory File in to List" : "Save Memory List in to File", std::string(filter), txtPath,
+            std::string(extension)};
+}
+
+void MemoryListFiles::remember(const std::string& file) {
+    txtPath = file;
     storePath();
-    return true;
 }
 
 TransferEnd MemoryListFiles::tell(const RuntimeError& error) {
@@ -49,11 +51,13 @@ TransferEnd MemoryListFiles::tell(const RuntimeError& error) {
 
 TransferEnd MemoryListFiles::loadListFile() {
     if (!mayLoseEdits(m_list, m_terminal.msgBox())) return TransferEnd::Cancelled;
-    if (!askForFile(FileDialogRequest::Mode::Open)) return TransferEnd::Cancelled;
-    const auto content = textfile::read(txtPath);
+    const auto file = m_fileDialog.show(request(FileDialogRequest::Mode::Open));
+    if (!file) return TransferEnd::Cancelled;
+    const auto content = textfile::read(*file);
     if (!content) return tell(content.error());
     const auto records = parseMemoryListFile(*content);
     if (!records) return tell({records.error().number, records.error().text + ". The list stays as it is."});
+    remember(*file);
     m_list.replaceAll(*records);
     loaded.emit();
     return TransferEnd::Done;
@@ -62,11 +66,15 @@ TransferEnd MemoryListFiles::loadListFile() {
 TransferEnd MemoryListFiles::saveListFile() {
     const auto content = memoryListFileText(m_list);
     if (!content) return tell(content.error());
-    if (!askForFile(FileDialogRequest::Mode::Save)) return TransferEnd::Cancelled;
-    if (!holdsChannels(*content) && !mayBeEmptied(txtPath, m_terminal.msgBox())) return TransferEnd::Cancelled;
-    if (const auto failure = textfile::write(txtPath, *content)) return tell(*failure);
-    m_list.noteSaved();
-    return TransferEnd::Done;
+    const Saved saved = saveByDialog(
+        m_fileDialog, request(FileDialogRequest::Mode::Save), *content,
+        [this](const RuntimeError& error) { tell(error); },
+        [&](const std::string& file) { return holdsChannels(*content) || mayBeEmptied(file, m_terminal.msgBox()); });
+    if (saved.file) {
+        remember(*saved.file);
+        m_list.noteSaved();
+    }
+    return outcomeOf(saved);
 }
 
 }  // namespace korvex

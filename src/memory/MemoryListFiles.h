@@ -30,7 +30,8 @@ public:
     Signal<> loaded;                ///< the list holds a file's content now
 
 private:
-    bool askForFile(FileDialogRequest::Mode mode);
+    FileDialogRequest request(FileDialogRequest::Mode mode) const;
+    void remember(const std::string& file);
     TransferEnd tell(const RuntimeError& error);
 
     MemoryList& m_list;

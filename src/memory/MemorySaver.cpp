@@ -2,7 +2,6 @@
 
 #include "memory/EmptyOverFull.h"
 #include "memory/MemoryFile.h"
-#include "platform/TextFile.h"
 
 namespace korvex {
 
@@ -23,16 +22,13 @@ void MemorySaver::mnu_saveMem_Click() {
 }
 
 Outcome MemorySaver::save(const Outcome& reading) {
-    const std::string content = m_reader.fileText();
-    const auto file = m_terminal.askForFile({FileDialogRequest::Mode::Save, "Save FT-2000 Memory",
-                                             std::string(memoryFileFilter), "", std::string(memoryFileExtension)});
-    if (!file) return Outcome::Kind::Cancelled;
     // A radio that refuses everything has told nothing: that is no reason to give up a file with channels.
-    if (m_reader.found() == 0 && !mayBeEmptied(*file, m_terminal.msgBox())) return Outcome::Kind::Cancelled;
-    if (const auto failure = textfile::write(*file, content)) {
-        m_terminal.tellFileError(*failure, {.pathNotFound = "Path wrong "});
-        return Outcome::Kind::FileFailed;
-    }
+    const auto saved = m_terminal.saveFile(
+        {FileDialogRequest::Mode::Save, "Save FT-2000 Memory", std::string(memoryFileFilter), "",
+         std::string(memoryFileExtension)},
+        m_reader.fileText(), {.pathNotFound = "Path wrong "},
+        [this](const std::string& file) { return m_reader.found() > 0 || mayBeEmptied(file, m_terminal.msgBox()); });
+    if (saved != Outcome::Kind::Done) return saved;
     tellRemarks(m_link.received(), m_reader);
     m_link.panels().Error = "Terminated";
     return reading;

@@ -189,7 +189,7 @@ bool DescriptionDatabase::Form_QueryUnload(UnloadReason reason) {
             m_needs.msgBox.show({"Ihre zuletzt geänderten oder neu eingegebenen Daten\r\n"
                                  "sind möglicherweise noch nicht gespeichert !\n"
                                  "Wollen Sie Windows trotzdem beenden?",
-                                 std::string(executableName), MsgIcon::Question, MsgButtons::YesNo});
+                                 std::string(executableName), MsgIcon::Question, MsgButtons::YesNoCareful});
         return answer == MsgAnswer::Yes;
     }
     if (open && reason != UnloadReason::TaskManager) return false;

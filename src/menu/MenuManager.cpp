@@ -143,7 +143,7 @@ void MenuManager::onReadEnded(const Outcome& outcome) {
 void MenuManager::readComplete() {
     const int placed = m_placedAnswers;
     const auto answer = m_needs.msgBox.show(
-        {"Do you like to save the Menu Settings now", "Save Tabel", MsgIcon::None, MsgButtons::YesNo});
+        {"Do you like to save the Menu Settings now", "Save Tabel", MsgIcon::None, MsgButtons::YesNoCareful});
     if (answer == MsgAnswer::Yes) saveGrid();
     if (placed == menuItemCount) return;
     // The other cells of the column hold what they held before.

@@ -52,7 +52,7 @@ void MenuRestore::mnu_Restore_Click() {
 
 std::optional<std::vector<std::string>> MenuRestore::askForLines() {
     const auto file = m_terminal.askForFile({FileDialogRequest::Mode::Open, "Restore Menu to FT-2000 ",
-                                             "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", "txt"});
+                                             "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", "mnu"});
     if (!file) {
         end(Outcome::Kind::Cancelled);
         return std::nullopt;

@@ -1,7 +1,6 @@
 #include "menu/MenuSave.h"
 
 #include "menu/MenuFile.h"
-#include "platform/TextFile.h"
 
 namespace korvex {
 
@@ -20,13 +19,10 @@ void MenuSave::onRead(const Outcome& outcome) {
 }
 
 Outcome::Kind MenuSave::saveMenuFile() {
-    const auto file = m_terminal.askForFile(
-        {FileDialogRequest::Mode::Save, "Save FT-2000 Menu", "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", "txt"});
-    if (!file) return Outcome::Kind::Cancelled;
-    if (const auto failure = textfile::write(*file, menuFileText(answers()))) {
-        m_terminal.tellFileError(*failure, {.pathNotFound = "Path wrong "});
-        return Outcome::Kind::FileFailed;
-    }
+    const auto saved = m_terminal.saveFile(
+        {FileDialogRequest::Mode::Save, "Save FT-2000 Menu", "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", "mnu"},
+        menuFileText(answers()), {.pathNotFound = "Path wrong "});
+    if (saved != Outcome::Kind::Done) return saved;
     m_terminal.link().received().clear();
     if (const int inPlace = answersInPlace(answers()); inPlace != menuItemCount) {
         // The file is what the radio said, but the owner must know that it is not the whole menu.

@@ -1,6 +1,9 @@
 #include "platform/DialogStart.h"
 
+#include <algorithm>
 #include <filesystem>
+
+#include "base/NumberText.h"
 
 namespace korvex {
 
@@ -26,13 +29,30 @@ fs::path nearestFolder(fs::path path) {
     return path;
 }
 
+/// ".mnu" of "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*": what a file of the asked kind ends in. Empty where any
+/// does.
+std::string ownEnding(const std::string& filter) {
+    const auto pattern = filter.find("|*.");
+    if (pattern == std::string::npos) return {};
+    const auto begin = pattern + 2;
+    const std::string ending = filter.substr(begin, filter.find_first_of("|;", begin) - begin);
+    return ending == ".*" ? "" : ending;
+}
+
+bool isOfItsKind(const fs::path& file, const std::string& ending) {
+    const std::string own = file.extension().string();
+    return ending.empty() || std::equal(own.begin(), own.end(), ending.begin(), ending.end(),
+                                        [](char a, char b) { return asciiLower(a) == asciiLower(b); });
+}
+
 }  // namespace
 
 DialogStart dialogStart(const FileDialogRequest& request) {
     const fs::path remembered(request.start);
     if (isFolder(remembered)) return {remembered.string(), {}};
     const bool saving = request.mode == FileDialogRequest::Mode::Save;
-    const bool offered = isThere(remembered) || (saving && remembered.has_extension());
+    const bool offered = isOfItsKind(remembered, ownEnding(request.filter)) &&
+                         (isThere(remembered) || (saving && remembered.has_extension()));
     return {nearestFolder(remembered).string(), offered ? remembered.filename().string() : std::string()};
 }
 

@@ -17,7 +17,8 @@ struct DialogStart {
 
 /// The remembered path may be a file or a folder, and either may be gone by now: then the nearest folder above it is
 /// taken. A file name is offered when there is such a file, and for saving also when it looks like one (it has an
-/// extension).
+/// extension); and only for its own kind, which the first pattern of the filter tells: several kinds share a path, and
+/// Enter must not put a menu over the memories.
 DialogStart dialogStart(const FileDialogRequest& request);
 
 /// Adds the extension to a file name that has none.

@@ -1,10 +1,12 @@
 #include "terminal/Terminal.h"
 
+#include <filesystem>
 #include <utility>
 
 #include "base/CodePage.h"
 #include "base/Lines.h"
 #include "cat/PortConfiguration.h"
+#include "cat/SaveOutcome.h"
 
 namespace korvex {
 
@@ -99,8 +101,19 @@ void Terminal::cmd3_Click() {
 std::optional<std::string> Terminal::askForFile(FileDialogRequest request) {
     request.start = txtPath;
     auto file = m_needs.fileDialog.show(request);
-    if (file) txtPath = *file;
+    std::error_code ignored;
+    if (file && std::filesystem::is_regular_file(*file, ignored)) txtPath = *file;
     return file;
+}
+
+Outcome::Kind Terminal::saveFile(FileDialogRequest request, std::string_view content, const FileErrorTitles& titles,
+                                 const std::function<bool(const std::string& file)>& mayReplace) {
+    request.start = txtPath;
+    const Saved saved = saveByDialog(
+        m_needs.fileDialog, std::move(request), content,
+        [&](const RuntimeError& error) { tellFileError(error, titles); }, mayReplace);
+    if (saved.file) txtPath = *saved.file;
+    return outcomeOf(saved);
 }
 
 void Terminal::tellFileError(const RuntimeError& error, const FileErrorTitles& titles) {
@@ -118,7 +131,8 @@ void Terminal::mnu_print_Click() {
     const auto file = askForFile(
         {FileDialogRequest::Mode::Open, "Open File of FT-2000", "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", ""});
     if (!file) return;
-    if (const auto failure = m_needs.shell.openTextEditor(*file)) tellFileError(*failure);
+    if (const auto failure = m_needs.shell.openTextEditor(*file)) return tellFileError(*failure);
+    txtPath = *file;
 }
 
 void Terminal::mnu_bandStack_Click() {

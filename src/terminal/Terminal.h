@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -7,6 +8,7 @@
 
 #include "base/Property.h"
 #include "cat/CatLink.h"
+#include "cat/Outcome.h"
 #include "cat/PhaseFlag.h"
 #include "platform/Clock.h"
 #include "platform/FileDialog.h"
@@ -72,8 +74,13 @@ public:
 
     CatLink& link() { return m_needs.link; }
     MsgBox& msgBox() { return m_needs.msgBox; }
-    /// Asks for a file, starting from the remembered save path; the chosen file becomes the remembered one.
+    /// Asks for a file to read, starting from the remembered path; a chosen file that is there becomes the remembered
+    /// one.
     std::optional<std::string> askForFile(FileDialogRequest request);
+    /// Asks for a file to write, starting from the remembered path, and writes it. A failure is told and another name
+    /// asked for; only a file that was written becomes the remembered one.
+    Outcome::Kind saveFile(FileDialogRequest request, std::string_view content, const FileErrorTitles& titles = {},
+                           const std::function<bool(const std::string& file)>& mayReplace = {});
     /// Tells a file error in a box whose title is chosen by the error number.
     void tellFileError(const RuntimeError& error, const FileErrorTitles& titles = {});
 

@@ -84,7 +84,7 @@ TEST_F(WholeBackup, SavesTheRadioAndLeavesWhatTheWindowsHold) {
     program.memory.table.set(50, "MR05014250000+000000200080;");
     program.keyerWindow.table().setText(2, WireText(std::string("TYPED")));
     program.bandStackWindow.Form_Load();
-    program.bandStackWindow.stack().setWireText(3, 3, "TYPED");
+    program.bandStackWindow.stack().show(3, 3, "TYPED");
     program.menuManager.FlexGrid1.setTextMatrix(5, 5, "typed");
     program.terminal.term3_KeyPress("F");
     const std::string before = everythingInTheWindows(program);

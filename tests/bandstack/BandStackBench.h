@@ -13,19 +13,17 @@ namespace korvex {
 template <class Ports>
 struct BandStackBench : fakes::ProgramBench<Ports> {
     BandStackWindow window{
-        {this->program.terminal, this->clock, this->settings, this->fileDialog, this->msgBox, this->folder.path()}};
-    std::vector<TransferEnd> ends;
+        {this->program.link, this->clock, this->settings, this->fileDialog, this->msgBox, this->folder.path()}};
+    std::vector<Outcome::Kind> ends;
     Connections events;
 
     BandStackBench() {
-        events += window.reader().ended.connect([this](TransferEnd end) { ends.push_back(end); });
-        events += window.writer().ended.connect([this](TransferEnd end) { ends.push_back(end); });
+        events += window.readEnded.connect([this](const Outcome& end) { ends.push_back(end); });
+        events += window.writer().ended.connect([this](const Outcome& end) { ends.push_back(end); });
         window.Form_Load();
     }
     std::string cell(int row, int column) { return window.stack().FlexGrid1.TextMatrix(row, column); }
-    void setCell(int row, int column, const std::string& text) {
-        window.stack().FlexGrid1.setTextMatrix(row, column, text);
-    }
+    void setCell(int row, int column, const std::string& wire) { window.stack().show(row, column, wire); }
     ActiveOperation operation() { return this->program.link.activeOperation(); }
 };
 

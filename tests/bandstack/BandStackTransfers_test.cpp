@@ -57,7 +57,7 @@ TEST_F(BandStackTransferTest, ReadsTwentyTwoAnswersOfEachRegister) {
     ASSERT_EQ(line.writes.size(), 33U * 23);
     EXPECT_EQ(line.writes.at(32 * 23), (Write{32 * perRegister, "BS10;"}));
     EXPECT_EQ(line.writes.back(), (Write{32 * perRegister + 2150, "AN0;"}));
-    EXPECT_EQ(bench.ends, std::vector{TransferEnd::Cancelled});
+    EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::Cancelled});
     EXPECT_EQ(bench.operation(), ActiveOperation::Idle);
     EXPECT_FALSE(bench.program.progress.visible);
     EXPECT_FALSE(window.reader().running());
@@ -74,10 +74,13 @@ TEST_F(BandStackTransferTest, ASilentRadioIsAskedAgainUntilThePortCloses) {
     line.forgetWrites();
     clock.advance(5000);
     EXPECT_EQ(line.story(), "");
-    EXPECT_EQ(bench.ends, std::vector{TransferEnd::PortClosed});
-    EXPECT_EQ(bench.operation(), ActiveOperation::BandStackRead);
+    EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::PortClosed});
+    EXPECT_EQ(bench.operation(), ActiveOperation::Idle);
     EXPECT_EQ(clock.armedTimers(), 0U);
-    window.mnu_readBandStack_Click();  // with the port closed the grid is new and nothing is sent
+    bench.setCell(1, 1, "kept");
+    window.mnu_readBandStack_Click();  // with the port closed nothing is sent, and nothing lost
+    EXPECT_EQ(bench.cell(1, 1), "kept");
+    bench.msgBox.foresee("32 of 33 registers are empty: 00.2 to 10.3. 1 is incomplete: 00.1.", MsgAnswer::Yes);
     window.mnu_writeBandStack_Click();
     clock.advance(5000);
     EXPECT_EQ(line.story(), "");
@@ -107,8 +110,8 @@ TEST_F(BandStackTransferTest, AnswersAreStoredAsTheyComeAndAutomaticsMadeSettabl
 TEST_F(BandStackTransferTest, WhatComesLateTwiceOrUnaskedMovesNoRow) {
     const auto expectRegisters = [this](int last) {
         for (int column = 1; column <= last; ++column) {
-            for (int row = 1; row <= BandStack::lastQueried; ++row) {
-                const std::string query = window.stack().wireText(row, 0);
+            for (int row = 1; row <= BandStackCells::lastQueried; ++row) {
+                const std::string query = bench.cell(row, 0);
                 const std::string answer = query == "KR;" ? "?;" : query.substr(0, query.size() - 1) + "2;";
                 ASSERT_EQ(bench.cell(row, column), answer) << "row " << row << " of register " << column;
             }
@@ -154,7 +157,7 @@ TEST_F(BandStackWriteTest, SendsEachCellEvery100msThenSetsTheAntennaRight) {
     EXPECT_EQ(line.writes.at(0), (Write{50, "BS00;\r\n"}));
     EXPECT_EQ(line.writes.at(1), (Write{150, "AC;\r\n"}));
     EXPECT_EQ(line.writes.at(22), (Write{2250, "AN01;\r\n"}));  // cut to the form that sets
-    EXPECT_EQ(window.stack().Text3.get(), "AN01;\r\n");
+    EXPECT_EQ(window.Text3.get(), "AN01;\r\n");
     EXPECT_EQ(bench.error(), "Writing Band Stack Regiters");
     EXPECT_EQ(bench.program.link.sent().text(), "AN0123;");
     clock.advance(3250);
@@ -171,23 +174,80 @@ TEST_F(BandStackWriteTest, SendsEachCellEvery100msThenSetsTheAntennaRight) {
     EXPECT_EQ(line.writes.back(), (Write{32 * 3450 + 3250, "AN05;"}));
     EXPECT_EQ(bench.error(), "Terminated");
     EXPECT_EQ(bench.program.link.lineWritten.get(), "Terminated");
-    EXPECT_EQ(bench.ends, std::vector{TransferEnd::Done});
+    EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::Done});
     EXPECT_EQ(bench.operation(), ActiveOperation::Idle);
     EXPECT_FALSE(window.writer().running());
 
-    // A second write finds the answers of the first and goes on at once with the commands of the first.
+    // A second write finds nothing of the first: it asks anew, and where the antenna is right it does nothing.
+    antenna = "AN0120;";
     line.forgetWrites();
-    line.answer = nullptr;
     window.mnu_writeBandStack_Click();
+    EXPECT_EQ(bench.cell(23, 1) + bench.cell(24, 1), "");
     clock.advance(150'000);
-    EXPECT_EQ(count("AN05;"), 32);
-    EXPECT_EQ(line.writes.size(), 33U * 24 + 32);
+    EXPECT_EQ(count("AN0;"), 33);
+    EXPECT_EQ(count("AN05;"), 1);  // the register that differs now
+    EXPECT_EQ(bench.cell(23, 1) + bench.cell(24, 1), "AN0120;");
+}
+
+TEST_F(BandStackWriteTest, TheReceiveAntennaIsToggledOnlyWhereBothSidesTellItAndDiffer) {
+    for (const auto& [stored, present] :
+         {std::pair("", "AN0110;"), std::pair("AN01;", "AN0110;"), std::pair("?;", "AN010;"),
+          std::pair("AN010;", "AN01;"), std::pair("AN0110;", "AN0110;"), std::pair("AN05;", "AN010;")}) {
+        for (int column = 1; column <= 33; ++column) bench.setCell(22, column, stored);
+        antenna = present;
+        line.forgetWrites();
+        window.mnu_writeBandStack_Click();
+        clock.advance(150'000);
+        EXPECT_EQ(count("AN05;") + count("AN05;\r\n"), 0) << stored << present;
+        EXPECT_EQ(line.writes.size(), 33U * 24);
+        EXPECT_EQ(bench.ends.back(), Outcome::Kind::Done);
+    }
+}
+
+TEST_F(BandStackWriteTest, EmptyRegistersAreAskedForBeforeAnythingIsSent) {
+    for (int row = 1; row <= 22; ++row) {
+        for (int column = 16; column <= 33; ++column)
+            bench.setCell(row, column, column > 16 || row > 5 ? "" : "AC000;");
+        bench.setCell(row, 2, "");
+    }
+    for (const bool yes : {false, true}) {
+        bench.msgBox.foresee("18 of 33 registers are empty: 00.2, 05.2 to 10.3. 1 is incomplete: 05.1.",
+                             yes ? MsgAnswer::Yes : MsgAnswer::No);
+        window.mnu_writeBandStack_Click();
+        EXPECT_EQ(bench.msgBox.shown.back().buttons, MsgButtons::YesNoCareful);
+        clock.advance(300);
+        EXPECT_EQ(line.writes.empty(), !yes);
+    }
+}
+
+TEST_F(BandStackWriteTest, ARadioThatDoesNotTellItsAntennaIsAskedThreeTimes) {
+    antenna = "?;";
+    bench.msgBox.foresee("The radio refused at register 2 of 33; register 1 is in the radio.");
+    window.mnu_writeBandStack_Click();
+    clock.advance(3'640);
+    antenna = "AN0120;";  // it was busy
+    clock.advance(3'000);
+    EXPECT_EQ(count("AN0;"), 2);
+    antenna = "?;";
+    clock.advance(10'000);
+    EXPECT_EQ(count("AN0;"), 2 + 3);
+    EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::Refused});
+    EXPECT_EQ(bench.operation(), ActiveOperation::Idle);
+
+    antenna = "";
+    line.forgetWrites();
+    bench.msgBox.foresee("The radio has stopped answering at register 1 of 33");
+    window.mnu_writeBandStack_Click();
+    clock.advance(60'000);
+    EXPECT_EQ(line.story().substr(line.story().find("AN0;") - 5), "2850 AN0;|5650 AN0;|8450 AN0;");
+    EXPECT_EQ(bench.ends.back(), Outcome::Kind::NoAnswer);
+    EXPECT_FALSE(bench.program.progress.visible);
+    EXPECT_NE(bench.error().find("AN0;"), std::string::npos) << bench.error();
 }
 
 TEST_F(BandStackWriteTest, NothingThatWasReadKeysTheTransmitter) {
     bench.setCell(1, 1, "AC002;");
     bench.setCell(2, 1, "TX1;");
-    bench.setCell(23, 0, "");
     window.mnu_writeBandStack_Click();
     bench.clock.advance(6'000);
     const std::string written = line.written();
@@ -208,41 +268,49 @@ TEST_F(BandStackWriteTest, ARefusedRegisterSkipsThreeColumns) {
     EXPECT_EQ(count("BS02;\r\n"), 2);
     EXPECT_EQ(count("BS10;\r\n"), 0);
     EXPECT_EQ(bench.error(), "Terminated");
-    EXPECT_EQ(bench.ends, std::vector{TransferEnd::Done});
+    EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::Done});
 }
 
-TEST_F(BandStackWriteTest, AClosedPortStopsTheCellsAndOnlyHoldsTheAntennaStep) {
-    window.mnu_writeBandStack_Click();
-    clock.advance(1000);
-    bench.program.link.togglePort();
-    clock.advance(100);
-    EXPECT_FALSE(window.writer().running());
-    EXPECT_EQ(bench.ends, std::vector{TransferEnd::PortClosed});
+TEST_F(BandStackWriteTest, AClosedPortEndsItWhereverItStands) {
+    for (const int ms : {1'000, 2'400, 2'900, 3'300}) {
+        window.mnu_writeBandStack_Click();
+        clock.advance(ms);
+        bench.program.link.togglePort();
+        EXPECT_FALSE(window.writer().running());
+        EXPECT_EQ(bench.ends.back(), Outcome::Kind::PortClosed);
+        line.forgetWrites();
+        line.answer = nullptr;
+        bench.program.link.togglePort();
+        clock.advance(10'000);
+        EXPECT_EQ(line.story(), "0 FA;\r\n");
+    }
+}
 
-    bench.openPort();
-    line.forgetWrites();
-    antenna = "";
+TEST_F(BandStackWriteTest, NoiseAndAnEchoAreNoAntennaAndWhatFollowsTheAnswerIsNotLookedAt) {
+    antenna =
+        "AN0;\xff\xfe"
+        "AN0120;AN0110;";
     window.mnu_writeBandStack_Click();
-    clock.advance(60'000);
-    EXPECT_EQ(line.writes.back(), (Write{2850, "AN0;"}));  // waits for an answer without asking again
-    line.feed("AN0123;AN0110;");                           // what follows the answer is not looked at
-    EXPECT_EQ(bench.cell(23, 1), "AN0123;");
-    clock.advance(1000);
+    clock.advance(4'000);
+    EXPECT_EQ(bench.cell(23, 1), "AN0120;");
     EXPECT_EQ(count("AN05;"), 0);
     EXPECT_EQ(count("BS00;\r\n"), 2);
 }
 
-TEST_F(BandStackWriteTest, TheTransferThatStartsLastOwnsTheCursor) {
+TEST_F(BandStackWriteTest, WhoHasTheLineIsAskedBeforeItStops) {
     window.mnu_readBandStack_Click();
     clock.advance(500);
+    for (int column = 1; column <= 33; ++column) {
+        for (int row = 1; row <= 22; ++row) bench.setCell(row, column, bench.cell(row, 0));
+    }
+    bench.msgBox.foresee("Reading the band stack, register 1 of 33. Stop it?", MsgAnswer::No);
+    window.mnu_writeBandStack_Click();
+    EXPECT_TRUE(window.reader().running());
+    bench.msgBox.foresee("Reading the band stack, register 1 of 33. Stop it?", MsgAnswer::Yes);
     window.mnu_writeBandStack_Click();
     EXPECT_FALSE(window.reader().running());
-    clock.advance(2400);
-    window.mnu_readBandStack_Click();
-    line.forgetWrites();
-    clock.advance(5000);
-    EXPECT_FALSE(window.writer().running());
-    EXPECT_EQ(count("AC;"), static_cast<int>(line.writes.size()));
+    EXPECT_TRUE(window.writer().running());
+    EXPECT_EQ(bench.ends.back(), Outcome::Kind::Cancelled);
 }
 
 /// Read, turn the radio over, write back, read again: the second file is the first.
@@ -281,33 +349,6 @@ TEST(BandStackWithARadio, ARestoreBringsTheRegistersBack) {
     }
     EXPECT_TRUE(read() == first);  // no cell differs: this radio answers what it can be set to
     EXPECT_EQ(bench.ports.radio().timesKeyed, 0);
-}
-
-/// The port goes while the write is about to ask for the antenna, and comes back.
-TEST_F(BandStackWriteTest, TheAntennaStepGoesOnAfterTheTestOfANewPortUnlessSomethingElseWasStarted) {
-    for (const bool somethingElse : {false, true}) {
-        window.mnu_writeBandStack_Click();
-        clock.advance(2400);
-        bench.program.link.togglePort();
-        clock.advance(10'000);
-        line.answer = [](std::string_view wire) {
-            return wire.starts_with("FA") ? "FA014195000;"
-                   : wire == "AN0;"       ? "\xff\xfe"
-                                            "AN0110;"
-                                          : "";
-        };
-        line.forgetWrites();
-        bench.openPort();
-        EXPECT_EQ(line.story(), "0 FA;\r\n");
-        EXPECT_NE(bench.program.link.received().text().find("Communication OK"), std::string::npos);
-        if (somethingElse) bench.program.keyerWindow.readKeyer();
-        clock.advance(3'000);
-        EXPECT_EQ(count("AN0;"), somethingElse ? 0 : 1);
-        EXPECT_EQ(count("BS00;\r\n"), somethingElse ? 0 : 1);
-        EXPECT_EQ(window.writer().running(), !somethingElse);
-        bench.program.link.closePort();
-        bench.openPort();
-    }
 }
 
 }  // namespace

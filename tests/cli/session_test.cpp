@@ -103,6 +103,11 @@ TEST(Session, SavesAndRestoresTheBandStackAndGivesASilentRadioUp) {
     EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), 27);
     EXPECT_EQ(bench.run({"-s", "38400,n,8,2", "restore", "bandstack", file}), ExitCode::Done);
     EXPECT_EQ(bench.run({"restore", "bandstack", bench.folder.file("missing.bsr")}), ExitCode::File);
+    fakes::writeFile(bench.folder.file("half.bsr"), saved.substr(0, saved.find("\n|ML0;") + 1));
+    EXPECT_EQ(bench.run({"restore", "bandstack", bench.folder.file("half.bsr")}), ExitCode::File);
+    EXPECT_EQ(bench.sent, "");
+    EXPECT_NE(bench.err.str().find("33 of 33 registers are incomplete: 00.1 to 10.3."), std::string::npos);
+    EXPECT_EQ(bench.run({"--force", "restore", "bandstack", bench.folder.file("half.bsr")}), ExitCode::Done);
     bench.ports.faults().deafAfter = 100;
     EXPECT_EQ(bench.run({"save", "bandstack", bench.folder.file("other.bsr")}), ExitCode::Answers);
     EXPECT_FALSE(std::filesystem::exists(bench.folder.file("other.bsr")));

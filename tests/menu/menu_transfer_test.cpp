@@ -152,12 +152,23 @@ TEST_F(MenuTransferTest, ACancelledDialogOrABadFolderLeavesNoFile) {
     const auto saveTo = [this](const std::string& path, const std::string& title) {
         bench.fileDialog.choose(path);
         bench.msgBox.foresee(path);
+        bench.fileDialog.cancel();  // the other name that it asks for
         program.menuSave.saveMenuFile();
         EXPECT_EQ(bench.msgBox.shown.back().title, title);
         EXPECT_EQ(bench.msgBox.shown.back().icon, MsgIcon::Stop);
     };
     saveTo(bench.folder.file("missing/shack.mnu"), "Path wrong ");
     saveTo(bench.folder.path(), "Path wrong");
+
+    const std::string other = bench.folder.file("shack.mnu");
+    bench.fileDialog.choose(bench.folder.file("missing/shack.mnu"));
+    bench.msgBox.foresee("missing");
+    bench.fileDialog.choose(other);
+    program.menuSave.saveMenuFile();
+    const std::string saved = fakes::fileContent(other);
+    EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), 149);
+    EXPECT_EQ(program.terminal.txtPath.get(), other);
+    EXPECT_EQ(bench.fileDialog.shown.back().defaultExtension, "mnu");
 }
 
 TEST_F(MenuTransferTest, RestoresALineEvery100MsAndSaysTerminated) {

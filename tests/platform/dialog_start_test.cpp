@@ -29,6 +29,18 @@ TEST(DialogStart, FindsItsWayFromWhatIsLeftOfTheRememberedPath) {
     }
     EXPECT_EQ(start(Mode::Save, folder + "/gone.mnu"), (DialogStart{folder, "gone.mnu"}));
     EXPECT_EQ(start(Mode::Open, folder + "/gone.mnu"), (DialogStart{folder, ""}));
+    for (const auto mode : {Mode::Open, Mode::Save}) {
+        const auto ofKind = [&](const std::string& remembered, const std::string& filter) {
+            return dialogStart({mode, {}, filter, remembered, {}});
+        };
+        const std::string menus = "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*";
+        const std::string memories = "Flat File (*.mem)|*.mem|All Files (*.*)|*.*";
+        EXPECT_EQ(ofKind(folder + "/home.mnu", menus), (DialogStart{folder, "home.mnu"}));
+        EXPECT_EQ(ofKind(folder + "/home.mnu", memories), (DialogStart{folder, ""}));
+        EXPECT_EQ(ofKind(folder + "/home.mnu", "All Files (*.*)|*.*"), (DialogStart{folder, "home.mnu"}));
+    }
+    EXPECT_EQ(dialogStart({Mode::Save, {}, "Flat File (*.mnu)|*.mnu;*.txt", folder + "/NEW.MNU", {}}),
+              (DialogStart{folder, "NEW.MNU"}));
     fs::remove_all(root);
 }
 

@@ -194,12 +194,11 @@ void prepareBandStack(TroubleBench& bench) {
 /// begins.
 std::string bandStackGrid(TroubleBench& bench) {
     constexpr int frequencyRow = 10;
-    const auto& stack = bench.program.bandStackWindow.stack();
+    const BandStackCells cells = bench.program.bandStackWindow.stack().cells();
     std::string text;
-    for (int row = 1; row <= BandStack::lastQueried; ++row) {
-        for (int column = 1; column < BandStack::columns; ++column) {
-            text += stack.wireText(frequencyRow, column) + " " + std::to_string(row) + " " +
-                    stack.wireText(row, column) + "\n";
+    for (int row = 1; row <= BandStackCells::lastQueried; ++row) {
+        for (int column = 1; column < BandStackCells::columns; ++column) {
+            text += cells.at(frequencyRow, column) + " " + std::to_string(row) + " " + cells.at(row, column) + "\n";
         }
     }
     return text;

@@ -39,7 +39,7 @@ TroubleBench::TroubleBench() {
     listenTo("memory list reader", program.memory.listReader.ended);
     listenTo("memory restorer", program.memory.restorer.ended);
     listenTo("memory list writer", program.memory.listWriter.ended);
-    listenTo("band stack reader", bandStack.reader().ended);
+    listenTo("band stack reader", bandStack.readEnded);
     listenTo("band stack writer", bandStack.writer().ended);
     listenTo("keyer reader", keyer.reader().ended);
     listenTo("keyer writer", keyer.writer().ended);

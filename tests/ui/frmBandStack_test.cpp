@@ -32,7 +32,7 @@ struct BandStackFormTest : testing::Test {
 
     fakes::ProgramBench<SimulatedPorts> bench;
     BandStackWindow logic{
-        {bench.program.terminal, bench.clock, bench.settings, bench.fileDialog, bench.msgBox, bench.folder.path()}};
+        {bench.program.link, bench.clock, bench.settings, bench.fileDialog, bench.msgBox, bench.folder.path()}};
     frmBandStack form{logic, bench.program.link, bench.settings};
     FlexGridView* grid = find<FlexGridView>("FlexGrid1");
 };
@@ -62,7 +62,7 @@ TEST_F(BandStackFormTest, ReadsTheRadioFromItsMenuAndShowsItInTheGrid) {
     find<QAction>("mnu_writeBandStack")->trigger();
     QApplication::processEvents();
     bench.clock.advance(150);
-    EXPECT_EQ(find<QLineEdit>("Text3")->text().toStdString(), logic.stack().wireText(1, 1));
+    EXPECT_EQ(find<QLineEdit>("Text3")->text().toStdString(), logic.stack().cells().at(1, 1));
 }
 
 TEST_F(BandStackFormTest, ItsHeightFollowsItsRowsAndItsGridItsWidth) {
@@ -90,11 +90,7 @@ TEST_F(BandStackFormTest, ACancelledLoadShowsZeroOnYellowAndNoiseHoldsNothingUp)
     picture("bandstack-cancelled.png");
     EXPECT_EQ(find<QLabel>("Label2")->grab().toImage().pixelColor(3, 5), QColor(Qt::yellow));
 
-    const std::string file = bench.folder.file("noise.bsr");
-    fakes::writeFile(file, "|" + std::string(1 << 20, 'x') + "|" + std::string(1 << 20, 'W') + "|");
-    bench.fileDialog.choose(file);
-    find<QAction>("mnu_loadDatafromHD")->trigger();
-    QApplication::processEvents();
+    for (int column = 1; column < 3; ++column) logic.stack().show(1, column, std::string(1 << 20, 'W'));
     QElapsedTimer watch;
     watch.start();
     picture("bandstack-noise.png");
