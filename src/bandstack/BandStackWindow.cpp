@@ -50,7 +50,7 @@ void BandStackWindow::listen() {
 
 void BandStackWindow::Form_Load() {
     Text2 = m_needs.settings.get(applicationName, settingsSection, pathKey, m_needs.programFolder + "/files");
-    dateipath = Text2;
+    dateipath = Text2.get();
 }
 
 void BandStackWindow::tellSilence() {

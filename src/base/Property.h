@@ -10,6 +10,9 @@ class Property {
 public:
     Property() = default;
     explicit Property(T value) : m_value(std::move(value)) {}
+    Property(const Property&) = delete;
+    /// Its value is to be had by get(), its handlers by nobody.
+    Property& operator=(const Property&) = delete;
 
     const T& get() const { return m_value; }
     operator const T&() const { return m_value; }

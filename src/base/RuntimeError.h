@@ -34,12 +34,14 @@ struct RuntimeError {
     bool operator==(const RuntimeError&) const = default;
 };
 
-/// Nothing when all went well, else what went wrong.
-using Failure = std::optional<RuntimeError>;
+/// Nothing when all went well, else what went wrong. Whoever gets one looks at it.
+struct [[nodiscard]] Failure : std::optional<RuntimeError> {
+    using std::optional<RuntimeError>::optional;
+};
 
 /// A value or the reason why there is none.
 template <class T>
-class Result {
+class [[nodiscard]] Result {
 public:
     Result(T value) : m_content(std::move(value)) {}
     Result(RuntimeError error) : m_content(std::move(error)) {}

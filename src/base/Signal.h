@@ -45,11 +45,16 @@ private:
 };
 
 /// Calls its handlers in the order in which they were connected. A handler may end any connection (its own too),
-/// connect new handlers (called from the next emission on), emit again, and destroy the signal itself.
+/// connect new handlers (called from the next emission on), emit again, and destroy the signal itself. A signal is one
+/// place to listen to: it cannot be copied.
 template <class... Args>
 class Signal {
 public:
     using Handler = std::function<void(Args...)>;
+
+    Signal() = default;
+    Signal(const Signal&) = delete;
+    Signal& operator=(const Signal&) = delete;
 
     Connection connect(Handler handler) {
         auto slot = std::make_shared<Handler>(std::move(handler));

@@ -146,7 +146,7 @@ void EqExchange::showProcessor(bool on) {
 }
 
 Failure EqExchange::switchProcessor(bool on) {
-    m_port.setPortOpen(false);
+    static_cast<void>(m_port.setPortOpen(false));  // closing does not fail
     if (auto failure = openPort()) return failure;
     showProcessor(on);
     m_port.Output(on ? "PR1;" : "PR0;");

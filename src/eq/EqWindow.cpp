@@ -35,7 +35,7 @@ void EqWindow::toggleEqPort() {
 
 void EqWindow::closePort() {
     if (!m_port.PortOpen()) return;
-    m_port.setPortOpen(false);
+    static_cast<void>(m_port.setPortOpen(false));  // closing does not fail
     showPortState();
 }
 

@@ -109,7 +109,7 @@ TEST_F(EqWindowTest, ProcessorButtonNamesThePresentState) {
 TEST_F(EqWindowTest, ThePortOfTheTerminalIsClosedBeforeThisOneOpens) {
     MSComm terminal(ports);
     ASSERT_FALSE(terminal.setPortOpen(true));
-    events += window.exchange().beforeOpen.connect([&] { terminal.setPortOpen(false); });
+    events += window.exchange().beforeOpen.connect([&] { EXPECT_FALSE(terminal.setPortOpen(false)); });
     window.toggleEqPort();
     EXPECT_TRUE(window.isPortOpen());
     window.closePort();

@@ -13,15 +13,15 @@ std::string line(int channel, const std::string& remark = {}) {
 }
 
 /// A list with these channels, remark "R" and the channel.
-MemoryList listOf(std::initializer_list<int> channels) {
-    std::map<int, MemoryRecord> records;
-    for (const int channel : channels) {
-        records[channel] = *parseMemoryString(line(channel, "R" + std::to_string(channel)));
+struct ListOf : MemoryList {
+    ListOf(std::initializer_list<int> channels) {
+        std::map<int, MemoryRecord> records;
+        for (const int channel : channels) {
+            records[channel] = *parseMemoryString(line(channel, "R" + std::to_string(channel)));
+        }
+        replaceAll(records);
     }
-    MemoryList list;
-    list.replaceAll(records);
-    return list;
-}
+};
 
 std::string channelAndRemark(const MemoryList& list, int row) {
     return list.cell(row, MemoryField::Channel) + " " + list.cell(row, MemoryField::Remark);
@@ -49,7 +49,7 @@ TEST(MemoryList, OpensWithASampleThatIsNoChannel) {
 }
 
 TEST(MemoryList, InsertsAndDeletesRowsAndRenumbersWhatIsFilled) {
-    auto list = listOf({1, 2, 4, 99});
+    ListOf list({1, 2, 4, 99});
     list.insertRow(2);
     EXPECT_EQ(channelAndRemark(list, 1), "001 R1");
     EXPECT_TRUE(rowIsEmpty(list, 2));
@@ -63,7 +63,7 @@ TEST(MemoryList, InsertsAndDeletesRowsAndRenumbersWhatIsFilled) {
     EXPECT_EQ(channelAndRemark(list, 2), "002 R2");
     EXPECT_EQ(channelAndRemark(list, 4), "004 R4");
 
-    auto last = listOf({98, 99});
+    ListOf last({98, 99});
     last.insertRow(99);
     EXPECT_EQ(channelAndRemark(last, 98), "098 R98");
     EXPECT_TRUE(rowIsEmpty(last, 99));
@@ -75,7 +75,7 @@ TEST(MemoryList, InsertsAndDeletesRowsAndRenumbersWhatIsFilled) {
 }
 
 TEST(MemoryList, CopiesByPopUpAndKeysAndMarksWhatThePopUpTouches) {
-    auto list = listOf({5, 7});
+    ListOf list({5, 7});
     list.FlexGrid1.setCurrent(12, 1);
     list.FlexGrid1_KeyDown('v');  // nothing copied yet
     EXPECT_TRUE(rowIsEmpty(list, 12));
@@ -104,7 +104,7 @@ TEST(MemoryList, CopiesByPopUpAndKeysAndMarksWhatThePopUpTouches) {
 }
 
 TEST(MemoryList, AReadingKeepsRemarksOfChannelsThatAreStillTheSame) {
-    auto list = listOf({5, 6, 7});
+    ListOf list({5, 6, 7});
     list.setRemark(7, "typed");
     MemoryTable table;
     for (const int channel : {5, 7}) table.set(channel, "MR" + line(channel).substr(2));
@@ -119,7 +119,7 @@ TEST(MemoryList, AReadingKeepsRemarksOfChannelsThatAreStillTheSame) {
 }
 
 TEST(MemoryList, FillsFromTheTableInOneRedrawAndKeepsOtherRows) {
-    auto list = listOf({5, 6});
+    ListOf list({5, 6});
     MemoryTable table;
     table.set(1, "MR00514250000+000000200080;");
     table.set(2, "MR00814250000+000000200080;");
@@ -140,7 +140,7 @@ TEST(MemoryList, FillsFromTheTableInOneRedrawAndKeepsOtherRows) {
 }
 
 TEST(MemoryListFile, KeepsEveryWindows1252RemarkAndTellsWhatItCannotKeep) {
-    auto list = listOf({3, 17});
+    ListOf list({3, 17});
     list.setCell(3, MemoryField::Remark, "Düsseldorf 21° €");
     const auto text = memoryListFileText(list);
     EXPECT_EQ(*text, line(3, "D\xFCsseldorf 21\xB0 \x80") + "\r\n" + line(17, "R17") + "\r\n\r\n");
@@ -187,7 +187,7 @@ TEST(MemoryListFile, TakesNothingThatHasNotTheShapeOfAMemory) {
 }
 
 TEST(MemoryListWriter, SendsOnlyRowsThatAreTheirOwnChannel) {
-    auto list = listOf({5, 6, 7, 8});
+    ListOf list({5, 6, 7, 8});
     EXPECT_EQ(memoryListCommand(list, 5), line(5));
     EXPECT_FALSE(memoryListCommand(list, 9));
     list.setCell(5, MemoryField::Frequency, "00000000");

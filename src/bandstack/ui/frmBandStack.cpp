@@ -117,8 +117,7 @@ QWidget* frmBandStack::makeFields() {
     Text3->setAccessibleName(QStringLiteral("Text being written to the radio"));
     Text3->setReadOnly(true);
     Text3->setFocusPolicy(Qt::ClickFocus);
-    m_connections +=
-        m_logic.Text3.bind([this](const std::string& text) { Text3->setText(fromUtf8(text).trimmed()); });
+    m_connections += m_logic.Text3.bind([this](const std::string& text) { Text3->setText(fromUtf8(text).trimmed()); });
     Label2->setFixedHeight(Text3->sizeHint().height());
     row->addWidget(Label2);
     row->addWidget(Text3, 1);
