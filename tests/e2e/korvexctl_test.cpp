@@ -9,37 +9,143 @@
 namespace korvex {
 namespace {
 
-const std::string simulator = std::string(BINARY_DIR) + "/ft2000sim";
-const std::string korvexctl = std::string(BINARY_DIR) + "/korvexctl --settings /dev/null ";
-
-/// The build without Qt has no korvexctl.
-class KorvexctlOnPty : public testing::Test {
+/// What the programs are to whoever starts them from a shell: signals, streams, and what they print.
+class InTheShell : public testing::Test {
 protected:
     void SetUp() override {
         if (!std::filesystem::exists(std::string(BINARY_DIR) + "/korvexctl")) GTEST_SKIP();
+        ASSERT_EQ(run("mkfifo " + fifo).code, 0);
     }
+    static bool isObeyed(const std::string& text) {
+        return std::any_of(text.begin(), text.end(),
+                           [](char c) { return c >= 0 && c < ' ' && c != '\n' && c != '\t'; });
+    }
+
+    const std::string simulatorProgram = BINARY_DIR "/ft2000sim";
+    const std::string simulator = simulatorProgram + " ";
+    const std::string korvexctl = std::string(BINARY_DIR) + "/korvexctl --settings /dev/null ";
+    fakes::TemporaryFolder folder;
+    const std::string fifo = folder.file("fifo");
 };
 
-TEST_F(KorvexctlOnPty, SavesTheMenuAndRestoresItIntoAnotherRadio) {
-    fakes::TemporaryFolder folder;
+TEST_F(InTheShell, ASignalEndsTheProgramWhateverItWaitsFor) {
+    const std::string saved = folder.file("saved");
+    const std::string restore = korvexctl + "--demo restore menu " + fifo;
+    const auto codeAfter = [](const std::string& signal, const std::string& commandLine) {
+        return run("timeout --preserve-status -k 9 -s " + signal + " 0.8 " + commandLine).code;
+    };
+    EXPECT_EQ(codeAfter("INT", restore), 130);
+    EXPECT_EQ(codeAfter("INT", korvexctl + "--demo save menu " + saved), 130);
+    EXPECT_FALSE(std::filesystem::exists(saved));
+    EXPECT_EQ(codeAfter("HUP", restore), 129);
+    EXPECT_EQ(codeAfter("TERM", simulator + "--log " + fifo), 143);
+    EXPECT_EQ(codeAfter("TERM", simulator), 0);
+    const std::string background = restore + " & p=$!; sleep 0.5; kill -TERM $p; ";
+    EXPECT_EQ(run(background + "sleep 0.4; kill -HUP $p; wait $p").code, 129) << "the second one ends it at once";
+    EXPECT_EQ(run("trap '' HUP; " + korvexctl + "--demo send 'FA;' & p=$!; sleep 0.3; kill -HUP $p; wait $p").code, 0);
+}
+
+TEST_F(InTheShell, OutputThatNobodyGetsIsTold) {
+    for (const std::string what : {"--help", "--version", "--demo ports", "--demo send 'FA;'"}) {
+        const auto outcome = run(korvexctl + what + " >/dev/full");
+        EXPECT_EQ(outcome.code, 5) << what;
+        EXPECT_NE(outcome.output.find("could not be written"), std::string::npos) << outcome.output;
+    }
+    EXPECT_EQ(run(simulator + "--help >/dev/full").code, 1);
+    EXPECT_EQ(run("timeout 5 " + simulator + ">/dev/full").code, 1);
+}
+
+/// No scratch files: a folder that cannot be written is no trouble, and one that holds a backup stays as it is.
+TEST_F(InTheShell, WhatIsReadBackGoesThroughNoFile) {
+    const std::string demo = "TMPDIR=/nowhere " + korvexctl + "--demo ";
+    ASSERT_EQ(run(demo + "save keyer " + folder.file("keyer.kem")).code, 0);
+    for (const std::string name : {"keyer", "radio", "given"}) fakes::writeFile(folder.file(name), "mine");
+    const std::string listing = "cd " + folder.path() + " && rm -f fifo && ls -lid --time-style=full-iso . * && cat *";
+    const std::string before = run(listing).output;
+    const std::string tests = "t() { " + demo + "\"$@\" >/dev/null || echo failed: $*; }; cd " + folder.path() + "; ";
+    EXPECT_EQ(run(tests + "t restore keyer --verify keyer.kem & t compare keyer.kem radio & t restore-all --verify . & "
+                          "cat keyer.kem | t restore keyer --verify - & wait")
+                  .output,
+              std::string("korvexctl: there is no menu.mnu: the radio keeps what it has\n") +
+                  "korvexctl: there is no memory.mem: the radio keeps what it has\n" +
+                  "korvexctl: there is no bandstack.bsr: the radio keeps what it has\n");
+    EXPECT_EQ(run(listing).output, before);
+}
+
+TEST_F(InTheShell, WhatIsOpenAlreadyIsAddedToAndNotReplaced) {
+    const std::string save = korvexctl + "--demo save keyer ";
+    const auto outcome =
+        run("cd " + folder.path() + "; echo head > one; { " + save + "/dev/stdout; echo tail; } >> one & { " + save +
+            "-; echo tail; } > two & " + save + "three & " + save + "fifo & cat fifo > four; wait");
+    EXPECT_EQ(outcome.output, "");
+    const std::string saved = fakes::fileContent(folder.file("three"));
+    EXPECT_EQ(fakes::fileContent(folder.file("one")), "head\n" + saved + "tail\n");
+    EXPECT_EQ(fakes::fileContent(folder.file("two")), saved + "tail\n");
+    EXPECT_EQ(fakes::fileContent(folder.file("four")), saved);
+}
+
+/// Else the radio's port could be what the program prints to.
+TEST_F(InTheShell, NothingThatIsOpenedTakesTheNumberOfAClosedStream) {
+    for (const std::string& program : {korvexctl + "--demo restore menu " + fifo, simulator + "--log " + fifo}) {
+        const auto streams = run(program + " <&- >&- 2>&- & p=$!; sleep 0.4; readlink /proc/$p/fd/0 /proc/$p/fd/1 " +
+                                 "/proc/$p/fd/2; kill -KILL $p");
+        EXPECT_EQ(streams.output, "/dev/null\n/dev/null\n/dev/null\n") << program;
+    }
+}
+
+TEST_F(InTheShell, ARestoreWhoseReaderWentAwayGoesOn) {
+    fakes::SimulatorProcess radio(simulatorProgram);
+    const std::string port = korvexctl + "-r " + radio.device() + " ";
+    std::string texts = "|Mem.|Keyer Text|Char. Count|\r\n";
+    for (const char memory : std::string("12345")) texts.append("|KM").append(1, memory).append(";|73 TU|5|\r\n");
+    fakes::writeFile(folder.file("keyer.kem"), texts);
+    const std::string code = folder.file("code");
+    run("{ " + port + "restore-all --verify " + folder.path() + "; echo $? >" + code + "; } 2>&1 | true");
+    EXPECT_EQ(run(port + "send 'KM5;'").output, "KM573 TU;\n");
+    EXPECT_EQ(fakes::fileContent(code), "5\n");
+}
+
+TEST_F(InTheShell, NothingThatIsPrintedIsObeyedByTheTerminal) {
+    const std::string escape = "'\033[31m\033]0;x\a'";
+    fakes::writeFile(folder.file("state"), "# A simulated FT-2000.\n\033[2J = 1\n");
+    for (const std::string& commandLine :
+         {korvexctl + "-r /dev/" + escape + " send 'FA;'", korvexctl + escape, korvexctl + "save menu /no/" + escape,
+          korvexctl + "--database /no/" + escape + " description export x", simulator + escape,
+          simulator + "--fault " + escape, simulator + "--link /no/" + escape,
+          "timeout 1 " + simulator + "--state " + folder.file("state")}) {
+        const auto outcome = run(commandLine);
+        EXPECT_FALSE(isObeyed(outcome.output)) << outcome.output;
+        EXPECT_NE(outcome.output.find("\u241B["), std::string::npos) << commandLine << outcome.output;
+    }
+}
+
+TEST_F(InTheShell, TheSimulatorKeepsItsStateInNothingButAStateFile) {
+    const std::string diary = folder.file("diary.txt");
+    fakes::writeFile(diary, "Dear diary,\n");
+    EXPECT_EQ(run("timeout 5 " + simulator + "--state " + diary).code, 1);
+    EXPECT_EQ(fakes::fileContent(diary), "Dear diary,\n");
+    EXPECT_EQ(run("timeout 5 " + simulator + "--state " + fifo).code, 1);
+}
+
+TEST_F(InTheShell, SavesTheMenuAndRestoresItIntoAnotherRadio) {
     const std::string file = folder.file("shack.mnu");
     {
-        fakes::SimulatorProcess radio(simulator);
+        fakes::SimulatorProcess radio(simulatorProgram);
         const auto saved = run(korvexctl + "-r " + radio.device() + " -s 38400,n,8,2 save menu " + file);
         ASSERT_EQ(saved.code, 0) << saved.output;
     }
     const std::string content = fakes::fileContent(file);
     EXPECT_EQ(std::count(content.begin(), content.end(), '\n'), 149);
-    fakes::SimulatorProcess other(simulator);
+    fakes::SimulatorProcess other(simulatorProgram);
     const std::string port = korvexctl + "-r " + other.device() + " -s 38400,n,8,2 ";
     EXPECT_EQ(run(port + "send 'EX0010001;EX042099;'").code, 0);
     EXPECT_EQ(run(port + "restore menu " + file).code, 0);
     const auto line42 = content.substr(content.find("EX042"), 10);
+    EXPECT_EQ(run(korvexctl + "-r /dev/ttyNoSuchPort send 'FA;'").code, 3);
     EXPECT_EQ(run(port + "send 'EX042;'").output.substr(0, 9), line42.substr(0, 9));
 }
 
-TEST_F(KorvexctlOnPty, CallsMenuItemsByTheNamesOfTheDescriptionDatabase) {
-    fakes::TemporaryFolder folder;
+TEST_F(InTheShell, CallsMenuItemsByTheNamesOfTheDescriptionDatabase) {
     const std::string one = folder.file("one.mnu");
     const std::string other = folder.file("other.mnu");
     const std::string database = folder.file("names.mdb");
@@ -61,17 +167,6 @@ TEST_F(KorvexctlOnPty, CallsMenuItemsByTheNamesOfTheDescriptionDatabase) {
     EXPECT_EQ(fakes::fileContent(database), before);
     fakes::writeFile(database, "no database");
     EXPECT_EQ(compared().output, numbers);
-}
-
-TEST_F(KorvexctlOnPty, TellsTroubleApart) {
-    fakes::TemporaryFolder folder;
-    EXPECT_EQ(run(korvexctl + "-r /dev/ttyNoSuchPort send 'FA;'").code, 3);
-    fakes::SimulatorProcess deaf(simulator, {"--fault", "deaf"});
-    EXPECT_EQ(run(korvexctl + "-r " + deaf.device() + " save menu " + folder.file("a.mnu")).code, 4);
-    fakes::SimulatorProcess leaving(simulator, {"--fault", "unplugged=40"});
-    EXPECT_EQ(run(korvexctl + "-r " + leaving.device() + " save menu " + folder.file("b.mnu")).code, 3);
-    EXPECT_EQ(run("timeout -s INT 3 " + korvexctl + "--demo save menu " + folder.file("c.mnu")).code, 124);
-    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
 }  // namespace

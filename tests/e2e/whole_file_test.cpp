@@ -1,15 +1,10 @@
 #include <algorithm>
-#include <cmath>
 #include <fstream>
-#include <future>
 #include <gtest/gtest.h>
-#include <iostream>
-#include <random>
 
 #include "KilledProgram.h"
 #include "Shell.h"
 #include "fakes/ProgramBench.h"
-#include "fakes/SimulatorProcess.h"
 
 namespace korvex {
 namespace {
@@ -106,30 +101,6 @@ TEST_F(WholeFile, KilledAtEverySystemCallOfASave) {
     killEverywhere(target, "old");
     killEverywhere(link, "absent");
     EXPECT_TRUE(fs::is_symlink(link));
-}
-
-TEST_F(WholeFile, KilledAtRandomMoments) {
-    using std::chrono::microseconds;
-    const auto begin = std::chrono::steady_clock::now();
-    expectNextSaveWhole();
-    const auto whole = std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - begin);
-    std::mt19937 random(std::random_device{}());
-    std::map<std::string, int> found;
-    for (int i = 0; i < 150; ++i) {
-        putOldFile();
-        KilledProgram saving = exporting(target);
-        // Some of them spread over the whole run, most over the write, which is a small part of it.
-        const double share = std::uniform_real_distribution(0.0, 1.0)(random);
-        const auto time = [&](double part) { return microseconds(std::lround(share * part * double(whole.count()))); };
-        i % 4 == 0 ? saving.killAfter(time(1)) : saving.killAfterFirstFileIn(dir, time(0.12));
-        ++found[kept() + (names(dir).size() > 1 ? " and a leftover" : "")];
-        if (i % 10 == 0) expectNextSaveWhole();
-    }
-    for (const auto& [what, times] : found) {
-        std::cout << times << " times " << what << "\n";
-        EXPECT_TRUE(what.starts_with("old") || what.starts_with("new")) << what;
-    }
-    expectNextSaveWhole();
 }
 
 /// The shell's children may only write files up to so many blocks of 512 bytes: the write fails in its middle, or the
@@ -243,51 +214,6 @@ TEST_F(WholeFile, OntoFoldersAndThroughLinks) {
     }
     EXPECT_EQ(names(dir + "/folder"), std::vector<std::string>{"missing.tsv"});
     EXPECT_EQ(names(dir), (std::vector<std::string>{"dangling", "folder", "link", "lost", "shack.tsv"}));
-}
-
-/// The windows' own ways of saving end in the same place; here the keyer's, each from a radio of its own.
-TEST_F(WholeFile, SavedFromARadio) {
-    fs::create_directory(dir + "/folder");
-    fs::create_symlink("fresh.kem", dir + "/dangling");
-    const auto onItsOwnRadio = [](auto work) {
-        return std::async(std::launch::async, [work] {
-            fakes::SimulatorProcess radio(BINARY_DIR "/ft2000sim");
-            return work(radio.device());
-        });
-    };
-    const auto saveKeyer = [&](const std::string& file) {
-        return onItsOwnRadio([this, file](const std::string& device) {
-            return run(korvexctl + " --settings /dev/null -r " + device + " save keyer " + file);
-        });
-    };
-    const auto killed = [&](int number) {
-        return onItsOwnRadio([this, number](const std::string& device) {
-            fakes::TemporaryFolder own;
-            fakes::writeFile(own.file("shack.kem"), "old");
-            KilledProgram saving(
-                {korvexctl, "--settings", "/dev/null", "-r", device, "save", "keyer", own.file("shack.kem")});
-            saving.killAfterFirstFileIn(own.path(), std::chrono::microseconds(number * 150));
-            fs::remove("/var/lock/LCK..pts_" + fs::path(device).filename().string());  // what it left of the port
-            return fakes::fileContent(own.file("shack.kem"));
-        });
-    };
-    auto ontoFullDisk = saveKeyer("/dev/full");
-    auto ontoFolder = saveKeyer(dir + "/folder");
-    auto throughLink = saveKeyer(dir + "/dangling");
-    std::vector<std::future<std::string>> found;
-    for (int i = 0; i < 5; ++i) found.push_back(killed(i));
-    const auto failed = ontoFullDisk.get();
-    EXPECT_EQ(failed.code, fileExit);
-    EXPECT_NE(failed.output.find("Disk full"), std::string::npos) << failed.output;
-    EXPECT_EQ(ontoFolder.get().code, fileExit);
-    EXPECT_EQ(throughLink.get().code, 0);
-    const std::string whole = fakes::fileContent(dir + "/fresh.kem");
-    EXPECT_NE(whole.find("|KM5;|"), std::string::npos);
-    for (auto& each : found) {
-        const std::string kept = each.get();
-        EXPECT_TRUE(kept == "old" || kept == whole) << kept;
-    }
-    EXPECT_EQ(names(dir), (std::vector<std::string>{"dangling", "folder", "fresh.kem", "shack.tsv"}));
 }
 
 }  // namespace

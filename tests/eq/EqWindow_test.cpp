@@ -46,6 +46,10 @@ TEST_F(EqWindowTest, OpensOnTheStoredSettingsAndReadsAtOnce) {
     auto& third = ports[3];
     window.Form_Load(settings);
     expectClosed();
+    MSComm terminal(ports);
+    ASSERT_FALSE(terminal.setCommPort(3));
+    ASSERT_FALSE(terminal.setPortOpen(true));
+    events += window.exchange().beforeOpen.connect([&] { EXPECT_FALSE(terminal.setPortOpen(false)); });
     window.toggleEqPort();
     EXPECT_TRUE(window.connected.get());
     EXPECT_EQ(window.Label5.get(), "click to close");
@@ -104,20 +108,6 @@ TEST_F(EqWindowTest, ProcessorButtonNamesThePresentState) {
     EXPECT_TRUE(processorOn.get());  // the radio was told nothing
     EXPECT_EQ(line.story(), "");
     expectClosed();
-}
-
-TEST_F(EqWindowTest, ThePortOfTheTerminalIsClosedBeforeThisOneOpens) {
-    MSComm terminal(ports);
-    ASSERT_FALSE(terminal.setPortOpen(true));
-    events += window.exchange().beforeOpen.connect([&] { EXPECT_FALSE(terminal.setPortOpen(false)); });
-    window.toggleEqPort();
-    EXPECT_TRUE(window.isPortOpen());
-    window.closePort();
-    expectClosed();
-    ASSERT_FALSE(terminal.setPortOpen(true));
-    window.Command1_Click(0);
-    EXPECT_TRUE(window.isPortOpen());
-    EXPECT_FALSE(terminal.PortOpen());
 }
 
 TEST_F(EqWindowTest, TheBoxClosesAtOnceAndTheMenuHalfASecondLater) {

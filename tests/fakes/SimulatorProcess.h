@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -11,7 +12,7 @@ class SimulatorProcess {
 public:
     /// Starts the program at `binary` and waits for the name of its device. When that fails, device() is empty.
     explicit SimulatorProcess(const std::string& binary, const std::vector<std::string>& arguments = {});
-    ~SimulatorProcess();
+    ~SimulatorProcess() { end(); }
     SimulatorProcess(const SimulatorProcess&) = delete;
     SimulatorProcess& operator=(const SimulatorProcess&) = delete;
 
@@ -21,15 +22,14 @@ public:
     /// Ends it as a user would and gives its exit status; -1 when it did not end by itself or was not running.
     int end();
 
-    /// Waits until it ends without being told to, as after a fault that unplugs it; its exit status, -1 after
-    /// `limitMs`.
+    /// Waits until it ends by itself, as after a fault that unplugs it; its exit status, -1 after `limitMs`.
     int waitForEnd(int limitMs);
 
 private:
-    std::string readFirstLine(int from);
+    std::string readLine();
 
     pid_t m_pid = -1;
-    int m_output = -1;
+    std::FILE* m_output = nullptr;
     std::string m_device;
 };
 

@@ -1,11 +1,7 @@
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
-#include <unistd.h>
 
 #include "app/RememberedPaths.h"
-#include "fakes/FakeDialogs.h"
+#include "fakes/ProgramBench.h"
 #include "platform/ProgramFolder.h"
 
 namespace korvex {
@@ -15,24 +11,21 @@ namespace fs = std::filesystem;
 
 class ProgramFolder : public ::testing::Test {
 protected:
-    ~ProgramFolder() override { fs::remove_all(root); }
-
     void write(const fs::path& file, const std::string& content) const {
         fs::create_directories(file.parent_path());
-        std::ofstream(file) << content;
+        fakes::writeFile(file, content);
     }
-    static std::string content(const fs::path& file) {
-        std::ostringstream text;
-        text << std::ifstream(file).rdbuf();
-        return text.str();
-    }
+    static std::string content(const fs::path& file) { return fakes::fileContent(file); }
     std::string helpIn(const fs::path& folder) const { return content(folder / "helpfile/help.html"); }
     std::string make(const std::string& named = {}) const {
-        const auto folder = makeProgramFolder({named, (root / "bin").string(), (root / "home/Korvex").string()});
-        return folder ? folder->path : "failed: " + std::to_string(folder.error().number);
+        const auto made = makeProgramFolder({named, places.program, places.user});
+        return made ? made->path : "failed: " + std::to_string(made.error().number);
     }
 
-    fs::path root = fs::temp_directory_path() / ("korvex-folder-" + std::to_string(::getpid()));
+    fakes::TemporaryFolder temporary;
+    const fs::path root = temporary.path();
+    const fs::path home = root / "home/Korvex";
+    const ProgramPlaces places{{}, (root / "bin").string(), home.string()};
 };
 
 TEST_F(ProgramFolder, OfAnUnpackedProgramIsItsOwn) {
@@ -43,7 +36,6 @@ TEST_F(ProgramFolder, OfAnUnpackedProgramIsItsOwn) {
 }
 
 TEST_F(ProgramFolder, ItsDatabaseIsFoundWithoutMakingAnything) {
-    const ProgramPlaces places{{}, (root / "bin").string(), (root / "home/Korvex").string()};
     fs::create_directories(root / "bin");
     EXPECT_EQ(findDescriptionDatabase(places), "");
     EXPECT_TRUE(fs::is_empty(root / "bin"));
@@ -51,14 +43,13 @@ TEST_F(ProgramFolder, ItsDatabaseIsFoundWithoutMakingAnything) {
     EXPECT_EQ(content(findDescriptionDatabase(places)), "shipped");
     EXPECT_FALSE(fs::exists(root / "home"));
     make();
-    EXPECT_EQ(findDescriptionDatabase(places), (root / "home/Korvex" / descriptionDatabaseName).string());
+    EXPECT_EQ(findDescriptionDatabase(places), (home / descriptionDatabaseName).string());
 }
 
 TEST_F(ProgramFolder, OfAnInstalledProgramIsTheUsersAndFollowsUpdates) {
     fs::create_directories(root / "bin");
     const fs::path shipped = root / "share/korvex/helpfile/help.html";
     write(shipped, "old");
-    const fs::path home = root / "home/Korvex";
     EXPECT_EQ(make(), home.string());
     EXPECT_TRUE(fs::is_directory(home / "files"));
     EXPECT_EQ(helpIn(home), "old");
@@ -87,8 +78,6 @@ TEST_F(ProgramFolder, GetsTheShippedDatabaseWhereThereIsNone) {
 }
 
 TEST_F(ProgramFolder, OfAProgramInABuildTreeIsTheUsersAndWhatLayThereIsMovedWithAWord) {
-    const fs::path home = root / "home/Korvex";
-    const ProgramPlaces places{{}, (root / "bin").string(), home.string()};
     const auto news = [&] { return makeProgramFolder(places)->news; };
     write(root / "CMakeCache.txt", "");
     write(root / "bin/data/FT2000_Menu.mdb", "shipped");

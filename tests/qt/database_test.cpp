@@ -54,6 +54,18 @@ protected:
         return records->Field(number);
     }
 
+    struct Opened {
+        std::unique_ptr<DatabaseConnection> connection;
+        std::unique_ptr<Recordset> records;
+    };
+    Opened opened() {
+        auto connection = database.makeConnection();
+        EXPECT_FALSE(connection->Open(file, password));
+        auto records = connection->makeRecordset();
+        EXPECT_FALSE(records->Open(std::string(description::query)));
+        return {std::move(connection), std::move(records)};
+    }
+
     RuntimeError openFailure(const std::string& path) {
         const auto connection = database.makeConnection();
         const auto failure = connection->Open(path, password);
@@ -68,10 +80,7 @@ protected:
 };
 
 TEST_F(QtDatabaseTest, TheShippedTableIsWhole) {
-    const auto connection = database.makeConnection();
-    ASSERT_FALSE(connection->Open(file, password));
-    const auto records = connection->makeRecordset();
-    ASSERT_FALSE(records->Open(std::string(description::query)));
+    const auto [connection, records] = opened();
     EXPECT_EQ(records->RecordCount(), 190);
     EXPECT_EQ(records->FieldCount(), 15);
     EXPECT_EQ(records->Field(8), "Settings 1");
@@ -97,10 +106,7 @@ TEST_F(QtDatabaseTest, WritesInOneTransactionOrNotAtAll) {
         return failure;
     };
     {
-        const auto connection = database.makeConnection();
-        ASSERT_FALSE(connection->Open(file, password));
-        const auto records = connection->makeRecordset();
-        ASSERT_FALSE(records->Open(std::string(description::query)));
+        const auto [connection, records] = opened();
         ASSERT_FALSE(writeColumn(*connection, *records, "ü 1"));
         // The power fails here: what lies on the disk now is all that is left.
         const std::string crashed = folder.file("crashed.mdb");
@@ -115,10 +121,7 @@ TEST_F(QtDatabaseTest, WritesInOneTransactionOrNotAtAll) {
     run(
         QStringLiteral("CREATE TRIGGER full BEFORE UPDATE ON [Erste Tabelle] WHEN NEW.ID = 100 "
                        "BEGIN SELECT RAISE(ABORT, 'no more'); END"));
-    const auto connection = database.makeConnection();
-    ASSERT_FALSE(connection->Open(file, password));
-    const auto records = connection->makeRecordset();
-    ASSERT_FALSE(records->Open(std::string(description::query)));
+    const auto [connection, records] = opened();
     EXPECT_TRUE(writeColumn(*connection, *records, "2"));
     EXPECT_EQ(connection->Errors.at(0).description, "no more");
     connection->RollbackTrans();
@@ -128,10 +131,7 @@ TEST_F(QtDatabaseTest, WritesInOneTransactionOrNotAtAll) {
 }
 
 TEST_F(QtDatabaseTest, ARecordThatAnotherProgramChangedIsNotOverwritten) {
-    const auto connection = database.makeConnection();
-    ASSERT_FALSE(connection->Open(file, password));
-    const auto records = connection->makeRecordset();
-    ASSERT_FALSE(records->Open(std::string(description::query)));
+    const auto [connection, records] = opened();
     run(QStringLiteral("UPDATE [Erste Tabelle] SET Feld8 = 'theirs' WHERE ID = 2"));
     ASSERT_FALSE(records->setAbsolutePosition(2));
     records->setField(8, "mine");

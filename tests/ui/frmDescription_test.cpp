@@ -1,16 +1,7 @@
 #include "menu/ui/frmDescription.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QStatusBar>
-#include <gtest/gtest.h>
-#include <string>
-
-#include <QtTest/QTest>
 
 #include "desktop/ui/Desktop.h"
 #include "fakes/FakeDialogs.h"
@@ -23,6 +14,7 @@
 #include "platform/qt/QtDatabase.h"
 #include "platform/qtwidgets/FlexGridView.h"
 #include "radio/SimulatedPorts.h"
+#include "ui/Widgets.h"
 
 namespace korvex {
 namespace {
@@ -45,18 +37,14 @@ struct Shack {
 struct Sitting {
     explicit Sitting(Shack& theShack) : shack(theShack) {
         program.windows.menuManager.show();
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (auto* found = qobject_cast<frmDescription*>(window)) form = found;
-        }
+        form = topLevel<frmDescription>("frmDescription");
         grid = find<FlexGridView>("FlexGrid1");
         shack.clock.advance(50);
         QApplication::processEvents();
     }
     template <class T>
     T* find(const char* name) {
-        auto* found = form->findChild<T*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
+        return control<T>(*form, name);
     }
     void openPort() {
         program.terminal.Form_Load();
@@ -71,17 +59,8 @@ struct Sitting {
     void click(Qt::MouseButton button, int row, int col) {
         QTest::mouseClick(grid->viewport(), button, {}, middle(row, col));
     }
-    void choose(const char* entry) {
-        find<QAction>(entry)->trigger();
-        QApplication::processEvents();
-    }
+    void choose(const char* entry) { korvex::choose(*form, entry); }
     MSFlexGrid& cells() { return program.menuManager.FlexGrid1; }
-    /// A picture for whoever works on the window: KORVEX_PICTURES names the folder.
-    void picture(const char* name) {
-        QApplication::processEvents();
-        const auto pictures = qEnvironmentVariable("KORVEX_PICTURES");
-        if (!pictures.isEmpty()) form->grab().save(pictures + QLatin1Char('/') + QLatin1String(name));
-    }
 
     Shack& shack;
     fakes::FakeFileDialog fileDialog;
@@ -99,20 +78,16 @@ TEST(MenuManagerForm, AColumnReadFromTheRadioIsStillThereTheNextTime) {
     std::string value;
     {
         Sitting run(shack);
-        run.picture("manager-start.png");
         EXPECT_FALSE(run.find<QAction>("mnu_readSettings")->isEnabled());
         run.openPort();
         EXPECT_EQ(run.find<QLabel>("portstatus")->text().toStdString(), "RS232 open ");
         run.cells().setTextMatrix(2, 7, "kept");
         run.click(Qt::RightButton, 3, 8);
-        run.picture("manager-column.png");
         run.msgBox.foresee("Do you like to save the Menu Settings now", MsgAnswer::Yes);
         run.choose("mnu_readSettings");
         run.shack.clock.advance(20'000);
         value = run.cells().TextMatrix(35, 8);  // 029
         EXPECT_EQ(value, "1");
-        run.middle(30, 10);
-        run.picture("manager-read.png");
         EXPECT_TRUE(run.program.end());
         EXPECT_EQ(shack.settings.values["Settings/frmDescriptionWidth"], "6500");
     }
@@ -136,16 +111,15 @@ TEST(MenuManagerForm, CellsOfTheSelectedColumnAreEditedSentAndRetitled) {
     ASSERT_TRUE(box && box->isVisible());
     QTest::keyClicks(box, QStringLiteral("6;5"));
     EXPECT_EQ(box->text().toStdString(), "065");
-    run.picture("manager-edit.png");
     QTest::keyClick(box, Qt::Key_Return);
     EXPECT_EQ(run.cells().TextMatrix(53, 7), "065");
 
     // "S" sends and opens nothing.
     run.msgBox.foresee("  no changes  ");
     QTest::keyClicks(run.grid, QStringLiteral("s"));
-    EXPECT_EQ(run.form->statusBar()->findChild<QLineEdit*>(QStringLiteral("Text1"))->text().toStdString(), "EX042;");
+    EXPECT_EQ(control<QLineEdit>(*run.form->statusBar(), "Text1")->text().toStdString(), "EX042;");
     shack.clock.advance(1'000);
-    EXPECT_EQ(run.form->statusBar()->findChild<QLineEdit*>(QStringLiteral("Text2"))->text().toStdString(), "065");
+    EXPECT_EQ(control<QLineEdit>(*run.form->statusBar(), "Text2")->text().toStdString(), "065");
     EXPECT_EQ(shack.ports.radio().answer("EX042;"), "EX042065;");
 
     // An edit that is still open is saved too.
@@ -164,15 +138,15 @@ TEST(MenuManagerForm, CellsOfTheSelectedColumnAreEditedSentAndRetitled) {
     shack.clock.advance(1'000);
     EXPECT_EQ(run.cells().TextMatrix(56, 7), "9");
     EXPECT_EQ(run.cells().TextMatrix(53, 7), "065");
-    run.picture("manager-new-value.png");
     EXPECT_EQ(run.find<QLabel>("Label1")->grab().toImage().pixelColor(2, 2), QColor(Qt::yellow));
 
     run.choose("mnu_editTitle");
     auto* dialog = run.find<QDialog>("frmTitle");
     EXPECT_TRUE(dialog->isVisible());
-    EXPECT_EQ(dialog->findChild<QLineEdit*>(QStringLiteral("Text1"))->text().toStdString(), "Settings 1");
-    dialog->findChild<QLineEdit*>(QStringLiteral("Text1"))->setText(QStringLiteral("Contest"));
-    QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("Command1")), Qt::LeftButton);
+    auto* title = control<QLineEdit>(*dialog, "Text1");
+    EXPECT_EQ(title->text().toStdString(), "Settings 1");
+    title->setText(QStringLiteral("Contest"));
+    click(*dialog, "Command1");
     EXPECT_FALSE(dialog->isVisible());
     EXPECT_EQ(run.cells().TextMatrix(0, 7), "Contest");
 }

@@ -1,19 +1,13 @@
 #include "eq/ui/frmEQ_Set.h"
 
 #include <QAccessible>
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
-#include <QPushButton>
 #include <QSlider>
-#include <QToolButton>
-#include <gtest/gtest.h>
-#include <string>
 
 #include "eq/EqWindow.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/ScriptedDevice.h"
 #include "fakes/VirtualClock.h"
+#include "ui/Widgets.h"
 
 namespace korvex {
 namespace {
@@ -21,19 +15,10 @@ namespace {
 struct EqFormTest : ::testing::Test {
     template <class T>
     T* find(const char* name) {
-        auto* found = window.findChild<T*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
+        return control<T>(window, name);
     }
     QSlider* slider(int item) { return window.findChild<QSlider*>(QStringLiteral("VScroll1_%1").arg(item)); }
     std::string label(const char* name) { return find<QLabel>(name)->text().toStdString(); }
-
-    /// A picture for whoever works on the window: KORVEX_PICTURES names the folder.
-    void picture(const char* name) {
-        QApplication::processEvents();
-        const auto folder = qEnvironmentVariable("KORVEX_PICTURES");
-        if (!folder.isEmpty()) window.grab().save(folder + QLatin1Char('/') + QLatin1String(name));
-    }
 
     fakes::VirtualClock clock;
     fakes::ScriptedPorts ports{clock};
@@ -46,13 +31,11 @@ struct EqFormTest : ::testing::Test {
 
 TEST_F(EqFormTest, SlidersSendEveryValueTheyGiveAndFollowTheRadio) {
     window.show();
-    find<QToolButton>("imgNotConnected")->click();
-    QApplication::processEvents();
+    click(window, "imgNotConnected");
     ASSERT_TRUE(logic.isPortOpen());
     line.feed("EX12501;EX126+01;");
     line.forgetWrites();
     for (int item = 0; item < 9; ++item) EXPECT_EQ(slider(item)->isEnabled(), item < 2) << item;
-    picture("eq-reading.png");
     slider(1)->setSliderDown(true);
     for (const int value : {-1, -2, -3}) slider(1)->setSliderPosition(value);
     slider(1)->setSliderDown(false);
@@ -69,7 +52,6 @@ TEST_F(EqFormTest, SlidersSendEveryValueTheyGiveAndFollowTheRadio) {
 
 TEST_F(EqFormTest, LooksLikeTheEqualizerThatItIs) {
     window.show();
-    picture("eq.png");
     for (std::size_t item = 0; item < eqItemCount; ++item) {
         const auto* control = slider(static_cast<int>(item));
         EXPECT_EQ(control->minimum(), eqItems[item].lowest);
@@ -93,7 +75,6 @@ TEST_F(EqFormTest, LooksLikeTheEqualizerThatItIs) {
     window.resize(437, 367);
     slider(1)->setValue(7);
     slider(4)->setValue(-12);
-    picture("eq-small.png");
     window.resize(600, 600);
     const auto* frame = find<QFrame>("Frame8");
     EXPECT_NEAR(frame->mapTo(&window, QPoint()).x(), 600 - frame->width() * 1.5, 1);
@@ -103,14 +84,12 @@ TEST_F(EqFormTest, IndicatorsFollowThePortAndTheButtonTheProcessor) {
     window.show();
     line.openFailure = RuntimeError{errors::PortAlreadyOpen, "held"};
     msgBox.foresee("held");
-    find<QAction>("comop")->trigger();
-    QApplication::processEvents();
+    choose(window, "comop");
     EXPECT_FALSE(find<QAction>("comop")->isChecked());
     EXPECT_EQ(label("Label5"), "click to open");
 
     line.openFailure.reset();
-    find<QAction>("openPort")->trigger();
-    QApplication::processEvents();
+    choose(window, "openPort");
     EXPECT_TRUE(find<QAction>("comop")->isChecked());
     EXPECT_TRUE(find<QToolButton>("imgConnected")->isVisible());
     EXPECT_FALSE(find<QToolButton>("imgNotConnected")->isVisible());
@@ -128,13 +107,10 @@ TEST_F(EqFormTest, IndicatorsFollowThePortAndTheButtonTheProcessor) {
     auto* off = find<QPushButton>("Command1_0");
     auto* on = find<QPushButton>("Command1_1");
     EXPECT_TRUE(off->isVisible() && !on->isVisible());
-    off->click();
-    QApplication::processEvents();
+    click(window, "Command1_0");
     EXPECT_TRUE(on->isVisible() && !off->isVisible());
     EXPECT_EQ(on->palette().color(QPalette::Button), QColor(0, 255, 0));
-    picture("eq-on.png");
-    on->click();
-    QApplication::processEvents();
+    click(window, "Command1_1");
     EXPECT_TRUE(off->isVisible() && !on->isVisible());
 
     window.close();

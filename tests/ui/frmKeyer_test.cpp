@@ -1,18 +1,14 @@
 #include "keyer/ui/frmKeyer.h"
 
-#include <QAction>
-#include <QApplication>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <gtest/gtest.h>
 #include <memory>
 
 #include "fakes/ScriptedDevice.h"
 #include "keyer/KeyerBench.h"
 #include "keyer/ui/frmInfo.h"
 #include "platform/qtwidgets/FlexGridView.h"
+#include "ui/Widgets.h"
 
 namespace korvex {
 namespace {
@@ -25,20 +21,17 @@ struct frmKeyerTest : testing::Test {
     void makeForm() {
         form = std::make_unique<frmKeyer>(bench.window, bench.program.link, bench.settings);
         form->show();
-        view = form->findChild<FlexGridView*>(QStringLiteral("MSFlexGrid_k1"));
+        view = control<FlexGridView>(*form, "MSFlexGrid_k1");
         view->setFocus();
         QApplication::processEvents();
     }
-    QAction* action(const char* name) const { return form->findChild<QAction*>(QLatin1String(name)); }
-    void choose(const char* name) const {
-        action(name)->trigger();
-        QApplication::processEvents();
-    }
+    QAction* action(const char* name) const { return control<QAction>(*form, name); }
+    void choose(const char* name) const { korvex::choose(*form, name); }
     void key(int code, const QString& text = {}) const {
         QKeyEvent event(QEvent::KeyPress, code, Qt::NoModifier, text);
         QApplication::sendEvent(form->focusWidget(), &event);
     }
-    QLineEdit* box() const { return form->findChild<QLineEdit*>(QStringLiteral("tbFgEdit1")); }
+    QLineEdit* box() const { return control<QLineEdit>(*form, "tbFgEdit1"); }
 
     KeyerBench<fakes::ScriptedPorts> bench;
     std::unique_ptr<frmKeyer> form;
@@ -80,7 +73,7 @@ TEST_F(frmKeyerTest, WhatIsStillBeingTypedIsSavedSentAndKept) {
     EXPECT_EQ(bench.count(1), "2");
     key(Qt::Key_Semicolon, QStringLiteral(";"));
     EXPECT_EQ(box()->text(), QStringLiteral("CQ"));
-    EXPECT_NE(form->findChild<QLabel*>(QStringLiteral("hint"))->text(), QString());
+    EXPECT_NE(control<QLabel>(*form, "hint")->text(), QString());
 
     const std::string file = bench.folder.file("a.kem");
     bench.fileDialog.choose(file);
@@ -118,7 +111,7 @@ TEST_F(frmKeyerTest, InfoShowsItsLines) {
     ASSERT_EQ(lines.size(), 9);
     EXPECT_EQ(lines[4], QStringLiteral(" Set menu 20 to 24 to \" tyP1\""));
     EXPECT_EQ(lines[6], QStringLiteral("Cat commands = \"EX0200;\"   \"EX0210;\"  \"EX0220;\"  "));
-    infos.first()->findChild<QAction*>(QStringLiteral("mnu_close"))->trigger();
+    korvex::choose(*infos.first(), "mnu_close");
     EXPECT_FALSE(infos.first()->isVisible());
 }
 

@@ -1,4 +1,4 @@
-// The way from libFuzzer to the one target that this program has.
+// The way from libFuzzer to the target that this program, "fuzz_NAME", is called after.
 
 #include <csignal>
 #include <cstddef>
@@ -8,7 +8,12 @@
 
 #include "fuzz/Fuzz.h"
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
+static korvex::fuzz::Target target;
+
+extern "C" int LLVMFuzzerInitialize(int*, char*** arguments) {
+    const std::string program = **arguments;
+    const std::string prefix = "fuzz_";
+    target = korvex::fuzz::targets().at(program.substr(program.rfind(prefix) + prefix.size()));
     // An expectation that fails ends the program at once, by a signal that libFuzzer knows: then it keeps the input.
     GTEST_FLAG_SET(break_on_failure, true);
     std::signal(SIGTRAP, [](int) { std::abort(); });
@@ -17,6 +22,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string input(data, data + size);  // of exactly this size, so that the sanitizers see a step beyond it
-    korvex::fuzz::targets().begin()->second(input);
+    target(input);
     return 0;
 }

@@ -5,15 +5,83 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 #include "fakes/ProgramBench.h"
 #include "platform/Descriptor.h"
+#include "platform/DialogStart.h"
+#include "platform/SaveDialog.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
 namespace {
 
 namespace fs = std::filesystem;
+
+TEST(DialogStart, FindsItsWayFromWhatIsLeftOfTheRememberedPath) {
+    const fakes::TemporaryFolder root;
+    const std::string folder = root.path();
+    fakes::writeFile(folder + "/home.mnu", "EX0011;");
+
+    using Mode = FileDialogRequest::Mode;
+    const auto start = [](Mode mode, const std::string& remembered) {
+        return dialogStart({mode, {}, {}, remembered, {}});
+    };
+    for (const auto mode : {Mode::Open, Mode::Save}) {
+        EXPECT_EQ(start(mode, folder), (DialogStart{folder, ""}));
+        EXPECT_EQ(start(mode, folder + "/home.mnu"), (DialogStart{folder, "home.mnu"}));
+        EXPECT_EQ(start(mode, folder + "/gone/deeper"), (DialogStart{folder, ""}));
+        EXPECT_EQ(start(mode, ""), (DialogStart{"", ""}));
+        EXPECT_EQ(start(mode, "never/was"), (DialogStart{"", ""}));
+    }
+    EXPECT_EQ(start(Mode::Save, folder + "/gone.mnu"), (DialogStart{folder, "gone.mnu"}));
+    EXPECT_EQ(start(Mode::Open, folder + "/gone.mnu"), (DialogStart{folder, ""}));
+    for (const auto mode : {Mode::Open, Mode::Save}) {
+        const auto ofKind = [&](const std::string& filter) {
+            return dialogStart({mode, {}, filter + "All Files (*.*)|*.*", folder + "/home.mnu", {}});
+        };
+        EXPECT_EQ(ofKind("Flat File (*.mnu)|*.mnu|"), (DialogStart{folder, "home.mnu"}));
+        EXPECT_EQ(ofKind("Flat File (*.mem)|*.mem|"), (DialogStart{folder, ""}));
+        EXPECT_EQ(ofKind(""), (DialogStart{folder, "home.mnu"}));
+    }
+    EXPECT_EQ(dialogStart({Mode::Save, {}, "Flat File (*.mnu)|*.mnu;*.txt", folder + "/NEW.MNU", {}}),
+              (DialogStart{folder, "NEW.MNU"}));
+}
+
+TEST(DialogStart, AnExtensionIsAddedOnlyWhereThereIsNone) {
+    EXPECT_EQ(withDefaultExtension("/a.b/home", "mnu"), "/a.b/home.mnu");
+    EXPECT_EQ(withDefaultExtension("/a/home.txt", "mnu"), "/a/home.txt");
+    EXPECT_EQ(withDefaultExtension("/a/.hidden", "mnu"), "/a/.hidden.mnu");
+    EXPECT_EQ(withDefaultExtension("/a/home", ""), "/a/home");
+}
+
+TEST(SaveDialog, AFailureIsToldAndAnotherNameAskedForUntilItIsSavedOrCancelled) {
+    fakes::TemporaryFolder folder;
+    fakes::FakeFileDialog dialog;
+    std::vector<int> told;
+    const auto save = [&] {
+        return saveByDialog(dialog, {FileDialogRequest::Mode::Save, "", "", "/start", "mnu"}, "EX0011;\r\n",
+                            [&](const RuntimeError& error) { told.push_back(error.number); });
+    };
+    const std::string gone = folder.file("gone/my.mnu");
+    dialog.choose(gone);
+    dialog.choose(folder.path());
+    dialog.choose(folder.file("my.mnu"));
+    const Saved saved = save();
+    EXPECT_EQ(saved.file, folder.file("my.mnu"));
+    EXPECT_FALSE(saved.failure);
+    EXPECT_EQ(fakes::fileContent(folder.file("my.mnu")), "EX0011;\r\n");
+    EXPECT_EQ(told, (std::vector{errors::PathNotFound, errors::PathFileAccess}));
+    EXPECT_EQ(dialog.shown.at(0).start, "/start");
+    EXPECT_EQ(dialog.shown.at(1).start, gone);
+
+    dialog.choose(gone);
+    dialog.cancel();
+    EXPECT_TRUE(save().failure);
+    dialog.cancel();
+    const Saved cancelled = save();
+    EXPECT_FALSE(cancelled.file || cancelled.failure);
+}
 
 struct TextFile : testing::Test {
     fakes::TemporaryFolder folder;

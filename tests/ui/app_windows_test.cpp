@@ -1,0 +1,212 @@
+#include <QGuiApplication>
+#include <QProgressBar>
+#include <QScreen>
+#include <gtest/gtest.h>
+#include <set>
+#include <vector>
+
+#include "app/ui/ToolWindow.h"
+#include "app/ui/frmAbout.h"
+#include "app/ui/frmProgr.h"
+#include "desktop/ui/Desktop.h"
+#include "fakes/FakeDialogs.h"
+#include "fakes/ProgramBench.h"
+#include "radio/SimulatedPorts.h"
+#include "ui/Widgets.h"
+
+namespace korvex {
+namespace {
+
+struct DesktopTest : testing::Test {
+    DesktopTest() { desktop.showStartWindow(); }
+    void pick(StartWindow::Tool tool) {
+        bench.program.startWindow.Command1_Click(tool);
+        bench.clock.advance(1000);
+        QApplication::processEvents();
+    }
+    static std::vector<ToolWindow*> visible() {
+        std::vector<ToolWindow*> windows;
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            auto* window = qobject_cast<ToolWindow*>(widget);
+            if (window && window->isVisible()) windows.push_back(window);
+        }
+        return windows;
+    }
+    static std::string names() {
+        std::set<std::string> sorted;
+        for (const auto* window : visible()) sorted.insert(window->objectName().toStdString());
+        std::string all;
+        for (const auto& name : sorted) all += name + " ";
+        return all;
+    }
+    static std::string inUse() {
+        const QWidget* active = QApplication::activeWindow();
+        return active ? active->objectName().toStdString() : "none";
+    }
+
+    fakes::ProgramBench<SimulatedPorts> bench;
+    Desktop desktop{bench.program};
+};
+
+TEST_F(DesktopTest, ThePickedToolHasTheKeyboardAndTheTerminalComesWithoutTakingIt) {
+    auto& terminal = bench.program.windows.terminal;
+    int terminalsTurns = 0;
+    const auto counted = terminal.restored.connect([&] { ++terminalsTurns; });
+    const auto expect = [](const std::string& picked, const std::string& all) {
+        const std::string active = inUse();
+        EXPECT_TRUE(active == picked || active == "frmProgr") << active;  // the descriptions are being loaded
+        EXPECT_EQ(names(), all);
+    };
+    pick(StartWindow::MemoryManager);
+    expect("frmMem", "frmChannelinfo frmMem frmTerm frmUtilities ");
+    pick(StartWindow::MenuManager);
+    expect("frmDescription", "frmDescription frmTerm frmUtilities ");
+    pick(StartWindow::Equalizer);
+    expect("frmEQ_Set", "frmEQ_Set frmUtilities ");
+    pick(StartWindow::BandStack);
+    expect("frmBandStack", "frmBandStack frmTerm frmUtilities ");
+    pick(StartWindow::Keyer);
+    expect("frmKeyer", "frmKeyer frmTerm frmUtilities ");
+    EXPECT_EQ(terminalsTurns, 0);
+    pick(StartWindow::Terminal);
+    expect("frmTerm", "frmTerm frmUtilities ");
+    EXPECT_EQ(terminalsTurns, 1);
+}
+
+/// As they come when nothing is remembered, on a screen of 1024 x 768 with its title bar and a panel of the desktop.
+TEST_F(DesktopTest, NoWindowIsTooLargeForASmallScreenAndTheirTitlesAreApart) {
+    std::set<std::pair<int, int>> corners;
+    for (const auto& first : {geometry::startWindow, geometry::terminal, geometry::memoryEditor, geometry::memoryList,
+                              geometry::menuManager, geometry::equalizer, geometry::bandStack, geometry::keyer}) {
+        EXPECT_TRUE(corners.emplace(first.atFirst.left, first.atFirst.top).second) << first.prefix;
+        const auto screen = WindowPlace{0, 0, 1024 * twipsPerPixel, 738 * twipsPerPixel};
+        EXPECT_LE(first.atFirst.left + first.atFirst.width, screen.width) << first.prefix;
+    }
+    for (int tool = 0; tool < StartWindow::toolCount; ++tool) {
+        pick(static_cast<StartWindow::Tool>(tool));
+        for (const auto* window : visible()) {
+            EXPECT_LE(window->minimumSizeHint().width(), 1000) << window->objectName().toStdString();
+            EXPECT_LE(window->minimumSizeHint().height(), 700) << window->objectName().toStdString();
+            const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+            EXPECT_TRUE(screen.contains(window->geometry()))
+                << window->objectName().toStdString() << " at " << window->x() << "," << window->y() << " size "
+                << window->width() << "x" << window->height();
+        }
+    }
+}
+
+struct Window : ToolWindow {
+    Window(const WindowGeometry& rule, SettingsStore& settings) : ToolWindow(rule, settings) { loadPlace(); }
+};
+
+TEST(ToolWindow, WhatWasNotTouchedKeepsItsTwips) {
+    fakes::FakeSettings settings;
+    {
+        Window window(geometry::terminal, settings);
+        window.show();
+        EXPECT_EQ(window.geometry().size(), QSize(433, 567));
+        window.close();
+    }
+    EXPECT_EQ(settings.values["Settings/TermWidth"], "6500");  // no whole number of pixels
+    EXPECT_EQ(settings.values["Settings/TermLeft"], "1000");
+    {
+        Window window(geometry::terminal, settings);
+        window.resize(500, 567);
+        window.close();
+    }
+    EXPECT_EQ(settings.values["Settings/TermWidth"], "7500");
+    EXPECT_EQ(settings.values["Settings/TermHeight"], "8500");
+}
+
+TEST(ToolWindow, OpensInSightWhereverItWasStored) {
+    fakes::FakeSettings settings;
+    settings.values = {
+        {"Settings/TermLeft", "400000"}, {"Settings/TermTop", "400000"}, {"Settings/TermWidth", "470000"}};
+    const Window window(geometry::terminal, settings);
+    EXPECT_TRUE(QGuiApplication::primaryScreen()->availableGeometry().contains(window.geometry()));
+}
+
+TEST(ToolWindow, AMaximizedWindowStoresItsNormalPlace) {
+    fakes::FakeSettings settings;
+    Window window(geometry::terminal, settings);
+    window.show();
+    window.showMaximized();
+    window.close();
+    EXPECT_EQ(settings.values["Settings/TermWidth"], "6500");
+    EXPECT_EQ(settings.values["Settings/TermTop"], "1000");
+    window.showRestored();
+    EXPECT_FALSE(window.isMaximized());
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST(AboutBox, TellsWhatTheProgramIsAndLetsGo) {
+    fakes::FakeShell shell;
+    fakes::FakeMsgBox boxes;
+    QWidget owner;
+    showAbout(&owner, "/proc/self/exe", shell, boxes);
+    auto* box = topLevel<frmAbout>("frmAbout");
+    ASSERT_TRUE(box);
+    EXPECT_TRUE(box->isModal());
+    const auto shown = [&](const char* name) { return control<QLabel>(*box, name)->text(); };
+    EXPECT_TRUE(shown("lblVersion").startsWith(QStringLiteral(" Release  ")));
+    EXPECT_EQ(shown("lblBuilt").size(), 17);
+    EXPECT_TRUE(shown("lblDisclaimer").contains(QStringLiteral("ausschließlich")));
+    // No line of the list breaks within a tool's name.
+    const auto* description = control<QLabel>(*box, "lblDescription");
+    EXPECT_EQ(description->heightForWidth(description->width()), 3 * description->fontMetrics().lineSpacing());
+
+    click(*box, "cmdSysInfo");
+    EXPECT_EQ(shell.started, std::vector<std::string>{"system information"});
+    click(*box, "cmdOK");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(topLevel<frmAbout>("frmAbout"));
+}
+
+TEST(ProgressView, ShowsTheValuesAndCancelsByButtonEscapeAndCloseBox) {
+    ProgressWindow progress;
+    const ProgressView view(progress);
+    int cancelled = 0;
+    const Connection counting = progress.cancelled.connect([&] { ++cancelled; });
+    EXPECT_FALSE(topLevel("frmProgr"));
+    progress.caption = "Restore Menu Settings to FT-2000, with a caption that is wider than the window";
+    progress.maximum = 155;
+    progress.value = 31;
+    progress.detail = "item 31 of 149, about 12 s left";
+    progress.cancellable = true;
+    QWidget inUse;
+    inUse.setGeometry(0, 0, 400, 300);
+    inUse.show();
+    QApplication::setActiveWindow(&inUse);
+    progress.show();
+    auto* window = topLevel("frmProgr");
+    ASSERT_TRUE(window && window->isVisible());
+    EXPECT_GT(window->width(), QFontMetrics(window->font()).horizontalAdvance(window->windowTitle()));
+    EXPECT_FALSE(window->geometry().intersects(inUse.frameGeometry()));
+    EXPECT_EQ(control<QLabel>(*window, "lblDetail")->text().toStdString(), progress.detail.get());
+    const auto* bar = control<QProgressBar>(*window, "ProgressBar1");
+    EXPECT_EQ(bar->maximum(), 155);
+    EXPECT_EQ(bar->value(), 31);
+    progress.value = 160;  // counters may run past the end
+    EXPECT_EQ(bar->value(), 155);
+
+    auto* button = control<QPushButton>(*window, "cmdCancel");
+    click(*window, "cmdCancel");
+    EXPECT_EQ(cancelled, 1);
+    QTest::keyClick(&inUse, Qt::Key_Escape);
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_EQ(cancelled, 3);
+    window->close();
+    EXPECT_EQ(cancelled, 4);
+    EXPECT_FALSE(window->isVisible());
+
+    progress.cancellable = false;
+    progress.show();
+    EXPECT_FALSE(button->isEnabled());
+    QTest::keyClick(&inUse, Qt::Key_Escape);
+    EXPECT_EQ(cancelled, 4);
+    progress.hide();
+    EXPECT_FALSE(window->isVisible());
+}
+
+}  // namespace
+}  // namespace korvex
