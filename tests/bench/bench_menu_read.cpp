@@ -9,6 +9,7 @@
 #include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtSettingsStore.h"
 #include "platform/qt/QtShell.h"
+#include "platform/qtwidgets/QtMsgBox.h"
 #include "radio/SimulatedPorts.h"
 
 namespace korvex::bench {
@@ -19,13 +20,6 @@ public:
     std::string file;
     std::optional<std::string> show(const FileDialogRequest&) override { return file; }
 };
-class NoBox : public MsgBox {
-public:
-    MsgAnswer show(const MsgBoxRequest& request) override {
-        std::fprintf(stderr, "%s\n", request.text.c_str());
-        return MsgAnswer::Ok;
-    }
-};
 
 int run() {
     QTemporaryDir folder;
@@ -35,7 +29,7 @@ int run() {
     ports.cable.idealLine = true;
     OneFile dialog;
     dialog.file = folder.filePath(QStringLiteral("bench.mnu")).toStdString();
-    NoBox msgBox;
+    QtMsgBox msgBox;
     QtShell shell;
     QtDatabase database;
     Program program({clock, ports, settings, dialog, msgBox, shell, database, folder.path().toStdString()});

@@ -1,8 +1,10 @@
 // The program up to its settled start window. Without arguments it ends there, to be timed from outside; with "rest" it
-// stays idle for five seconds and tells what that costs.
+// stays idle for five seconds and tells what that costs; with "empty" it is the yardstick: an empty window of the
+// toolkit.
 
 #include <QDir>
-#include <cstring>
+#include <QMainWindow>
+#include <string_view>
 
 #include "Measure.h"
 #include "app/Program.h"
@@ -28,8 +30,15 @@ void rest() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const bool staysAtRest = argc > 1 && std::strcmp(argv[1], "rest") == 0;
+    const std::string_view what = argc > 1 ? argv[1] : "";
     QApplication application(argc, argv);
+    korvex::bench::WhenSettled settled([what] { what == "rest" ? rest() : QApplication::quit(); });
+    if (what == "empty") {
+        QMainWindow window;
+        window.resize(411, 515);
+        window.show();
+        return QApplication::exec();
+    }
     QApplication::setWindowIcon(korvex::programIcon());
     // Kept from run to run: filling the folder belongs to the very first start alone.
     const QString folder = QDir::temp().filePath(QStringLiteral("korvex-bench"));
@@ -37,12 +46,5 @@ int main(int argc, char** argv) {
     korvex::StartOptions options;
     options.settingsFile = (folder + QStringLiteral("/korvex.ini")).toStdString();
     options.programFolder = folder.toStdString();
-    korvex::bench::WhenSettled settled([staysAtRest] {
-        if (staysAtRest) {
-            rest();
-        } else {
-            QApplication::quit();
-        }
-    });
     return korvex::runProgram(options);
 }

@@ -19,7 +19,7 @@ start_up() {
     local empty=() start=()
     "$bin/bench_start_window" > /dev/null 2>&1  # the very first start fills the program's folder
     for _ in $(seq 21); do
-        empty+=("$(milliseconds "$bin/bench_empty_window")")
+        empty+=("$(milliseconds "$bin/bench_start_window" empty)")
         start+=("$(milliseconds "$bin/bench_start_window")")
     done
     local e s

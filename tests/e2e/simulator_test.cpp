@@ -1,12 +1,10 @@
 #include <array>
-#include <chrono>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <string>
 #include <sys/ioctl.h>
 #include <termios.h>
-#include <thread>
 #include <unistd.h>
 
 #include "Shell.h"
@@ -17,10 +15,6 @@ namespace korvex {
 namespace {
 
 const std::string simulatorProgram = BINARY_DIR "/ft2000sim";
-
-void pass(int ms) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(ms));
-}
 
 /// A program that has the device open and does nothing about the terminal's settings.
 class OpenDevice {
@@ -63,7 +57,7 @@ TEST(PtyTest, EveryProgramFindsAFreshDevice) {
         ASSERT_EQ(::tcsetattr(hasty.fd(), TCSANOW, &settings), 0);
         ::ioctl(hasty.fd(), TIOCEXCL);
     }
-    pass(100);
+    ::usleep(100'000);
     for (int i = 0; i < 3; ++i) {
         const OpenDevice next(simulator.device());
         ASSERT_GE(next.fd(), 0);

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "radio/SimulatedPorts.h"
 
@@ -14,17 +15,77 @@ class TalkativePorts : public SimulatedPorts {
 public:
     using SimulatedPorts::SimulatedPorts;
 
-    std::unique_ptr<SerialDevice> makeDevice(int number) override;
+    std::unique_ptr<SerialDevice> makeDevice(int number) override {
+        return std::make_unique<Device>(*this, SimulatedPorts::makeDevice(number));
+    }
 
     /// These characters come in now, if the port is open. The test is the event loop: call it from outside the
     /// program's calls.
-    void say(std::string_view wire);
-    void changeLine(ModemLine line);
+    void say(std::string_view wire) {
+        if (m_open != nullptr) m_open->say(wire);
+    }
+    void changeLine(ModemLine line) {
+        if (m_open != nullptr) m_open->lineChanged.emit(line);
+    }
 
     std::string written;  ///< through whatever device, in one text
 
 private:
-    class Device;
+    /// The simulated device with a second mouth.
+    class Device : public SerialDevice {
+    public:
+        Device(TalkativePorts& ports, std::unique_ptr<SerialDevice> device)
+            : m_ports(ports), m_device(std::move(device)) {
+            m_connections += m_device->received.connect([this] { received.emit(); });
+            m_connections += m_device->lost.connect([this](const RuntimeError& error) {
+                forget();
+                lost.emit(error);
+            });
+        }
+        ~Device() override { forget(); }
+
+        Failure open(const LineSettings& settings, Handshaking handshaking) override {
+            if (auto failure = m_device->open(settings, handshaking)) return failure;
+            m_ports.m_open = this;
+            return {};
+        }
+        void close() override {
+            forget();
+            m_device->close();
+        }
+        void write(std::string_view wire) override {
+            m_ports.written += wire;
+            m_device->write(wire);
+        }
+        std::string read() override { return m_device->read() + std::exchange(m_said, {}); }
+        std::size_t waiting() const override { return m_device->waiting() + m_said.size(); }
+        std::size_t unsent() const override { return m_device->unsent(); }
+        void discardWaiting() override {
+            m_said.clear();
+            m_device->discardWaiting();
+        }
+        void discardUnsent() override { m_device->discardUnsent(); }
+        void setRts(bool raised) override { m_device->setRts(raised); }
+        void setDtr(bool raised) override { m_device->setDtr(raised); }
+
+        /// Last: a handler may close or destroy this device.
+        void say(std::string_view wire) {
+            m_said += wire;
+            received.emit();
+        }
+
+    private:
+        void forget() {
+            if (m_ports.m_open == this) m_ports.m_open = nullptr;
+            m_said.clear();
+        }
+
+        TalkativePorts& m_ports;
+        std::unique_ptr<SerialDevice> m_device;
+        std::string m_said;
+        Connections m_connections;
+    };
+
     Device* m_open = nullptr;
 };
 

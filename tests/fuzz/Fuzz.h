@@ -4,6 +4,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// A fuzz target: what is done with one hostile input, and what must hold whatever the input is.
 ///
@@ -24,6 +25,19 @@ using Target = void (*)(std::string_view input);
 inline std::map<std::string, Target>& targets() {
     static std::map<std::string, Target> all;
     return all;
+}
+
+/// What stands between one `separator` and the next.
+inline std::vector<std::string> cutAt(char separator, std::string_view input) {
+    std::vector<std::string> parts(1);
+    for (const char c : input) {
+        if (c == separator) {
+            parts.emplace_back();
+        } else {
+            parts.back() += c;
+        }
+    }
+    return parts;
 }
 
 }  // namespace korvex::fuzz

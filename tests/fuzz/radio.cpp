@@ -1,5 +1,4 @@
 #include "fuzz/Fuzz.h"
-#include "fuzz/Parts.h"
 #include "memory/MemoryRecord.h"
 #include "menu/MenuCommandTable.h"
 #include "radio/RadioLine.h"

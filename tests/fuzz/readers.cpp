@@ -14,7 +14,6 @@
 #include "cli/Comparison.h"
 #include "fuzz/Fuzz.h"
 #include "fuzz/Judge.h"
-#include "fuzz/Parts.h"
 #include "keyer/KeyerTable.h"
 #include "memory/MemoryFile.h"
 #include "memory/MemoryListFile.h"

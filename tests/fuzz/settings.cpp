@@ -5,7 +5,6 @@
 #include "fakes/ProgramBench.h"
 #include "fakes/ScriptedDevice.h"
 #include "fuzz/Fuzz.h"
-#include "fuzz/Parts.h"
 #include "platform/PortNumbers.h"
 
 namespace korvex {

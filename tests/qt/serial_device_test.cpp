@@ -1,10 +1,10 @@
 #include <QSocketNotifier>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <termios.h>
@@ -109,13 +109,6 @@ TEST_F(SerialDeviceOnPty, DiscardingWhatIsJustAnnouncedDoesNoHarm) {
     ::close(handle);
 }
 
-std::int64_t cpuMs() {
-    rusage usage{};
-    ::getrusage(RUSAGE_SELF, &usage);
-    return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000 +
-           (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
-}
-
 TEST_F(SerialDeviceOnPty, AnUnpluggedDeviceIsToldOfOnceAndIsQuiet) {
     ASSERT_FALSE(open());
     std::vector<RuntimeError> told;
@@ -128,9 +121,9 @@ TEST_F(SerialDeviceOnPty, AnUnpluggedDeviceIsToldOfOnceAndIsQuiet) {
     pty.unplug();
     EXPECT_TRUE(told.empty());
     EXPECT_TRUE(runUntil([&] { return !told.empty(); }));
-    const auto before = cpuMs();
+    const auto before = std::clock();
     clock.letEventsRun(300);
-    EXPECT_LT(cpuMs() - before, 60);
+    EXPECT_LT(std::clock() - before, 60 * CLOCKS_PER_SEC / 1000);
     ASSERT_EQ(told.size(), 1U);
     EXPECT_EQ(told[0].number, errors::PortGone);
     EXPECT_NE(told[0].text.find(pty.device), std::string::npos);

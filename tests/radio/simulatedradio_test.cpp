@@ -3,40 +3,13 @@
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
-#include <vector>
 
-#include "base/NumberText.h"
 #include "radio/ChannelRecord.h"
 #include "radio/MenuItems.h"
+#include "radio/StateText.h"
 
 namespace korvex {
 namespace {
-
-using Texts = std::vector<std::string>;
-
-/// What a program asks to know one band stack register.
-const Texts registerQueries = {"AC;",  "BC0;", "BP00;", "CO00;", "MD0;", "MD1;", "ML0;", "NA0;",
-                               "NA1;", "FA;",  "FB;",   "GT0;",  "GT1;", "KR;",  "BI;",  "NR0;",
-                               "PA0;", "RA0;", "RF0;",  "NB0;",  "NB1;", "AN0;"};
-
-std::string bandSelect(int band) {
-    return "BS" + zeroPadded(band, 2) + ";";
-}
-
-/// The answers to all queries in each of the 33 registers, in the order in which repeated band steps reach them.
-std::vector<Texts> readBandStack(SimulatedRadio& radio) {
-    std::vector<Texts> registers;
-    for (int i = 0; i < RadioState::bands * RadioState::registersPerBand; ++i) {
-        EXPECT_EQ(radio.answer(bandSelect(i / RadioState::registersPerBand)), "");
-        Texts& answers = registers.emplace_back();
-        for (const auto& query : registerQueries) answers.push_back(radio.answer(query));
-    }
-    return registers;
-}
-
-std::set<Texts> asSet(const std::vector<Texts>& registers) {
-    return {registers.begin(), registers.end()};
-}
 
 /// The command that sets what an answer tells. What the radio chose by itself goes back as "automatic".
 std::string asCommand(std::string answer) {
@@ -143,23 +116,6 @@ TEST(SimulatedRadio, BandStackStepsAndComesBack) {
     EXPECT_EQ(radio.answer("BS02;"), "?;");
 }
 
-TEST(SimulatedRadio, BandStackOfOneRadioGoesIntoAnother) {
-    SimulatedRadio radio;
-    const auto registers = readBandStack(radio);
-    EXPECT_EQ(asSet(registers).size(), 33U);
-    // A band comes back where it was left, so the second walk begins one register later.
-    EXPECT_EQ(readBandStack(radio).at(1), registers.at(0));
-
-    SimulatedRadio other;
-    for (auto& values : other.state.registers) values = other.state.registers.front();
-    for (std::size_t i = 0; i < registers.size(); ++i) {
-        other.answer(bandSelect(static_cast<int>(i) / RadioState::registersPerBand));
-        for (const auto& answer : registers[i]) EXPECT_EQ(other.answer(asCommand(answer)), "") << answer;
-        if (other.answer("AN0;") != registers[i].back()) other.answer("AN05;");
-    }
-    EXPECT_TRUE(asSet(readBandStack(other)) == asSet(registers));
-}
-
 TEST(SimulatedRadio, MemoriesAreReadWrittenAndRecalled) {
     SimulatedRadio radio;
     EXPECT_EQ(radio.answer("MR001;MR006;MR031;"), "MR00114074000+000000C00000;?;MR03129660000+000000402122;");
@@ -222,6 +178,72 @@ TEST(SimulatedRadio, RemainingSwitches) {
     EXPECT_EQ(radio.answer("AB;FB;MD1;FA14200000;SV;FA;FB;"), "FB14195000;MD12;FA14195000;FB14200000;");
     EXPECT_EQ(radio.answer("RU9999;RU0001;RD0001;IF;RC;IF;"),
               "?;IF00114195000+999800200080;IF00114195000+000000200080;");
+}
+
+/// Every set command of the radio: what it changes must be in the text, and come back from it.
+constexpr std::string_view everyChange =
+    "AC001;AG0001;AG1002;AI1;AN02;AN05;BC01;BI0;BP00001;BP01123;CN007;CO0002;CO0133;CO0244;CT01;EX0300;EX149-1234;"
+    "FB07001000;FR2;FS1;FT1;GT02;GT10;IS0-0440;KM1 \"A = #B\" ;KP15;KR0;KS060;LK1;MD13;MG001;ML0001;ML1001;MS1;"
+    "NA01;NA11;NB02;NB10;NL0010;NR01;OS02;PA02;PC050;PL001;PR1;RA03;RF02;RG0001;RG1002;RL015;RT1;RU0100;SD1000;"
+    "SH031;SQ0100;SQ1200;TX1;VD1000;VG001;VS1;VX1;XT1;FA14250000;MD07;BS03;BS03;FA07199999;"
+    "MW00650100000-012301D02490;MC050;FA21286000;";
+
+TEST(StateText, KeepsWhateverACommandCanChange) {
+    SimulatedRadio changed;
+    EXPECT_EQ(changed.answer(everyChange), "");
+    const SimulatedRadio untouched;
+    for (const auto& [key, value] : changed.state.radio) {
+        const bool settable = !findSetting(key)->readOnly && key != "ID" && key != "PS";
+        EXPECT_EQ(value != untouched.state.get(key), settable) << key << ": add it to the changes above";
+    }
+    RadioState loaded = ownersRadio();
+    EXPECT_TRUE(loadState(loaded, stateText(changed.state)).empty());
+    EXPECT_EQ(stateText(loaded), stateText(changed.state));
+    EXPECT_TRUE(loaded == changed.state);
+
+    // And back: also what was filled and is empty now.
+    changed.state.memories.at(1).reset();
+    RadioState again = untouched.state;
+    EXPECT_TRUE(loadState(again, stateText(changed.state)).empty());
+    EXPECT_TRUE(again == changed.state);
+    EXPECT_TRUE(loadState(again, stateText(untouched.state)).empty());
+    EXPECT_TRUE(again == untouched.state);
+}
+
+TEST(StateText, PassesOverWhatMakesNoSense) {
+    RadioState state = ownersRadio();
+    const auto complaints = loadState(state,
+                                      "# a comment\r\n"
+                                      "\r\n"
+                                      "  menu 042=077\r\n"
+                                      "menu 042 = 9999\n"
+                                      "menu 150 = 1\n"
+                                      "FA = 14000000\n"
+                                      "register 05.4 = FA=14000000\n"
+                                      "register 05.1 = FA=14001000 MD0=Z   NA0=1\n"
+                                      "memory 001 = 1407400\n"
+                                      "keyer 1 = CQ\n"
+                                      "band\n"
+                                      "\xFF = = =\n"
+                                      "recalled = \n"
+                                      "KS = 031");
+    EXPECT_EQ(complaints.size(), 10U);
+    EXPECT_EQ(complaints.front(), "line 4 makes no sense: menu 042 = 9999");
+    EXPECT_EQ(state.menu.at(42), "077");
+    EXPECT_EQ(state.get("FA"), "14001000");  // what made sense on a line with a mistake
+    EXPECT_EQ(state.get("MD0"), "2");
+    EXPECT_EQ(state.get("KS"), "031");
+}
+
+TEST(StateText, IsToldFromAnyOtherText) {
+    const std::string written = stateText(RadioState());
+    for (const auto& state : {written, std::string(stateHeading) + "\nnonsense\n", std::string("# mine\nKS = 031\n"),
+                              std::string(" \r\n\n"), std::string()}) {
+        EXPECT_TRUE(isStateText(state)) << state;
+    }
+    for (const auto* other : {"Dear diary,\n", "# Notes\n", "KS = 031\nDear diary,\n", "a = b\n", "\xFF\xFE"}) {
+        EXPECT_FALSE(isStateText(other)) << other;
+    }
 }
 
 }  // namespace

@@ -1,12 +1,15 @@
 #include "eq/ui/frmEQ_Set.h"
 
-#include <QAccessible>
 #include <QSlider>
 
 #include "eq/EqWindow.h"
 #include "fakes/FakeDialogs.h"
+#include "fakes/ProgramBench.h"
 #include "fakes/ScriptedDevice.h"
+#include "fakes/SimulatorProcess.h"
 #include "fakes/VirtualClock.h"
+#include "platform/qt/QtClock.h"
+#include "platform/qt/QtSerialPorts.h"
 #include "ui/Widgets.h"
 
 namespace korvex {
@@ -71,38 +74,19 @@ TEST_F(EqFormTest, LooksLikeTheEqualizerThatItIs) {
     const int right = button->mapTo(&window, QPoint(button->width(), 0)).x();
     EXPECT_NEAR(right, 433 / 2.0 + 67, 1);
     window.resize(600, 600);
-    QApplication::processEvents();
-    window.resize(437, 367);
-    slider(1)->setValue(7);
-    slider(4)->setValue(-12);
-    window.resize(600, 600);
     const auto* frame = find<QFrame>("Frame8");
     EXPECT_NEAR(frame->mapTo(&window, QPoint()).x(), 600 - frame->width() * 1.5, 1);
 }
 
 TEST_F(EqFormTest, IndicatorsFollowThePortAndTheButtonTheProcessor) {
     window.show();
-    line.openFailure = RuntimeError{errors::PortAlreadyOpen, "held"};
-    msgBox.foresee("held");
-    choose(window, "comop");
-    EXPECT_FALSE(find<QAction>("comop")->isChecked());
     EXPECT_EQ(label("Label5"), "click to open");
-
-    line.openFailure.reset();
     choose(window, "openPort");
     EXPECT_TRUE(find<QAction>("comop")->isChecked());
     EXPECT_TRUE(find<QToolButton>("imgConnected")->isVisible());
     EXPECT_FALSE(find<QToolButton>("imgNotConnected")->isVisible());
     EXPECT_EQ(label("Label6"), " Reading EQ Settings of FT-2000");
     EXPECT_EQ(label("Settings"), "Settings: Port 1, 4800,n,8,2");
-
-    auto* access = QAccessible::queryAccessibleInterface(find<QToolButton>("openPort"));
-    for (const bool open : {false, true}) {
-        access->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
-        QApplication::processEvents();
-        EXPECT_EQ(logic.isPortOpen(), open);
-        EXPECT_EQ(static_cast<bool>(access->state().checked), open);
-    }
 
     auto* off = find<QPushButton>("Command1_0");
     auto* on = find<QPushButton>("Command1_1");
@@ -117,6 +101,36 @@ TEST_F(EqFormTest, IndicatorsFollowThePortAndTheButtonTheProcessor) {
     EXPECT_FALSE(logic.isPortOpen());
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(settings.values["Settings/frmEQ_SetHeight"], "8500");
+}
+
+/// A real window, real time, a real serial device: the simulated radio on a pseudo terminal.
+TEST(WindowsOnAPty, ASliderThatIsMovedMovesTheRadio) {
+    const fakes::TemporaryFolder folder;
+    const std::string state = folder.file("radio.txt");
+    const fakes::SimulatorProcess radio(BINARY_DIR "/ft2000sim", {"--state", state});
+    QtClock clock;
+    fakes::FakeSettings settings;
+    fakes::FakeMsgBox msgBox;
+    QtSerialPorts ports(settings, {{1, radio.device()}});
+    EqWindow logic(ports, clock, msgBox);
+    frmEQ_Set form(logic, settings);
+    const auto radioHas = [&state](const std::string& line) {
+        return QTest::qWaitFor([&] { return fakes::fileContent(state).find(line + "\n") != std::string::npos; });
+    };
+    const auto slider = [&](int item) { return control<QSlider>(form, ("VScroll1_" + std::to_string(item)).c_str()); };
+    form.show();
+    ASSERT_TRUE(radioHas("menu 125 = 03"));
+    click(form, "imgNotConnected");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return slider(0)->value() == 300; }));  // the radio's own
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return slider(7)->isEnabled() && slider(3)->isEnabled(); }));  // as far as read
+    for (const int value : {-18, -17, -16}) slider(7)->setSliderPosition(value);
+    slider(3)->setFocus();
+    QTest::keyClick(slider(3), Qt::Key_End);
+    EXPECT_TRUE(radioHas("menu 132 = -16"));
+    EXPECT_TRUE(radioHas("menu 128 = 09"));
+    form.close();
+    EXPECT_FALSE(logic.isPortOpen());
 }
 
 }  // namespace

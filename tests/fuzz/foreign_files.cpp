@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include "fuzz/Fuzz.h"
 #include "fuzz/Judge.h"
 #include "trouble/TroubleBench.h"
@@ -46,6 +48,44 @@ constexpr Way ways[] = {
      [](TroubleBench& b) { return b.program.keyerWindow.writer().running(); }},
 };
 
+constexpr int firstSettings = 7;
+constexpr int keyR = 82;
+constexpr int keyS = 83;
+
+/// A line a record, tabs between the fields.
+fakes::FakeDatabase::Records recordsIn(std::string_view text) {
+    constexpr std::size_t fields = 15;
+    fakes::FakeDatabase::Records records;
+    std::istringstream lines{std::string(text)};
+    for (std::string line; records.size() < 200 && std::getline(lines, line);) {
+        std::istringstream cells(line);
+        auto& record = records.emplace_back();
+        for (std::string cell; record.size() < fields && std::getline(cells, cell, '\t');) record.push_back(cell);
+        record.resize(fields);
+    }
+    return records;
+}
+
+/// The Menu Manager with this table: every settings column goes to the radio, single cells by key.
+void useInManager(TroubleBench& bench) {
+    auto& manager = bench.program.menuManager;
+    bench.program.windows.menuManager.show();
+    manager.Form_Load();
+    bench.clock.advance(50);
+    for (int row = 1; row < manager.FlexGrid1.Rows(); row += 20) {
+        manager.FlexGrid1.setCurrent(row, firstSettings + row % 4);
+        manager.FlexGrid1_KeyDown(row % 3 == 0 ? keyR : keyS);
+        bench.clock.advance(600);
+    }
+    manager.FlexGrid1_RightClick(firstSettings);
+    manager.mnuRestore_Click();
+    bench.clock.advance(20'000);
+    manager.Flexgrid_toGrid_Click();
+    bench.closePorts();
+    EXPECT_EQ(bench.whatIsWrong(), "");
+    EXPECT_EQ(fuzz::keysTransmitterWith(bench.ports.written), "");
+}
+
 }  // namespace
 
 /// A file of any kind (the first character says which) through its tool into a healthy radio: the writing ends, the
@@ -64,6 +104,22 @@ FUZZ_TARGET(restore) {
         bench.settle();
         EXPECT_EQ(bench.whatIsWrong(), "");
         EXPECT_EQ(fuzz::keysTransmitterWith(bench.ports.written), "");
+    }
+}
+
+/// A description database that somebody else has written: whatever its records are, nothing keys the transmitter, and
+/// saving keeps them in their shape.
+FUZZ_TARGET(description_grid) {
+    TroubleBench bench;
+    bench.database.records = recordsIn(input);
+    const auto before = bench.database.records;
+    bench.openPort();
+    useInManager(bench);
+    ASSERT_EQ(bench.database.records.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        for (std::size_t field = 0; field < firstSettings + 1; ++field) {
+            EXPECT_EQ(bench.database.records[i][field], before[i][field]) << i;
+        }
     }
 }
 
