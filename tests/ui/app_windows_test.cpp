@@ -187,7 +187,9 @@ TEST(ProgressView, ShowsTheValuesAndCancelsByButtonEscapeAndCloseBox) {
     ASSERT_TRUE(window && window->isVisible());
     EXPECT_GT(window->width(), QFontMetrics(window->font()).horizontalAdvance(window->windowTitle()));
     EXPECT_FALSE(window->geometry().intersects(inUse.frameGeometry()));
-    EXPECT_EQ(control<QLabel>(*window, "lblDetail")->text().toStdString(), progress.detail.get());
+    auto* detail = control<QLabel>(*window, "lblDetail");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(detail)->text(QAccessible::Name).toStdString(),
+              progress.detail.get());
     const auto* bar = control<QProgressBar>(*window, "ProgressBar1");
     EXPECT_EQ(bar->maximum(), 155);
     EXPECT_EQ(bar->value(), 31);

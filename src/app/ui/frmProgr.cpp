@@ -16,6 +16,7 @@
 #include <array>
 
 #include "app/WindowGeometry.h"
+#include "app/ui/PanelLabel.h"
 
 namespace korvex {
 
@@ -35,7 +36,8 @@ frmProgr::frmProgr(ProgressWindow& progress)
     : QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       m_progress(progress),
       ProgressBar1(new QProgressBar(this)),
-      m_detail(new QLabel(this)),
+      m_detail(
+          new PanelLabel(progress.detail, QStringLiteral("lblDetail"), QStringLiteral("What is being done"), this)),
       m_cancel(new QPushButton(QStringLiteral("Cancel"), this)) {
     setObjectName(QStringLiteral("frmProgr"));
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -48,8 +50,6 @@ frmProgr::frmProgr(ProgressWindow& progress)
     m_connections += m_progress.caption.bind([this](const std::string& caption) { showCaption(caption); });
     m_connections += m_progress.maximum.bind([this](int) { showValue(); });
     m_connections += m_progress.value.bind([this](int) { showValue(); });
-    m_connections += m_progress.detail.bind(
-        [this](const std::string& detail) { m_detail->setText(QString::fromStdString(detail)); });
     m_connections += m_progress.cancellable.bind([this](bool cancellable) { m_cancel->setEnabled(cancellable); });
     m_connections += m_progress.visible.bind([this](bool visible) { setVisible(visible); });
 }
@@ -59,8 +59,6 @@ void frmProgr::build() {
     ProgressBar1->setAccessibleName(QStringLiteral("Progress"));
     ProgressBar1->setTextVisible(false);
     ProgressBar1->setMinimumHeight(26);
-    m_detail->setObjectName(QStringLiteral("lblDetail"));
-    m_detail->setAccessibleName(QStringLiteral("What is being done"));
     m_cancel->setObjectName(QStringLiteral("cmdCancel"));
     m_cancel->setAccessibleName(QStringLiteral("Cancel the transfer"));
     m_cancel->setAutoDefault(false);
