@@ -52,6 +52,10 @@ std::string sentenceOf(const std::vector<int>& columns, const std::string& count
            namesOf(columns) + ".";
 }
 
+std::size_t placeOf(int row, int column) {
+    return static_cast<std::size_t>(row) * BandStackCells::columns + static_cast<std::size_t>(column);
+}
+
 }  // namespace
 
 BandStackCells::BandStackCells(int rows) : m_cells(static_cast<std::size_t>(rows) * columns) {
@@ -62,12 +66,12 @@ BandStackCells::BandStackCells(int rows) : m_cells(static_cast<std::size_t>(rows
 const std::string& BandStackCells::at(int row, int column) const {
     static const std::string nothing;
     if (row < 0 || row >= rows() || column < 0 || column >= columns) return nothing;
-    return m_cells[static_cast<std::size_t>(row * columns + column)];
+    return m_cells[placeOf(row, column)];
 }
 
 void BandStackCells::set(int row, int column, std::string_view text) {
     if (row < 0 || row >= rows() || column < 0 || column >= columns) return;
-    m_cells[static_cast<std::size_t>(row * columns + column)] = text;
+    m_cells[placeOf(row, column)] = text;
 }
 
 void BandStackCells::setEarlierQueries() {

@@ -10,7 +10,7 @@ namespace korvex {
 
 namespace {
 
-const std::string title = "Restore Menu to FT2000";
+const std::string boxTitle = "Restore Menu to FT2000";
 
 std::string nameOf(const std::string& file) {
     return std::filesystem::path(file).filename().string();
@@ -43,7 +43,7 @@ void MenuRestore::mnu_Restore_Click() {
         return end(Outcome::Kind::PortClosed);
     }
     MenuLines apart = apartFromCatLines(*lines);
-    const bool withCat = mayWriteCatSettings(m_terminal.msgBox(), apart.cat, title);
+    const bool withCat = mayWriteCatSettings(m_terminal.msgBox(), apart.cat, boxTitle);
     // The rows of a short file that are not there are line ends, which the radio passes over.
     apart.items.resize(std::max(apart.items.size(), menuItemCount - apart.cat.size()));
     if (withCat) apart.items.insert(apart.items.end(), apart.cat.begin(), apart.cat.end());
@@ -80,7 +80,7 @@ std::optional<std::vector<std::string>> MenuRestore::linesOf(const std::string& 
     if (why.empty()) return std::move(*lines);
     why += ", nothing was sent";
     m_terminal.link().panels().Error = why;
-    m_terminal.msgBox().exclamation(nameOf(file) + " is no menu file that can be restored.\n" + why + ".", title);
+    m_terminal.msgBox().exclamation(nameOf(file) + " is no menu file that can be restored.\n" + why + ".", boxTitle);
     return std::nullopt;
 }
 
@@ -90,7 +90,7 @@ bool MenuRestore::mayBeIncomplete(const std::string& file, const std::vector<std
     return m_terminal.msgBox().confirm(
         nameOf(file) + " holds " + std::to_string(told) + " of " + std::to_string(menuItemCount) +
             " menu items.\nThe radio keeps what it has for the others.\n\nRestore these " + std::to_string(told) + "?",
-        title);
+        boxTitle);
 }
 
 }  // namespace korvex
