@@ -92,7 +92,7 @@ TEST_F(InTheShell, WhatIsOpenAlreadyIsAddedToAndNotReplaced) {
 TEST_F(InTheShell, NothingThatIsOpenedTakesTheNumberOfAClosedStream) {
     for (const std::string& program : {korvexctl + "--demo restore menu " + fifo, simulator + "--log " + fifo}) {
         const auto streams = run(program + " <&- >&- 2>&- & p=$!; sleep 0.4; readlink /proc/$p/fd/0 /proc/$p/fd/1 " +
-                                 "/proc/$p/fd/2; kill -KILL $p");
+                                 "/proc/$p/fd/2; kill -KILL $p; wait $p 2>/dev/null");
         EXPECT_EQ(streams.output, "/dev/null\n/dev/null\n/dev/null\n") << program;
     }
 }
