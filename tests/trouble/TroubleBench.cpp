@@ -1,6 +1,7 @@
 #include "TroubleBench.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace korvex {
 
@@ -15,6 +16,13 @@ std::vector<std::filesystem::path> backupsIn(const std::string& folder) {
 }
 
 }  // namespace
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
 
 TroubleBench::TroubleBench() {
     fileDialog.whileShown = [this] {

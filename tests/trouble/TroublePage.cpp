@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <sstream>
 
 #include "TroubleBench.h"
 
@@ -15,13 +14,6 @@ std::string padded(std::string text, std::size_t width) {
 }
 
 }  // namespace
-
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) lines.push_back(line);
-    return lines;
-}
 
 std::string shareOf(const std::vector<std::string>& facts, const std::vector<std::string>& now, bool all) {
     const auto there = std::count_if(facts.begin(), facts.end(), [&](const std::string& fact) {
