@@ -94,6 +94,13 @@ protected:
         dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
         QMetaObject::invokeMethod(&dialog, "accept");
     }
+    /// The dialog may still be reading its folder, and forget the name when that comes.
+    static void typeUntilTaken(QFileDialog& dialog, const QString& name) {
+        type(dialog, name);
+        QTimer::singleShot(500, &dialog, [&dialog, name] {
+            if (dialog.isVisible()) typeUntilTaken(dialog, name);
+        });
+    }
     std::string path(const char* name) { return folder.filePath(QLatin1String(name)).toStdString(); }
 
     QTemporaryDir folder;
@@ -109,7 +116,7 @@ TEST_F(QtFileDialogTest, AsksBeforeItReplacesWhatTheExtensionLeadsTo) {
         EXPECT_EQ(dialog.nameFilters().at(1), QStringLiteral("All Files (*.*) (*)"));  // files without a dot, too
         whenUp<QMessageBox>([&](QMessageBox& box) {
             questions.push_back(box.text().toStdString());
-            whenUp<QFileDialog>([](QFileDialog& again) { type(again, QStringLiteral("other")); });
+            whenUp<QFileDialog>([](QFileDialog& again) { typeUntilTaken(again, QStringLiteral("other")); });
             button(box, "No")->click();
         });
         type(dialog, QStringLiteral("home"));
