@@ -31,10 +31,10 @@ Result<DataItems> menuItems(std::string_view content) {
     for (std::size_t i = 0; i < std::min(lines->size(), std::size_t{menuItemCount}); ++i) {
         const std::string& line = (*lines)[i];
         if (line.empty()) continue;
-        constexpr std::size_t head = 5;  // EX042
-        const bool whole = line.starts_with("EX") && line.size() > head + 1;
+        constexpr std::size_t head = 5;        // EX042
+        const bool told = line.size() > head;  // else "?;", which stands in the item's own row
         const std::string row = zeroPadded(static_cast<int>(i) + 1, 3);
-        items.push_back({whole ? line.substr(2, 3) : row, whole ? valueBehind(head, line) : line, line, {}});
+        items.push_back({told ? line.substr(2, 3) : row, told ? valueBehind(head, line) : line, line, {}});
     }
     return items;
 }

@@ -3,21 +3,14 @@
 #include <algorithm>
 
 #include "bandstack/BandStackFile.h"
-#include "base/NumberText.h"
 #include "keyer/KeyerTexts.h"
-#include "memory/MemoryRecord.h"
 
 namespace korvex::cli {
 
 namespace {
 
-bool startsWithLetters(std::string_view text, std::string_view letters) {
-    return text.size() > letters.size() && asciiUpper(text[0]) == letters[0] && asciiUpper(text[1]) == letters[1];
-}
-
 bool isOfItsKind(const std::string& kind, const DataItem& item) {
-    if (kind == "menu") return startsWithLetters(item.command, "EX");
-    if (kind == "memory") return parseMemoryString(item.command).has_value();
+    if (kind == "menu") return !wasRefused(item);
     if (kind == "keyer") return !item.value.empty();
     return !item.command.empty();
 }

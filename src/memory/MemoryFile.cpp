@@ -9,7 +9,7 @@ namespace korvex {
 namespace {
 
 RuntimeError refused(const std::string& why) {
-    return {errors::TypeMismatch, why + ", nothing was sent"};
+    return {errors::TypeMismatch, why};
 }
 
 }  // namespace

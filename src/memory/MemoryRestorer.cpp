@@ -1,6 +1,5 @@
 #include "memory/MemoryRestorer.h"
 
-#include <filesystem>
 #include <utility>
 
 #include "base/CodePage.h"
@@ -49,10 +48,7 @@ std::optional<std::vector<std::string>> MemoryRestorer::linesOf(const std::strin
     }
     auto lines = parseMemoryFile(*content);
     if (lines && !lines->empty()) return std::move(*lines);
-    const std::string why = lines ? "There is no memory in it, nothing was sent" : lines.error().text;
-    m_link.panels().Error = why;
-    const std::string name = std::filesystem::path(file).filename().string();
-    m_terminal.msgBox().exclamation(name + " is no memory file that can be restored.\n" + why + ".", title);
+    m_terminal.refuseFile(file, "memory", lines ? "There is no memory in it" : lines.error().text, title);
     return std::nullopt;
 }
 

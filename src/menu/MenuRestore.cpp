@@ -12,10 +12,6 @@ namespace {
 
 const std::string boxTitle = "Restore Menu to FT2000";
 
-std::string nameOf(const std::string& file) {
-    return std::filesystem::path(file).filename().string();
-}
-
 }  // namespace
 
 bool mayWriteCatSettings(MsgBox& msgBox, const std::vector<std::string>& cat, const std::string& title) {
@@ -78,17 +74,16 @@ std::optional<std::vector<std::string>> MenuRestore::linesOf(const std::string& 
         why = "There is no menu item in it";
     }
     if (why.empty()) return std::move(*lines);
-    why += ", nothing was sent";
-    m_terminal.link().panels().Error = why;
-    m_terminal.msgBox().exclamation(nameOf(file) + " is no menu file that can be restored.\n" + why + ".", boxTitle);
+    m_terminal.refuseFile(file, "menu", why, boxTitle);
     return std::nullopt;
 }
 
 bool MenuRestore::mayBeIncomplete(const std::string& file, const std::vector<std::string>& lines) {
     const int told = itemsTold(lines);
     if (told + itemsRefused(lines) >= menuItemCount) return true;
+    const std::string name = std::filesystem::path(file).filename().string();
     return m_terminal.msgBox().confirm(
-        nameOf(file) + " holds " + std::to_string(told) + " of " + std::to_string(menuItemCount) +
+        name + " holds " + std::to_string(told) + " of " + std::to_string(menuItemCount) +
             " menu items.\nThe radio keeps what it has for the others.\n\nRestore these " + std::to_string(told) + "?",
         boxTitle);
 }

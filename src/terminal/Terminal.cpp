@@ -127,6 +127,14 @@ void Terminal::tellFileError(const RuntimeError& error, const FileErrorTitles& t
     m_needs.msgBox.stop(error.text, std::string(title));
 }
 
+void Terminal::refuseFile(const std::string& file, const std::string& kind, const std::string& why,
+                          const std::string& title) {
+    const std::string text = why + ", nothing was sent";
+    m_needs.link.panels().Error = text;
+    const std::string name = std::filesystem::path(file).filename().string();
+    m_needs.msgBox.exclamation(name + " is no " + kind + " file that can be restored.\n" + text + ".", title);
+}
+
 void Terminal::mnu_print_Click() {
     const auto file = askForFile(
         {FileDialogRequest::Mode::Open, "Open File of FT-2000", "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", ""});

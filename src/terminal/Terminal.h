@@ -83,6 +83,8 @@ public:
                            const std::function<bool(const std::string& file)>& mayReplace = {});
     /// Tells a file error in a box whose title is chosen by the error number.
     void tellFileError(const RuntimeError& error, const FileErrorTitles& titles = {});
+    /// Tells in the panel and in a box why a file, which is none of its kind ("menu"), is not restored.
+    void refuseFile(const std::string& file, const std::string& kind, const std::string& why, const std::string& title);
 
     /// The echo option: kept and stored, used by nobody yet.
     bool echo = false;
