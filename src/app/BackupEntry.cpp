@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Settings.h"
+
 namespace korvex {
 
 namespace {
 
-constexpr std::string_view pathKey = "SavePathBackup";
 constexpr const char* title = "Backup";  // short: a small box cuts its title
 constexpr std::size_t mostLines = 12;    // a box must fit the screen
 
@@ -20,12 +21,11 @@ BackupEntry::BackupEntry(BackupEntryNeeds needs) : m_needs(std::move(needs)), m_
 
 void BackupEntry::mnu_BackupRadio_Click() {
     if (!isFree()) return;
-    const std::string start =
-        m_needs.settings.get(applicationName, settingsSection, pathKey, m_needs.programFolder + "/files");
+    const std::string start = readSetting(m_needs.settings, keys::backupPath, m_needs.programFolder);
     const auto folder =
         m_needs.fileDialog.show({FileDialogRequest::Mode::Folder, "Folder for the Backup of the Radio", "", start, ""});
     if (!folder) return;
-    m_needs.settings.save(applicationName, settingsSection, pathKey, *folder);
+    writeSetting(m_needs.settings, keys::backupPath, *folder);
     if (!isFree()) return;  // the line may be another's since the dialog came up
     m_started = true;
     m_needs.backup.start(*folder, m_needs.timeOfDay());

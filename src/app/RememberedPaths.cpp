@@ -1,14 +1,16 @@
 #include "app/RememberedPaths.h"
 
+#include "platform/Settings.h"
+
 namespace korvex {
 
 void rememberNewFolder(SettingsStore& settings, const std::string& former, const std::string& folder) {
     if (former.empty()) return;
-    const std::string files = former + "/files";
-    for (const auto key : {"SavePath", "SavePath3", "SavePathBand", "SaveKeyer", "SavePathBackup"}) {
-        const std::string path = settings.get(applicationName, settingsSection, key, "");
+    for (const auto& key : keys::ownersPaths) {
+        const std::string files = former + key.fallback.inProgramFolder;
+        const std::string path = storedText(settings, key);
         if (path != files && !path.starts_with(files + "/")) continue;
-        settings.save(applicationName, settingsSection, key, folder + path.substr(former.size()));
+        writeSetting(settings, key, folder + path.substr(former.size()));
     }
 }
 

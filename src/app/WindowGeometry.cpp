@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "base/NumberText.h"
+#include "platform/Settings.h"
 
 namespace korvex {
 
@@ -14,13 +14,13 @@ constexpr int titleBar = 450;                    // height of what the user gras
 constexpr int frame = 150;                       // what it adds to a window's width
 constexpr int graspable = 900;                   // how much of its width must be in sight
 
-std::string stored(const SettingsStore& store, std::string_view prefix, std::string_view what) {
-    return store.get(applicationName, settingsSection, std::string(prefix).append(what), "");
+std::string stored(const SettingsStore& store, std::string_view window, std::string_view edge) {
+    return storedText(store, keys::place(window, edge));
 }
 
-int numberOr(const std::string& text, int smallest, int fallback) {
-    const auto number = parseWhole(text);
-    return number && *number >= smallest && *number <= largest ? *number : fallback;
+int numberOr(const SettingsStore& store, const Setting<int, std::string>& setting, int smallest) {
+    const int number = readSetting(store, setting);
+    return number >= smallest && number <= largest ? number : setting.fallback;
 }
 
 bool canBeGrasped(const WindowPlace& place, const WindowPlace& screen) {
@@ -44,21 +44,19 @@ bool WindowGeometry::isRemembered(const SettingsStore& store) const {
 }
 
 WindowPlace WindowGeometry::load(const SettingsStore& store) const {
-    const std::string left = stored(store, prefix, "Left");
-    const std::string top = stored(store, prefix, "Top");
-    if (left.starts_with('-') || top.starts_with('-')) return afterMinus;
+    for (const auto edge : {"Left", "Top"}) {
+        if (stored(store, prefix, edge).starts_with('-')) return afterMinus;
+    }
     WindowPlace place = atFirst;
-    place.left = numberOr(left, 0, atFirst.left);
-    place.top = numberOr(top, 0, atFirst.top);
-    if (keepsWidth) place.width = numberOr(stored(store, prefix, "Width"), 1, atFirst.width);
-    if (keepsHeight) place.height = numberOr(stored(store, prefix, "Height"), 1, atFirst.height);
+    place.left = numberOr(store, keys::place(prefix, "Left", atFirst.left), 0);
+    place.top = numberOr(store, keys::place(prefix, "Top", atFirst.top), 0);
+    if (keepsWidth) place.width = numberOr(store, keys::place(prefix, "Width", atFirst.width), 1);
+    if (keepsHeight) place.height = numberOr(store, keys::place(prefix, "Height", atFirst.height), 1);
     return place;
 }
 
 void WindowGeometry::save(SettingsStore& store, const WindowPlace& place) const {
-    const auto put = [&](std::string_view what, int value) {
-        store.save(applicationName, settingsSection, std::string(prefix).append(what), std::to_string(value));
-    };
+    const auto put = [&](std::string_view edge, int value) { writeSetting(store, keys::place(prefix, edge), value); };
     put("Left", place.left);
     put("Top", place.top);
     if (keepsWidth) put("Width", place.width);

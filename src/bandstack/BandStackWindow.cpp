@@ -5,13 +5,12 @@
 #include "bandstack/BandStackFile.h"
 #include "base/CodePage.h"
 #include "cat/SaveOutcome.h"
+#include "platform/Settings.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
 
 namespace {
-
-constexpr std::string_view pathKey = "SavePathBand";
 
 std::string_view messageFor(int number) {
     switch (number) {
@@ -49,7 +48,7 @@ void BandStackWindow::listen() {
 }
 
 void BandStackWindow::Form_Load() {
-    Text2 = m_needs.settings.get(applicationName, settingsSection, pathKey, m_needs.programFolder + "/files");
+    Text2 = readSetting(m_needs.settings, keys::bandStackPath, m_needs.programFolder);
     dateipath = Text2.get();
 }
 
@@ -127,7 +126,7 @@ FileDialogRequest BandStackWindow::request(FileDialogRequest::Mode mode) const {
 void BandStackWindow::remember(const std::string& file) {
     Text2 = file;
     dateipath = file;
-    m_needs.settings.save(applicationName, settingsSection, pathKey, file);
+    writeSetting(m_needs.settings, keys::bandStackPath, file);
 }
 
 Outcome::Kind BandStackWindow::saveBandStackFile() {

@@ -36,7 +36,7 @@ void PortSettings::listAvailablePorts() {
     }
     static_cast<void>(m_port.setHandshaking(chosenHandshaking));
     // Looking is not choosing: leaving the dialog by "Exit" must leave the port number as it was.
-    const auto stored = parseWhole(m_settings.get(applicationName, portSection, portkeys::commPort, ""));
+    const auto stored = parseWhole(storedText(m_settings, keys::commPort));
     if (!stored || m_port.setCommPort(*stored)) static_cast<void>(m_port.setCommPort(before));
 }
 

@@ -5,13 +5,13 @@
 #include "base/CodePage.h"
 #include "cat/SaveOutcome.h"
 #include "keyer/KeyerFile.h"
+#include "platform/Settings.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
 
 namespace {
 
-constexpr std::string_view pathKey = "SaveKeyer";
 constexpr const char* filter = "Flat File (*.kem)|*.kem|All Files (*.*)|*.*";
 
 std::string_view titleFor(int number) {
@@ -98,11 +98,11 @@ void KeyerWindow::onWriteEnded(const Outcome& outcome) {
 }
 
 std::string KeyerWindow::rememberedPath() const {
-    return m_needs.settings.get(applicationName, settingsSection, pathKey, m_needs.programFolder + "/files");
+    return readSetting(m_needs.settings, keys::keyerPath, m_needs.programFolder);
 }
 
 void KeyerWindow::remember(const std::string& file) {
-    m_needs.settings.save(applicationName, settingsSection, pathKey, file);
+    writeSetting(m_needs.settings, keys::keyerPath, file);
 }
 
 bool KeyerWindow::canBeStored() {

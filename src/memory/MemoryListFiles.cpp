@@ -4,13 +4,13 @@
 #include "memory/EmptyOverFull.h"
 #include "memory/MemoryListFile.h"
 #include "memory/UnsavedList.h"
+#include "platform/Settings.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
 
 namespace {
 
-constexpr std::string_view savePathKey = "SavePath3";
 constexpr std::string_view filter = "Flat File (*.mef)|*.mef|All Files (*.*)|*.*";
 constexpr std::string_view extension = "mef";
 
@@ -23,14 +23,14 @@ bool holdsChannels(const std::string& content) {
 
 MemoryListFiles::MemoryListFiles(MemoryList& list, Terminal& terminal, SettingsStore& settings, FileDialog& fileDialog,
                                  const std::string& programFolder)
-    : txtPath(settings.get(applicationName, settingsSection, savePathKey, programFolder + "/files")),
+    : txtPath(readSetting(settings, keys::memoryListPath, programFolder)),
       m_list(list),
       m_terminal(terminal),
       m_settings(settings),
       m_fileDialog(fileDialog) {}
 
 void MemoryListFiles::storePath() {
-    m_settings.save(applicationName, settingsSection, savePathKey, txtPath.get());
+    writeSetting(m_settings, keys::memoryListPath, txtPath);
 }
 
 FileDialogRequest MemoryListFiles::request(FileDialogRequest::Mode mode) const {

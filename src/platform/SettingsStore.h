@@ -8,8 +8,8 @@ namespace korvex {
 /// The application name under which every window keeps its settings; also the program's title.
 inline constexpr std::string_view applicationName = "Korvex";
 
-/// Text values (UTF-8) by application, section and key, kept per user. Numbers are decimal text, Booleans "True" or
-/// "False".
+/// Text values (UTF-8) by application, section and key, kept per user. The program's own keys are in
+/// platform/Settings.h.
 class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
@@ -18,9 +18,5 @@ public:
     virtual void save(std::string_view application, std::string_view section, std::string_view key,
                       std::string_view value) = 0;
 };
-
-/// The two sections of the program.
-inline constexpr std::string_view settingsSection = "Settings";
-inline constexpr std::string_view portSection = "Einstellungen";
 
 }  // namespace korvex

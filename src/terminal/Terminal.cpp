@@ -7,12 +7,11 @@
 #include "base/Lines.h"
 #include "cat/PortConfiguration.h"
 #include "cat/SaveOutcome.h"
+#include "platform/Settings.h"
 
 namespace korvex {
 
 namespace {
-
-constexpr std::string_view savePathKey = "SavePath";
 
 constexpr std::string_view setUpNote =
     "\r\n- Select the Serial Port you are using for the"
@@ -33,12 +32,12 @@ Terminal::Terminal(TerminalNeeds needs) : m_needs(std::move(needs)), m_timer10(m
 void Terminal::Form_Load() {
     if (std::exchange(m_loaded, true)) return;
     m_needs.link.clearTraffic();
-    txtPath = m_needs.settings.get(applicationName, settingsSection, savePathKey, m_needs.programFolder + "/files");
+    txtPath = readSetting(m_needs.settings, keys::savePath, m_needs.programFolder);
     if (const auto failure = applyStoredPort(m_needs.settings, m_needs.link.port())) {
         m_needs.msgBox.exclamation(failure->text);
         return;
     }
-    echo = storedEcho(m_needs.settings);
+    echo = readSetting(m_needs.settings, keys::echo);
     m_needs.link.received().set(setUpNote);
     m_needs.link.setActiveOperation(ActiveOperation::Idle);
 }
@@ -46,7 +45,7 @@ void Terminal::Form_Load() {
 bool Terminal::Form_Unload() {
     if (!m_needs.link.drainAndClose()) return false;
     m_needs.windows.bandStack.hide();
-    if (m_loaded) m_needs.settings.save(applicationName, settingsSection, savePathKey, txtPath.get());
+    if (m_loaded) writeSetting(m_needs.settings, keys::savePath, txtPath);
     return true;
 }
 

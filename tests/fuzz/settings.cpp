@@ -1,7 +1,8 @@
+#include "platform/Settings.h"
+
 #include <algorithm>
 
 #include "app/WindowGeometry.h"
-#include "cat/PortConfiguration.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/ScriptedDevice.h"
 #include "fuzz/Fuzz.h"
@@ -79,7 +80,7 @@ FUZZ_TARGET(settings) {
     auto dialog = program.makePortSettings();
     dialog.Form_Load();
     if (!dialog.cmdOK_Click()) return;
-    const auto stored = parseLineSettings(bench.settings.get(applicationName, portSection, portkeys::settings, ""));
+    const auto stored = parseLineSettings(storedText(bench.settings, keys::lineSettings));
     ASSERT_TRUE(stored) << stored.error().text;
     EXPECT_EQ(*stored, program.MSComm1.lineSettings());
     program.portSettingsStored();

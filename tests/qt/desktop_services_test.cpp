@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/Settings.h"
 #include "platform/qt/DesktopEntry.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtSettingsStore.h"

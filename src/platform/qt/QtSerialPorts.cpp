@@ -2,14 +2,13 @@
 
 #include <filesystem>
 
+#include "platform/Settings.h"
 #include "platform/qt/PortScan.h"
 #include "platform/qt/QtSerialDevice.h"
 
 namespace korvex {
 
 namespace {
-
-constexpr std::string_view section = "Ports";
 
 bool leadsTo(const std::string& name, const std::string& device) {
     std::error_code error;
@@ -47,7 +46,7 @@ QtSerialPorts::QtSerialPorts(SettingsStore& settings, const std::map<int, std::s
         if (!isDemo(number)) m_numbers.give(number, name);
     }
     for (int number = PortNumbers::first; number <= PortNumbers::last; ++number) {
-        const auto name = m_settings.get(applicationName, section, std::to_string(number), "");
+        const auto name = readSetting(m_settings, keys::device(number));
         if (!name.empty()) m_numbers.remember(number, name);
     }
 }
@@ -98,11 +97,9 @@ void QtSerialPorts::remember(int number) {
     look();
     const std::string name = m_numbers.nameToRemember(number);
     if (name.empty()) return;
-    const std::string key = std::to_string(number);
     m_numbers.remember(number, name);
-    if (m_settings.get(applicationName, section, key, "") != name) {
-        m_settings.save(applicationName, section, key, name);
-    }
+    const auto key = keys::device(number);
+    if (readSetting(m_settings, key) != name) writeSetting(m_settings, key, name);
 }
 
 }  // namespace korvex

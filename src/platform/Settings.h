@@ -1,0 +1,97 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "base/NumberText.h"
+#include "platform/SettingsStore.h"
+
+namespace korvex {
+
+/// A key of the settings: where it stands, of what type it is, and what counts while nothing is stored under it.
+template <class Value, class Name = std::string_view>
+struct Setting {
+    std::string_view section;
+    Name name;
+    Value fallback = {};
+    Value nonsense = fallback;  ///< what counts for a stored text that is none of the type's
+};
+
+/// A file or a folder of the owner. The fallback is a place in the program folder.
+struct OwnersPath {
+    const char* inProgramFolder = "/files";
+};
+
+inline constexpr std::string_view settingsSection = "Settings";
+inline constexpr std::string_view portSection = "Einstellungen";
+
+/// Every key there is. The owners' settings files hold these names.
+namespace keys {
+
+/// The serial port, the terminal's and the equalizer's.
+inline constexpr Setting<std::string_view> lineSettings{portSection, "Einstellungen", "4800,n,8,2"};
+inline constexpr Setting<int> commPort{portSection, "COM-Anschluß", 1};
+inline constexpr Setting<int> handshaking{portSection, "Handshaking", 0, -1};  // nonsense is refused like a wrong code
+inline constexpr Setting<bool> echo{portSection, "Echo"};
+
+/// Where the next dialog begins: the last file, or the last folder of a backup.
+inline constexpr Setting<OwnersPath> savePath{settingsSection, "SavePath"};  // menus and memories
+inline constexpr Setting<OwnersPath> memoryListPath{settingsSection, "SavePath3"};
+inline constexpr Setting<OwnersPath> bandStackPath{settingsSection, "SavePathBand"};
+inline constexpr Setting<OwnersPath> keyerPath{settingsSection, "SaveKeyer"};
+inline constexpr Setting<OwnersPath> backupPath{settingsSection, "SavePathBackup"};
+inline constexpr std::array ownersPaths = {savePath, memoryListPath, bandStackPath, keyerPath, backupPath};
+
+/// `edge` is "Left", "Top", "Width" or "Height", in twips; every window has its own fallbacks.
+inline Setting<int, std::string> place(std::string_view window, std::string_view edge, int fallback = 0) {
+    return {settingsSection, std::string(window).append(edge), fallback};
+}
+
+/// A name of the device that the user settled on for a port number.
+inline Setting<std::string_view, std::string> device(int portNumber) {
+    return {"Ports", std::to_string(portNumber)};
+}
+
+}  // namespace keys
+
+/// Stored are texts as they are, numbers in decimal, and "True" or "False".
+template <class Value>
+std::string storedFrom(Value value) {
+    if constexpr (std::is_same_v<Value, bool>) return value ? "True" : "False";
+    if constexpr (std::is_same_v<Value, int>) return std::to_string(value);
+    if constexpr (std::is_same_v<Value, std::string_view>) return std::string(value);
+}
+template <class Value>
+auto valueFrom(const std::string& stored, Value nonsense) {
+    if constexpr (std::is_same_v<Value, bool>) return stored == "True";
+    if constexpr (std::is_same_v<Value, int>) return parseWhole(stored).value_or(nonsense);
+    if constexpr (std::is_same_v<Value, std::string_view>) return stored;
+}
+
+/// What is stored under a key, as it is; empty for nothing.
+template <class Value, class Name>
+std::string storedText(const SettingsStore& store, const Setting<Value, Name>& setting) {
+    return store.get(applicationName, setting.section, setting.name, "");
+}
+
+template <class Value, class Name>
+auto readSetting(const SettingsStore& store, const Setting<Value, Name>& setting) {
+    const std::string stored = storedText(store, setting);
+    return valueFrom(stored.empty() ? storedFrom(setting.fallback) : stored, setting.nonsense);
+}
+inline std::string readSetting(const SettingsStore& store, const Setting<OwnersPath>& setting,
+                               const std::string& programFolder) {
+    return store.get(applicationName, setting.section, setting.name, programFolder + setting.fallback.inProgramFolder);
+}
+
+template <class Value, class Name>
+void writeSetting(SettingsStore& store, const Setting<Value, Name>& setting, std::type_identity_t<Value> value) {
+    store.save(applicationName, setting.section, setting.name, storedFrom(value));
+}
+inline void writeSetting(SettingsStore& store, const Setting<OwnersPath>& setting, const std::string& path) {
+    store.save(applicationName, setting.section, setting.name, path);
+}
+
+}  // namespace korvex
