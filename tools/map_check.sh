@@ -2,7 +2,8 @@
 # Holds the table of rooms in docs/ARCHITECTURE.md against the #include lines under src/, both ways: an include that the
 # table does not allow fails, and so does an arrow of the table that no include uses. Besides: every folder with sources
 # is a room of the table and the other way round, a room includes only rooms that stand above it in the table (so that
-# nothing goes in circles), and only windows, platform/qt* and main files include Qt.
+# nothing goes in circles), only windows, platform/qt* and main files include Qt, and only the sources (.cpp) of
+# platform/posix include what is neither Qt nor standard C++: <...h>.
 #
 # usage: tools/map_check.sh [TREE]    TREE holds docs/ARCHITECTURE.md and src/; without it, this repository
 #
@@ -39,6 +40,8 @@ awk '
         return path ~ "/ui/[^/]*$" || path ~ "^platform/qt" || path ~ "/main[A-Za-z]*[.]cpp$"
     }
 
+    function mayUseSystem(path) { return path ~ "^platform/posix/[^/]*[.]cpp$" }
+
     FNR == 1 { source++ }
 
     # 1. the table
@@ -65,6 +68,8 @@ awk '
         room = folderOf(at[1])
         if ($0 ~ /include[ \t]*<Q/ && !mayUseQt(at[1]))
             complain(where ": only windows (ui), platform/qt* and main files may include Qt")
+        if ($0 ~ /include[ \t]*<[^>]*[.]h>/ && !mayUseSystem(at[1]))
+            complain(where ": only the sources of platform/posix may include headers of the system")
         if (!match($0, /"[^"]*"/)) next
         target = substr($0, RSTART + 1, RLENGTH - 2)
         if (target ~ /\.moc$/) next

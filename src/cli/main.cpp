@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iostream>
 #include <optional>
-#include <unistd.h>
 
 #include "app/Version.h"
 #include "base/Printable.h"
@@ -63,7 +62,7 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     BorrowedSettings borrowed(settings);
     Program program({clock, ports, borrowed, noFileDialog, msgBox, shell, database, "."});
     std::optional<ProgressLine> progressLine;
-    if (::isatty(STDERR_FILENO) == 1) progressLine.emplace(program.progress, std::cerr);
+    if (standardstreams::errorsAreOnTerminal()) progressLine.emplace(program.progress, std::cerr);
     const std::string descriptions = command.database.value_or(findDescriptionDatabase(programPlaces({})));
     Session session(program, command, {output.out, output.err, titlesFrom(database, descriptions)});
     std::optional<ExitCode> code;

@@ -1,9 +1,9 @@
 #include "platform/ProgramFolder.h"
 
 #include <filesystem>
-#include <unistd.h>
 
 #include "platform/BuildTree.h"
+#include "platform/Writable.h"
 
 namespace korvex {
 
@@ -22,8 +22,8 @@ fs::path installedData(const fs::path& program) {
 
 fs::path choose(const ProgramPlaces& places) {
     if (!places.named.empty()) return places.named;
-    const bool unpacked = !isFolder(installedData(places.program)) && !isInBuildTree(places.program) &&
-                          ::access(places.program.c_str(), W_OK) == 0;
+    const bool unpacked =
+        !isFolder(installedData(places.program)) && !isInBuildTree(places.program) && isWritable(places.program);
     return unpacked ? places.program : places.user;
 }
 
@@ -79,7 +79,7 @@ Result<ProgramFolder> makeProgramFolder(const ProgramPlaces& places) {
     fs::path folder = fs::absolute(choose(places), error).lexically_normal();
     if (!folder.has_filename()) folder = folder.parent_path();
     fs::create_directories(folder / "files", error);
-    if (error || ::access(folder.c_str(), W_OK) != 0) {
+    if (error || !isWritable(folder.string())) {
         const std::string reason = error ? error.message() : "no permission to write there";
         return RuntimeError{errors::PathFileAccess, "The program folder " + folder.string() + " cannot be used: " +
                                                         reason + ". Name another one with --program-folder."};

@@ -7,4 +7,7 @@ namespace korvex::standardstreams {
 /// what is written to them fails as before. First of all in `main`.
 void keepNumbersTaken();
 
+/// Whether somebody sees the errors at once, on a terminal.
+bool errorsAreOnTerminal();
+
 }  // namespace korvex::standardstreams

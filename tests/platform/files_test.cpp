@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "fakes/ProgramBench.h"
-#include "platform/Descriptor.h"
 #include "platform/DialogStart.h"
 #include "platform/SaveDialog.h"
 #include "platform/TextFile.h"
+#include "platform/posix/Descriptor.h"
 
 namespace korvex {
 namespace {

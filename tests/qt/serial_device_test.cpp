@@ -9,10 +9,10 @@
 #include <sys/wait.h>
 #include <termios.h>
 
-#include "platform/qt/PortHolder.h"
+#include "platform/posix/PortHolder.h"
+#include "platform/posix/TtyFormat.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtSerialDevice.h"
-#include "platform/qt/TtyLine.h"
 #include "qt/Pty.h"
 
 namespace korvex {

@@ -5,7 +5,7 @@
 
 #include "fakes/FakeDialogs.h"
 #include "fakes/ScriptedDevice.h"
-#include "platform/qt/PortScan.h"
+#include "platform/PortScan.h"
 #include "platform/qt/QtSerialPorts.h"
 #include "qt/Pty.h"
 

@@ -10,13 +10,14 @@ failed=0
 
 build_house() {
     rm -rf "${house:?}"/*
-    mkdir -p "$house"/{docs,src/base,src/cat,src/cat/ui}
+    mkdir -p "$house"/{docs,src/base,src/platform/posix,src/cat/ui}
     cat >"$house/docs/ARCHITECTURE.md" <<'TABLE'
 Prose may say `cat` | `ui` as it likes.
 <!-- rooms -->
 | Room | May include | What it is |
 |---|---|---|
 | `base` | nothing | helpers |
+| `platform/posix` | nothing | the system |
 | `cat` | `base` | the line, not `windows` |
 | `cat/ui` | `base`, `cat` | windows |
 <!-- end of rooms -->
@@ -27,6 +28,7 @@ TABLE
     printf '#include <QWidget>\n  #  include "cat/Link.h"\n#include "base/Signal.h"\n#include "frm.moc"\n' \
         >"$house/src/cat/ui/frm.cpp"
     echo '#include <QCoreApplication>' >"$house/src/cat/main.cpp"
+    printf '#include <cerrno>\n#include <sys/stat.h>\n' >"$house/src/platform/posix/Files.cpp"
 }
 
 expect() { # expect "what it says" or "fits": the outcome on the house as it stands
@@ -54,6 +56,12 @@ expect '`cat` may include `base`, but nothing there does'
 build_house
 echo '#include <QString>' >>"$house/src/cat/Link.cpp"
 expect 'src/cat/Link.cpp:3: only windows'
+
+for file in cat/Link.cpp cat/ui/frm.cpp cat/main.cpp platform/posix/Files.h; do
+    build_house
+    echo '# include <unistd.h>' >>"$house/src/$file"
+    expect "src/$file:$(wc -l <"$house/src/$file"): only the sources of platform/posix"
+done
 
 build_house
 mkdir "$house/src/garden"

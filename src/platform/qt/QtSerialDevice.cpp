@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "platform/qt/PortProblem.h"
+#include "platform/PortProblem.h"
 
 namespace korvex {
 

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "platform/SerialDevice.h"
-#include "platform/qt/TtyLine.h"
+#include "platform/TtyLine.h"
 
 namespace korvex {
 

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
+#include "platform/PortScan.h"
 #include "platform/Settings.h"
-#include "platform/qt/PortScan.h"
 #include "platform/qt/QtSerialDevice.h"
 
 namespace korvex {

@@ -1,10 +1,8 @@
 #include "radio/pty/PtyServer.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
-#include <cmath>
-#include <poll.h>
+#include <optional>
 
 #include "platform/EndSignals.h"
 #include "radio/pty/Messages.h"
@@ -15,14 +13,6 @@ namespace {
 
 double steadyMs() {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
-
-timespec asTimespec(double ms) {
-    const double wait = std::max(ms, 0.0);
-    timespec time{};
-    time.tv_sec = static_cast<time_t>(wait / 1000);
-    time.tv_nsec = static_cast<long>(std::fmod(wait, 1000) * 1e6);
-    return time;
 }
 
 }  // namespace
@@ -61,10 +51,7 @@ void PtyServer::serve() {
 void PtyServer::waitForSomething() {
     auto due = m_line.nextDue();
     if (const auto save = m_stateFile.nextDue()) due = due ? std::min(*due, *save) : save;
-    const timespec wait = asTimespec(due ? *due - now() : 0);
-    std::array<pollfd, 3> watched = {
-        {{m_pty.readable(), POLLIN, 0}, {m_pty.usersWatch(), POLLIN, 0}, {endsignals::descriptor(), POLLIN, 0}}};
-    ::ppoll(watched.data(), watched.size(), due ? &wait : nullptr, nullptr);
+    m_pty.wait(due ? std::optional(*due - now()) : std::nullopt, endsignals::descriptor());
 }
 
 void PtyServer::exchange() {

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "platform/posix/Pty.h"
 #include "radio/RadioLine.h"
 #include "radio/pty/Options.h"
-#include "radio/pty/Pty.h"
 #include "radio/pty/StateFile.h"
 #include "radio/pty/TrafficLog.h"
 

@@ -1,7 +1,9 @@
-#include "radio/pty/Pty.h"
+#include "platform/posix/Pty.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cmath>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -32,6 +34,14 @@ void makeRaw(int terminal) {
 std::string linkTarget(const std::string& path) {
     std::error_code ignored;
     return std::filesystem::read_symlink(path, ignored).string();
+}
+
+timespec asTimespec(double ms) {
+    const double wait = std::max(ms, 0.0);
+    timespec time{};
+    time.tv_sec = static_cast<time_t>(wait / 1000);
+    time.tv_nsec = static_cast<long>(std::fmod(wait, 1000) * 1e6);
+    return time;
 }
 
 }  // namespace
@@ -87,6 +97,12 @@ Failure Pty::makeLink(const std::string& path) {
 
 void Pty::removeLink() {
     if (!m_link.empty() && linkTarget(m_link) == m_deviceName) ::unlink(m_link.c_str());
+}
+
+void Pty::wait(std::optional<double> ms, int other) const {
+    const timespec longest = asTimespec(ms.value_or(0));
+    std::array<pollfd, 3> watched = {{{m_master, POLLIN, 0}, {m_watch, POLLIN, 0}, {other, POLLIN, 0}}};
+    ::ppoll(watched.data(), watched.size(), ms ? &longest : nullptr, nullptr);
 }
 
 std::string Pty::read() {

@@ -1,4 +1,4 @@
-#include "platform/qt/PortHolder.h"
+#include "platform/posix/PortHolder.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +17,7 @@
 #include <unistd.h>
 
 #include "base/NumberText.h"
-#include "platform/Descriptor.h"
+#include "platform/posix/Descriptor.h"
 
 namespace korvex {
 

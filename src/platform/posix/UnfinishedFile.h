@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Descriptor.h"
+#include "platform/posix/Descriptor.h"
 
 namespace korvex {
 

@@ -16,11 +16,6 @@ namespace korvex::tty {
 /// bytes.
 std::string applyFormat(int handle, const LineSettings& settings, Handshaking handshaking);
 
-/// The two verdicts of it: what no serial chip does, and what a device, by the flags and the speed (termios) that it
-/// tells afterwards, did not take.
-std::string impossibleFormat(const LineSettings& settings);
-std::string notTaken(unsigned flags, unsigned speed, const LineSettings& settings, Handshaking handshaking);
-
 enum class OutputLine { Rts, Dtr };
 /// Devices without that line (a pty) are passed over.
 void setLine(int handle, OutputLine line, bool raised);

@@ -1,11 +1,13 @@
-#include "platform/UnfinishedFile.h"
+#include "platform/posix/UnfinishedFile.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace korvex {
 

@@ -2,13 +2,12 @@
 
 #include <optional>
 #include <string>
-#include <sys/types.h>
 
 namespace korvex {
 
 /// A running program that has a serial device.
 struct PortHolder {
-    pid_t pid = 0;
+    int pid = 0;
     std::string program;  ///< "minicom"
 };
 

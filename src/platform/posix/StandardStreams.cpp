@@ -15,4 +15,8 @@ void keepNumbersTaken() {
     }
 }
 
+bool errorsAreOnTerminal() {
+    return ::isatty(STDERR_FILENO) == 1;
+}
+
 }  // namespace korvex::standardstreams

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cerrno>
 #include <string_view>
-#include <unistd.h>
 #include <utility>
 
 namespace korvex {
@@ -17,23 +15,14 @@ public:
         std::swap(m_fd, other.m_fd);
         return *this;
     }
-    ~Descriptor() {
-        if (m_fd >= 0) ::close(m_fd);
-    }
+    ~Descriptor();
 
     int get() const { return m_fd; }
     bool isOpen() const { return m_fd >= 0; }
 
     /// Each gives the error number, 0 when all went well.
-    int writeAll(std::string_view content) const {
-        while (!content.empty()) {
-            const auto written = ::write(m_fd, content.data(), content.size());
-            if (written < 0 && errno != EINTR) return errno;
-            if (written > 0) content.remove_prefix(static_cast<std::size_t>(written));
-        }
-        return 0;
-    }
-    int close() { return ::close(std::exchange(m_fd, -1)) == 0 ? 0 : errno; }
+    int writeAll(std::string_view content) const;
+    int close();
 
 private:
     int m_fd;

@@ -1,4 +1,4 @@
-#include "platform/qt/PortScan.h"
+#include "platform/PortScan.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,8 +22,9 @@ public:
     /// Makes a symbolic link to the device, in the place of one that is there already; what is no link is left alone.
     Failure makeLink(const std::string& path);
 
-    int readable() const { return m_master; }   ///< for poll: a program has written
-    int usersWatch() const { return m_watch; }  ///< for poll: a program has closed the device; -1: cannot be known
+    /// Returns when a program has written or closed the device, `other` can be read, a signal has come, or `ms` are
+    /// over; without `ms`, it waits for as long as it takes.
+    void wait(std::optional<double> ms, int other) const;
 
     std::string read();
     void write(std::string_view text);

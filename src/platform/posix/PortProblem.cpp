@@ -1,4 +1,4 @@
-#include "platform/qt/PortProblem.h"
+#include "platform/PortProblem.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,7 +9,7 @@
 #include <unistd.h>
 #include <vector>
 
-#include "platform/qt/PortHolder.h"
+#include "platform/posix/PortHolder.h"
 
 namespace korvex::portproblem {
 

@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 #include "base/NumberText.h"
-#include "platform/UnfinishedFile.h"
+#include "platform/posix/UnfinishedFile.h"
 
 namespace korvex::textfile {
 
