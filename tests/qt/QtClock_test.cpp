@@ -1,3 +1,5 @@
+#include "platform/qt/QtClock.h"
+
 #include <algorithm>
 #include <chrono>
 #include <gtest/gtest.h>
@@ -5,7 +7,6 @@
 #include <vector>
 
 #include "fakes/VirtualClock.h"
-#include "platform/qt/QtClock.h"
 
 namespace korvex {
 namespace {

@@ -1,3 +1,5 @@
+#include "platform/qt/QtSerialDevice.h"
+
 #include <QSocketNotifier>
 #include <ctime>
 #include <filesystem>
@@ -12,7 +14,6 @@
 #include "platform/posix/PortHolder.h"
 #include "platform/posix/TtyFormat.h"
 #include "platform/qt/QtClock.h"
-#include "platform/qt/QtSerialDevice.h"
 #include "qt/Pty.h"
 
 namespace korvex {

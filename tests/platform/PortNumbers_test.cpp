@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "platform/PortNumbers.h"
+
+#include <gtest/gtest.h>
 
 namespace korvex {
 namespace {

@@ -1,3 +1,5 @@
+#include "terminal/ui/frmTerm.h"
+
 #include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
@@ -11,7 +13,6 @@
 #include "fakes/ScriptedDevice.h"
 #include "radio/SimulatedPorts.h"
 #include "terminal/ui/TrafficView.h"
-#include "terminal/ui/frmTerm.h"
 #include "ui/Widgets.h"
 
 namespace korvex {

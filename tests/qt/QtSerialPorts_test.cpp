@@ -1,3 +1,5 @@
+#include "platform/qt/QtSerialPorts.h"
+
 #include <QTemporaryDir>
 #include <filesystem>
 #include <fstream>
@@ -6,7 +8,6 @@
 #include "fakes/FakeDialogs.h"
 #include "fakes/ScriptedDevice.h"
 #include "platform/PortScan.h"
-#include "platform/qt/QtSerialPorts.h"
 #include "qt/Pty.h"
 
 namespace korvex {

@@ -1,3 +1,5 @@
+#include "platform/qt/QtDatabase.h"
+
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -12,7 +14,6 @@
 #include "menu/DescriptionTable.h"
 #include "menu/ShippedDescriptions.h"
 #include "platform/TextFile.h"
-#include "platform/qt/QtDatabase.h"
 
 namespace korvex {
 namespace {

@@ -1,8 +1,9 @@
+#include "platform/ProgramFolder.h"
+
 #include <gtest/gtest.h>
 
 #include "app/RememberedPaths.h"
 #include "fakes/ProgramBench.h"
-#include "platform/ProgramFolder.h"
 
 namespace korvex {
 namespace {
