@@ -2,8 +2,8 @@
 # Holds the table of rooms in docs/ARCHITECTURE.md against the #include lines under src/, both ways: an include that the
 # table does not allow fails, and so does an arrow of the table that no include uses. Besides: every folder with sources
 # is a room of the table and the other way round, a room includes only rooms that stand above it in the table (so that
-# nothing goes in circles), only windows, platform/qt* and main files include Qt, and only the sources (.cpp) of
-# platform/posix include what is neither Qt nor standard C++: <...h>.
+# nothing goes in circles), only windows, platform/qt* and main files include Qt, only the room options includes CLI11, and
+# only the sources (.cpp) of platform/posix include what is neither of them nor standard C++: <...h>.
 #
 # usage: tools/map_check.sh [TREE]    TREE holds docs/ARCHITECTURE.md and src/; without it, this repository
 #
@@ -70,6 +70,7 @@ awk '
             complain(where ": only windows (ui), platform/qt* and main files may include Qt")
         if ($0 ~ /include[ \t]*<[^>]*[.]h>/ && !mayUseSystem(at[1]))
             complain(where ": only the sources of platform/posix may include headers of the system")
+        if ($0 ~ /include[ \t]*<CLI\// && room != "options") complain(where ": only the room options may include CLI11")
         if (!match($0, /"[^"]*"/)) next
         target = substr($0, RSTART + 1, RLENGTH - 2)
         if (target ~ /\.moc$/) next

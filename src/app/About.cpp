@@ -3,7 +3,7 @@
 #include <chrono>
 #include <ctime>
 
-#include "app/Version.h"
+#include "base/Version.h"
 
 namespace korvex::about {
 

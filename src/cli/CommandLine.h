@@ -12,8 +12,7 @@ namespace korvex::cli {
 /// What korvexctl is asked to do.
 struct Command {
     enum class Verb {
-        Help,
-        Version,
+        Print,  ///< `text`, for --help and --version
         Ports,
         Send,
         Save,
@@ -24,11 +23,11 @@ struct Command {
         DescriptionExport,
         DescriptionImport
     };
-    Verb verb = Verb::Help;
+    Verb verb = Verb::Print;
     std::string kind;                         ///< of file; of Compare only where it is given
     std::string file;                         ///< or folder, as the verb has it
     std::string otherFile;                    ///< for Compare; "radio" is the radio
-    std::string text;                         ///< for Send, wire text
+    std::string text;                         ///< for Send, wire text; for Print
     bool demo = false;                        ///< the simulated radio instead of a real one
     std::optional<std::string> device;        ///< -r; else the port that the windows use
     std::optional<std::string> settings;      ///< -s; else as the windows use it
@@ -56,7 +55,5 @@ enum class ExitCode {
 
 /// The arguments behind the program's name; the error's text is for the user.
 Result<Command> parseArguments(const std::vector<std::string>& arguments);
-
-std::string usage();
 
 }  // namespace korvex::cli

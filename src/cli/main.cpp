@@ -4,7 +4,6 @@
 #include <iostream>
 #include <optional>
 
-#include "app/Version.h"
 #include "base/Printable.h"
 #include "cli/Description.h"
 #include "cli/Session.h"
@@ -109,8 +108,7 @@ int run(QCoreApplication& application, const std::vector<std::string>& arguments
     const auto command = parseArguments(arguments);
     if (!command) return output.fail(command.error().text + "\nkorvexctl --help tells more.", ExitCode::Usage);
     switch (command->verb) {
-        case Command::Verb::Help: output.out << usage(); return 0;
-        case Command::Verb::Version: output.out << "korvexctl " << versionText << "\n"; return 0;
+        case Command::Verb::Print: output.out << command->text; return 0;
         case Command::Verb::DescriptionExport:
         case Command::Verb::DescriptionImport: return runDescription(*command, output);
         default: return runWithPorts(application, *command, output);

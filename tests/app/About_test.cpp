@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "app/HelpPage.h"
-#include "app/Version.h"
+#include "base/Version.h"
 #include "fakes/FakeDialogs.h"
 
 namespace korvex {

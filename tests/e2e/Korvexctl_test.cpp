@@ -49,6 +49,22 @@ TEST_F(InTheShell, ASignalEndsTheProgramWhateverItWaitsFor) {
     EXPECT_EQ(run("trap '' HUP; " + korvexctl + "--demo send 'FA;' & p=$!; sleep 0.3; kill -HUP $p; wait $p").code, 0);
 }
 
+TEST_F(InTheShell, EveryProgramTellsWithoutADisplayWhatItTakesAndWhatItDoesNot) {
+    for (const std::string name : {"korvex", "korvexctl", "ft2000sim"}) {
+        const std::string program =
+            "env -u DISPLAY -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb " BINARY_DIR "/" + name + " ";
+        const auto refused = run(program + "--colour 2>&1 >/dev/null");
+        EXPECT_EQ(refused.code, 2) << name;
+        EXPECT_TRUE(refused.output.starts_with(name + ": unknown argument \"--colour\"\n")) << refused.output;
+        EXPECT_NE(refused.output.find(name + " --help"), std::string::npos) << refused.output;
+        EXPECT_EQ(run(program + "--version 2>/dev/null").output.substr(0, name.size() + 1), name + " ");
+        const auto help = run(program + "-h");
+        EXPECT_EQ(help.code, 0);
+        EXPECT_NE(help.output.find("\nUsage: " + name), std::string::npos) << help.output;
+    }
+    EXPECT_EQ(run(simulator + "--turnaround=-1").code, 2);
+}
+
 TEST_F(InTheShell, OutputThatNobodyGetsIsTold) {
     for (const std::string what : {"--help", "--version", "--demo ports", "--demo send 'FA;'"}) {
         const auto outcome = run(korvexctl + what + " >/dev/full");

@@ -5,13 +5,13 @@
 #include <sstream>
 
 #include "app/DataItems.h"
-#include "app/StartOptions.h"
 #include "bandstack/BandStackFile.h"
 #include "base/CodePage.h"
 #include "base/Lines.h"
 #include "cat/TransmitGuard.h"
 #include "cli/CommandLine.h"
 #include "cli/Comparison.h"
+#include "desktop/StartOptions.h"
 #include "fuzz/Fuzz.h"
 #include "fuzz/Judge.h"
 #include "keyer/KeyerTable.h"

@@ -64,6 +64,10 @@ for file in cat/Link.cpp cat/ui/frm.cpp cat/main.cpp platform/posix/Files.h; do
 done
 
 build_house
+echo '#include <CLI/CLI.hpp>' >>"$house/src/cat/Link.cpp"
+expect 'src/cat/Link.cpp:3: only the room options'
+
+build_house
 mkdir "$house/src/garden"
 touch "$house/src/garden/Tree.h"
 expect 'src/garden: this folder is missing'

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "app/StartOptions.h"
+#include "desktop/StartOptions.h"
 
 namespace korvex {
 

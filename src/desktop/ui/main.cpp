@@ -1,9 +1,9 @@
 #include <QApplication>
 #include <iostream>
 
-#include "app/StartOptions.h"
-#include "app/Version.h"
 #include "app/ui/SvgArt.h"
+#include "base/Printable.h"
+#include "desktop/StartOptions.h"
 #include "desktop/ui/RunProgram.h"
 #include "platform/StandardStreams.h"
 
@@ -14,7 +14,7 @@ namespace {
 constexpr int usageError = 2;
 
 int tellUsage(const std::string& why) {
-    std::cerr << "korvex: " << why << "\nkorvex --help tells more.\n";
+    std::cerr << "korvex: " << printable(why) << "\nkorvex --help tells more.\n";
     return usageError;
 }
 
@@ -22,14 +22,11 @@ int tellUsage(const std::string& why) {
 
 int main(int argc, char** argv) {
     standardstreams::keepNumbersTaken();
-    // Before a display is asked for: help must come on any machine.
-    const auto asked = parseStartOptions({argv + 1, argv + argc});
-    if (asked && asked->help) {
-        std::cout << startOptionsHelp();
-        return 0;
-    }
-    if (asked && asked->version) {
-        std::cout << "korvex " << versionText << "\n";
+    // Before a display is asked for: help and complaints must come on any machine.
+    const auto options = parseStartOptions({argv + 1, argv + argc});
+    if (!options) return tellUsage(options.error().text);
+    if (!options->print.empty()) {
+        std::cout << options->print;
         return 0;
     }
     // The menus stand in their windows; asking the desktop for a bar of its own takes part of the time of the start.
@@ -39,8 +36,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("korvex"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
-    const auto options = parseStartOptions({argv + 1, argv + argc});
-    return options ? runProgram(*options) : tellUsage(options.error().text);
+    return runProgram(*options);
 }
 
 }  // namespace korvex

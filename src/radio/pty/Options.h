@@ -14,12 +14,10 @@ struct Options {
     std::string logFile;    ///< empty: no log
     int turnaroundMs = 30;
     Faults faults;
-    bool help = false;
+    std::string print;  ///< of --help or --version: to be printed in place of a run
 };
 
 /// Reads the command line's arguments; the failure's text says which one is wrong.
 Result<Options> parseOptions(const std::vector<std::string>& arguments);
-
-std::string helpText();
 
 }  // namespace korvex::pty

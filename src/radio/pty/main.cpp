@@ -21,9 +21,7 @@ int run(const std::vector<std::string>& arguments) {
         complain(options.error().text + "\nTry ft2000sim --help.");
         return wrongArguments;
     }
-    if (options->help) {
-        return show(korvex::pty::helpText());
-    }
+    if (!options->print.empty()) return show(options->print);
     korvex::standardstreams::keepNumbersTaken();
     korvex::endsignals::ignoreBrokenPipes();
     korvex::endsignals::watch();

@@ -14,14 +14,11 @@ struct StartOptions {
     bool demo = false;                 ///< --demo
     std::string programFolder;         ///< --program-folder DIR, empty: found
     std::string settingsFile;          ///< --settings FILE, empty: the user's
-    bool help = false;
-    bool version = false;
+    std::string print;                 ///< of --help or --version: to be printed in place of a start
 };
 
-/// The arguments behind the program's name, values as "--name VALUE" or "--name=VALUE". The error's text is for the
+/// The arguments behind the program's name, those among them that Qt takes itself left out. The error's text is for the
 /// user.
 Result<StartOptions> parseStartOptions(const std::vector<std::string>& arguments);
-
-std::string startOptionsHelp();
 
 }  // namespace korvex

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/StartOptions.h"
+#include "desktop/StartOptions.h"
 
 namespace korvex {
 namespace {
@@ -22,9 +22,21 @@ TEST(StartOptions, TakesPortsFoldersAndRefusesNonsense) {
                                                        {"--port", "1="},
                                                        {"--settings"},
                                                        {"--demo", "--port", "1=/dev/x"},
+                                                       {"--port", "2=/dev/x", "3=/dev/y"},
+                                                       {"-platforms", "xcb"},
+                                                       {"--style=fusion", "--styl=x"},
+                                                       {"--", "--demo"},
                                                        {"shack.mnu"}}) {
         EXPECT_FALSE(parseStartOptions(bad)) << testing::PrintToString(bad);
     }
+}
+
+TEST(StartOptions, LeaveToQtWhatIsQts) {
+    const auto options = parseStartOptions({"-platform", "offscreen", "--style=fusion", "-session", "--demo",
+                                            "-reverse", "--stylesheet", "-style", "--settings", "x.ini"});
+    ASSERT_TRUE(options) << options.error().text;
+    EXPECT_FALSE(options->demo) << "that was the session's name";
+    EXPECT_EQ(options->settingsFile, "x.ini");
 }
 
 }  // namespace

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/NumberText.h"
+#include "base/RuntimeError.h"
+
+namespace CLI {
+class App;
+}
+
+namespace korvex {
+
+/// The command line of a program: its options and, if it has them, its commands, and the help page that names them all.
+/// A value stands as "--name VALUE", "--name=VALUE", "-n VALUE" or "-nVALUE"; options stand before or behind the
+/// command; behind "--" nothing is an option. No name may be shortened. CLI11 does the work, in one source file.
+class OptionParser {
+public:
+    using Take = std::function<Failure(const std::string& value)>;
+    struct Operand {
+        std::string name;
+        std::string& target;
+    };
+
+    /// `about` stands on top of the help page, `end` below the options.
+    OptionParser(const std::string& program, const std::string& about, const std::string& end = {});
+    ~OptionParser();
+
+    /// The heading on the help page of the options that follow.
+    void group(const std::string& heading);
+    void flag(const std::string& names, const std::string& help, bool& target);
+    /// Every value that is given goes to `take`, in their order; none of them is empty.
+    void option(const std::string& names, const std::string& valueName, const std::string& help, Take take);
+    /// A command of one word or two; it wants all its operands. `chosen` is called when all arguments are right.
+    void command(const std::string& name, const std::vector<Operand>& operands, const std::string& help,
+                 std::function<void()> chosen);
+
+    /// Reads the arguments behind the program's name. For --help and --version `print` is what to print in place of a
+    /// run. The failure's text is for the user and names the argument.
+    Failure read(const std::vector<std::string>& arguments, std::string& print);
+
+private:
+    std::string helpPage() const;
+
+    std::unique_ptr<CLI::App> m_app;
+};
+
+/// The value as it is.
+template <class Text>
+OptionParser::Take into(Text& target) {
+    return [&target](const std::string& value) -> Failure {
+        target = value;
+        return {};
+    };
+}
+
+template <class Number>
+OptionParser::Take intoWhole(Number& target, int lowest, int highest) {
+    return [&target, lowest, highest](const std::string& value) -> Failure {
+        const auto number = parseWhole(value);
+        if (number && *number >= lowest && *number <= highest) {
+            target = *number;
+            return {};
+        }
+        const auto range = std::to_string(lowest) + " to " + std::to_string(highest);
+        return RuntimeError{errors::InvalidPropertyValue, "a whole number from " + range + " is wanted"};
+    };
+}
+
+}  // namespace korvex
