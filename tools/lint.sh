@@ -2,11 +2,13 @@
 # clang-tidy over every source of ours that BUILD compiles. A source that passed is not looked at again until it, one of
 # our headers below it, its compile command or .clang-tidy changes: its stamp is a hash of all of these.
 #
-# usage: tools/lint.sh BUILD    a built build folder (the header lists come from ninja's own records)
+# usage: tools/lint.sh BUILD [SOURCE...]    a built build folder (the header lists come from ninja's own records);
+#                                           of SOURCEs, paths from the repository on, only these
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 build=$1
+wanted=("${@:2}")
 stamps=$build/lint
 mkdir -p "$stamps"
 
@@ -54,6 +56,7 @@ export options stamps
 total=0
 todo=()
 while read -r source headers; do
+    [ ${#wanted[@]} = 0 ] || [[ " ${wanted[*]} " == *" $source "* ]] || continue
     total=$((total + 1))
     # shellcheck disable=SC2086 # a list of words
     stamp=$(stamp_of "$source" $headers)

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# What ./dev run does for a newcomer: which packages it asks for, what it says meanwhile, and what is there afterwards.
+# What ./dev run does for a newcomer: which packages it asks for, what it says meanwhile, and what is there afterwards;
+# and which sources ./dev check lint-changed looks at.
 # The machine is played: apt and cmake are stubs that write down what they are asked. With KORVEX_SLOW_TESTS=1 a clean
 # clone is built for real, in FOLDER.
 #   tests/tools/dev_test.sh FOLDER
@@ -52,6 +53,25 @@ rm "$work/cmake"
 expect "./dev: apt could not install what is missing" "apt fails" dev_run
 expect no "cmake" "nothing is built then" ls "$work"
 rm "$work/apt-fails"
+
+# What lint-changed looks at: what a branch has beside main; on main, what the last commit brought; without a history, all.
+# shellcheck disable=SC2317 # called by way of expect
+lint_changed() { (cd "$work/house" && PATH=$work/bin:$PATH ./dev check lint-changed 2>&1) || true; }
+in_house() { git -C "$work/house" -c user.name=x -c user.email=x@x -c init.defaultBranch=main "$@" >"$work/git"; }
+commit() { # FILE: changes it
+    echo "// again" >>"$work/house/$1" && in_house add -A && in_house commit -qm "$1"
+}
+mkdir -p "$work/house/src" "$work/house/tools"
+cp "$work/clone/dev" "$work/clone/CMakePresets.json" "$work/house"
+stub ../house/tools/lint.sh <<<'echo "looked at: $*."'
+touch "$work/house/src/"{Clock.cpp,Clock.h,Line.cpp}
+expect "looked at: build/dev src/Clock.cpp src/Line.cpp." "lint without a history" lint_changed
+in_house init -q && commit src/Clock.cpp && commit src/Clock.h
+expect "looked at: build/dev src/Clock.cpp." "lint of the last commit" lint_changed
+in_house switch -q -c topic && commit src/Line.cpp && commit src/New.cpp
+expect "looked at: build/dev src/Line.cpp src/New.cpp." "lint of a branch" lint_changed
+in_house rm -q src/New.cpp && commit CMakePresets.json
+expect "looked at: build/dev src/Line.cpp." "lint after a file is gone" lint_changed
 
 # What comes of the targets that it builds, in the build that users get, on a machine without a test framework.
 dev_run >/dev/null
