@@ -3,9 +3,9 @@
 #include <functional>
 #include <string>
 
-#include "app/Backup.h"
-#include "app/BackupEntry.h"
 #include "app/StartWindow.h"
+#include "backup/Backup.h"
+#include "backup/BackupEntry.h"
 #include "bandstack/BandStackWindow.h"
 #include "cat/CatLink.h"
 #include "cat/PortSettings.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/DataItems.h"
+#include "backup/DataItems.h"
 
 namespace korvex::cli {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/DataItems.h"
+#include "backup/DataItems.h"
 
 namespace korvex::cli {
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <filesystem>
 
-#include "app/BackupFolder.h"
+#include "backup/BackupFolder.h"
 #include "cli/Restorable.h"
 #include "cli/Verification.h"
 

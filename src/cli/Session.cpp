@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/Patience.h"
+#include "backup/Patience.h"
 #include "base/CodePage.h"
 #include "cli/StepFailure.h"
 

@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-#include "app/DataItems.h"
+#include "backup/DataItems.h"
 #include "cli/Comparison.h"
 
 namespace korvex::cli {

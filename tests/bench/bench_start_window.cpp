@@ -8,8 +8,8 @@
 
 #include "Measure.h"
 #include "app/Program.h"
-#include "app/ui/SvgArt.h"
 #include "desktop/ui/RunProgram.h"
+#include "windows/ui/SvgArt.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "app/DataItems.h"
+#include "backup/DataItems.h"
 #include "bandstack/BandStackFile.h"
 #include "base/CodePage.h"
 #include "base/Lines.h"

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "app/WindowGeometry.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/ScriptedDevice.h"
 #include "fuzz/Fuzz.h"
 #include "platform/PortNumbers.h"
+#include "windows/WindowGeometry.h"
 
 namespace korvex {
 

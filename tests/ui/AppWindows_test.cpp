@@ -8,9 +8,7 @@
 #include <set>
 #include <vector>
 
-#include "app/ui/ToolWindow.h"
 #include "app/ui/frmAbout.h"
-#include "app/ui/frmProgr.h"
 #include "app/ui/frmUtilities.h"
 #include "desktop/ui/Desktop.h"
 #include "fakes/FakeDialogs.h"
@@ -18,6 +16,8 @@
 #include "fakes/VirtualClock.h"
 #include "radio/SimulatedPorts.h"
 #include "ui/Widgets.h"
+#include "windows/ui/ToolWindow.h"
+#include "windows/ui/frmProgr.h"
 
 namespace korvex {
 namespace {

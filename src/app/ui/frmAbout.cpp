@@ -6,8 +6,8 @@
 #include <QPushButton>
 
 #include "app/About.h"
-#include "app/ui/SvgArt.h"
 #include "platform/SettingsStore.h"
+#include "windows/ui/SvgArt.h"
 
 namespace korvex {
 

@@ -5,8 +5,8 @@
 #include <QScrollArea>
 #include <algorithm>
 
-#include "app/ui/ColorButton.h"
-#include "app/ui/SvgArt.h"
+#include "windows/ui/ColorButton.h"
+#include "windows/ui/SvgArt.h"
 
 namespace korvex {
 

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "app/StartWindow.h"
-#include "app/ui/ToolWindow.h"
+#include "windows/ui/ToolWindow.h"
 
 namespace korvex {
 

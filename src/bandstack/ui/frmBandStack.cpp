@@ -9,10 +9,10 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "app/ui/PanelLabel.h"
 #include "bandstack/BandStackWindow.h"
 #include "cat/CatLink.h"
 #include "platform/qtwidgets/FlexGridView.h"
+#include "windows/ui/PanelLabel.h"
 
 namespace korvex {
 

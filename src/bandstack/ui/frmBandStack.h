@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "app/ui/ToolWindow.h"
 #include "base/Signal.h"
+#include "windows/ui/ToolWindow.h"
 
 class QAction;
 class QLabel;

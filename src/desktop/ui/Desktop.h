@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "app/Program.h"
-#include "app/ui/ToolWindow.h"
-#include "app/ui/frmProgr.h"
+#include "windows/ui/ToolWindow.h"
+#include "windows/ui/frmProgr.h"
 
 class QSessionManager;
 

@@ -1,11 +1,11 @@
 #include <QApplication>
 #include <iostream>
 
-#include "app/ui/SvgArt.h"
 #include "base/Printable.h"
 #include "desktop/StartOptions.h"
 #include "desktop/ui/RunProgram.h"
 #include "platform/StandardStreams.h"
+#include "windows/ui/SvgArt.h"
 
 namespace korvex {
 

@@ -14,11 +14,11 @@
 #include <QToolButton>
 #include <algorithm>
 
-#include "app/ui/PanelLabel.h"
-#include "app/ui/PortSwitch.h"
-#include "app/ui/SvgArt.h"
 #include "eq/EqWindow.h"
 #include "eq/ui/EqSlider.h"
+#include "windows/ui/PanelLabel.h"
+#include "windows/ui/PortSwitch.h"
+#include "windows/ui/SvgArt.h"
 
 namespace korvex {
 

@@ -3,9 +3,9 @@
 #include <QMainWindow>
 #include <array>
 
-#include "app/ui/ToolWindow.h"
 #include "base/Signal.h"
 #include "eq/EqItems.h"
+#include "windows/ui/ToolWindow.h"
 
 class QFrame;
 class QGroupBox;

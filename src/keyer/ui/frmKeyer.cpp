@@ -5,11 +5,11 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "app/ui/PanelLabel.h"
 #include "cat/CatLink.h"
 #include "keyer/KeyerWindow.h"
 #include "keyer/ui/frmInfo.h"
 #include "platform/qtwidgets/FlexGridView.h"
+#include "windows/ui/PanelLabel.h"
 
 namespace korvex {
 

@@ -3,10 +3,10 @@
 #include <functional>
 #include <memory>
 
-#include "app/ui/ToolWindow.h"
 #include "base/Signal.h"
 #include "gridedit/clsFlexGridEdit2.h"
 #include "gridedit/ui/QtEditableGrid.h"
+#include "windows/ui/ToolWindow.h"
 
 class QAction;
 class QMenu;

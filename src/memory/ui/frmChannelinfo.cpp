@@ -7,8 +7,8 @@
 #include <QStatusBar>
 #include <algorithm>
 
-#include "app/ui/PanelLabel.h"
 #include "platform/qtwidgets/FlexGridView.h"
+#include "windows/ui/PanelLabel.h"
 
 namespace korvex {
 

@@ -12,11 +12,11 @@
 #include <QStatusBar>
 #include <QToolTip>
 
-#include "app/ui/ColorButton.h"
-#include "app/ui/Colors.h"
-#include "app/ui/ConnectPicture.h"
-#include "app/ui/PanelLabel.h"
 #include "memory/ui/DigitEdit.h"
+#include "windows/ui/ColorButton.h"
+#include "windows/ui/Colors.h"
+#include "windows/ui/ConnectPicture.h"
+#include "windows/ui/PanelLabel.h"
 
 namespace korvex {
 

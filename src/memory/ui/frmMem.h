@@ -2,9 +2,9 @@
 
 #include <functional>
 
-#include "app/ui/ToolWindow.h"
 #include "memory/MemoryManager.h"
 #include "terminal/ToolWindows.h"
+#include "windows/ui/ToolWindow.h"
 
 class QComboBox;
 class QGroupBox;

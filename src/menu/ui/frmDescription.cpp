@@ -8,11 +8,11 @@
 #include <functional>
 #include <utility>
 
-#include "app/ui/Colors.h"
-#include "app/ui/PanelLabel.h"
 #include "cat/CatLink.h"
 #include "menu/MenuManager.h"
 #include "menu/ui/frmTitle.h"
+#include "windows/ui/Colors.h"
+#include "windows/ui/PanelLabel.h"
 
 namespace korvex {
 

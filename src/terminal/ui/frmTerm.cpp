@@ -9,11 +9,11 @@
 #include <QVBoxLayout>
 #include <functional>
 
-#include "app/ui/ConnectPicture.h"
-#include "app/ui/PanelLabel.h"
 #include "base/CodePage.h"
 #include "terminal/ui/TrafficView.h"
 #include "terminal/ui/TransmitView.h"
+#include "windows/ui/ConnectPicture.h"
+#include "windows/ui/PanelLabel.h"
 
 namespace korvex {
 

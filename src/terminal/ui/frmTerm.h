@@ -3,9 +3,9 @@
 #include <QAction>
 #include <functional>
 
-#include "app/ui/PortSwitch.h"
-#include "app/ui/ToolWindow.h"
 #include "terminal/Terminal.h"
+#include "windows/ui/PortSwitch.h"
+#include "windows/ui/ToolWindow.h"
 
 class QMenu;
 

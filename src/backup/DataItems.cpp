@@ -1,4 +1,4 @@
-#include "app/DataItems.h"
+#include "backup/DataItems.h"
 
 #include <algorithm>
 #include <map>

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "app/Backup.h"
+#include "backup/Backup.h"
 #include "platform/Clock.h"
 #include "platform/FileDialog.h"
 #include "platform/MsgBox.h"

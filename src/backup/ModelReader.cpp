@@ -1,4 +1,4 @@
-#include "app/ModelReader.h"
+#include "backup/ModelReader.h"
 
 #include "base/CodePage.h"
 

@@ -1,4 +1,4 @@
-#include "app/ui/Colors.h"
+#include "windows/ui/Colors.h"
 
 #include <QPalette>
 #include <QWidget>

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/DataItems.h"
+#include "backup/DataItems.h"
 
 namespace korvex {
 

@@ -1,4 +1,4 @@
-#include "app/ui/frmProgr.h"
+#include "windows/ui/frmProgr.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -15,8 +15,8 @@
 #include <algorithm>
 #include <array>
 
-#include "app/WindowGeometry.h"
-#include "app/ui/PanelLabel.h"
+#include "windows/WindowGeometry.h"
+#include "windows/ui/PanelLabel.h"
 
 namespace korvex {
 

@@ -1,9 +1,9 @@
-#include "app/BackupFolder.h"
+#include "backup/BackupFolder.h"
 
 #include <algorithm>
 #include <filesystem>
 
-#include "app/DataItems.h"
+#include "backup/DataItems.h"
 
 namespace korvex {
 

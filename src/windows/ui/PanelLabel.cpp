@@ -1,4 +1,4 @@
-#include "app/ui/PanelLabel.h"
+#include "windows/ui/PanelLabel.h"
 
 namespace korvex {
 

@@ -1,4 +1,4 @@
-#include "app/ui/ConnectPicture.h"
+#include "windows/ui/ConnectPicture.h"
 
 #include <QIcon>
 

@@ -1,8 +1,8 @@
-#include "app/BackupReadings.h"
+#include "backup/BackupReadings.h"
 
 #include <map>
 
-#include "app/Objections.h"
+#include "backup/Objections.h"
 #include "bandstack/BandStackFile.h"
 #include "keyer/KeyerFile.h"
 #include "memory/MemoryListFile.h"

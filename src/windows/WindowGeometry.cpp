@@ -1,4 +1,4 @@
-#include "app/WindowGeometry.h"
+#include "windows/WindowGeometry.h"
 
 #include <algorithm>
 #include <string>

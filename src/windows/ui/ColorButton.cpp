@@ -1,10 +1,10 @@
-#include "app/ui/ColorButton.h"
+#include "windows/ui/ColorButton.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
 
-#include "app/ui/Colors.h"
+#include "windows/ui/Colors.h"
 
 namespace korvex {
 

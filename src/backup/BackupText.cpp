@@ -1,4 +1,4 @@
-#include "app/BackupText.h"
+#include "backup/BackupText.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "app/ui/ToolWindow.h"
+#include "windows/ui/ToolWindow.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>

@@ -2,7 +2,7 @@
 
 #include <QMainWindow>
 
-#include "app/WindowGeometry.h"
+#include "windows/WindowGeometry.h"
 
 class QCloseEvent;
 

@@ -1,6 +1,6 @@
-#include "app/Backup.h"
+#include "backup/Backup.h"
 
-#include "app/Patience.h"
+#include "backup/Patience.h"
 #include "platform/TextFile.h"
 
 namespace korvex {

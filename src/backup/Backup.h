@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "app/BackupFolder.h"
-#include "app/BackupReadings.h"
-#include "app/BackupText.h"
+#include "backup/BackupFolder.h"
+#include "backup/BackupReadings.h"
+#include "backup/BackupText.h"
 
 namespace korvex {
 

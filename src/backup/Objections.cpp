@@ -1,4 +1,4 @@
-#include "app/Objections.h"
+#include "backup/Objections.h"
 
 #include "menu/MenuFile.h"
 

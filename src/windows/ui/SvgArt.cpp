@@ -1,4 +1,4 @@
-#include "app/ui/SvgArt.h"
+#include "windows/ui/SvgArt.h"
 
 #include <QFileInfo>
 #include <QPainter>

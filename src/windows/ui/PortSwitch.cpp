@@ -1,4 +1,4 @@
-#include "app/ui/PortSwitch.h"
+#include "windows/ui/PortSwitch.h"
 
 #include <QAction>
 #include <QToolBar>

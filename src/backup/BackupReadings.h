@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/ModelReader.h"
+#include "backup/ModelReader.h"
 #include "bandstack/BandStackReader.h"
 #include "keyer/KeyerReader.h"
 #include "memory/MemoryList.h"

@@ -1,4 +1,4 @@
-#include "app/BackupEntry.h"
+#include "backup/BackupEntry.h"
 
 #include <algorithm>
 #include <utility>
