@@ -24,7 +24,7 @@ Program::Program(Machine machine)
       keyerWindow({link, machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder}),
       backup(terminal, machine.clock),
       backupEntry({backup, machine.clock, machine.settings, machine.fileDialog, machine.msgBox, machine.timeOfDay,
-                   [this] { return whyNoBackup(); }, machine.programFolder}),
+                   [this] { return whyNoBackup(); }, [this] { return link.freeLine(); }, machine.programFolder}),
       startWindow(machine.clock, startWindowCalls()),
       m_machine(std::move(machine)) {
     announceTools();
@@ -52,6 +52,7 @@ StartWindowCalls Program::startWindowCalls() {
                 terminal.forgetEqualizerSwitch();
                 windows.hideAll();
             },
+        .mayOpen = [this](int tool) { return tool != StartWindow::Equalizer || link.freeLine(); },
         .openTool = [this](int tool) { openTool(tool); },
         .openHelp =
             [this] {
@@ -90,6 +91,7 @@ void Program::introduceEqualizer() {
     windows.equalizer.available = true;
     // Both ports are set to the same device: whoever opens takes it from the other.
     m_connections += link.opening.connect([this] { eqWindow.closePort(); });
+    eqWindow.mayTakePort = [this] { return link.freeLine(); };
     m_connections += eqWindow.exchange().beforeOpen.connect([this] { link.closePort(); });
     m_connections += eqWindow.showTerminal.connect([this] { windows.terminal.showBehind(); });
     m_connections += eqWindow.hide.connect([this] { windows.equalizer.hide(); });
@@ -110,19 +112,11 @@ void Program::introduceKeyer() {
     m_connections += keyerWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Keyer); });
 }
 
-bool Program::transferRuns() {
-    return menuSave.running() || menuWriter.running() || menuManager.reading() || menuManager.writing() ||
-           memory.transferRuns() || bandStackWindow.reader().running() || bandStackWindow.writer().running() ||
-           keyerWindow.reader().running() || keyerWindow.writer().running();
-}
-
 std::string Program::whyNoBackup() {
-    if (backup.running()) return "The backup is going on already.";
     if (eqWindow.isPortOpen()) {
         return "The equalizer has the port. Please open the terminal's port, which takes it back.";
     }
     if (!link.PortOpen()) return "The port is closed. Please open it first.";
-    if (transferRuns()) return "Another operation is going on. Please wait for its end.";
     return {};
 }
 
@@ -151,7 +145,7 @@ void Program::openTool(int tool) {
 }
 
 bool Program::end() {
-    if (!mayLoseEdits(memory.list, m_machine.msgBox)) return false;
+    if (!mayLoseEdits(memory.list, m_machine.msgBox) || !link.freeLine()) return false;
     if (!terminal.Form_Unload()) return false;
     backupEntry.tellNow();
     eqWindow.closePort();

@@ -88,7 +88,6 @@ private:
     void introduceMenuManager();
     void introduceBandStack();
     void introduceKeyer();
-    bool transferRuns();
     std::string whyNoBackup();
     WindowState* toolWindow(int tool);
     void openTool(int tool);

@@ -10,6 +10,7 @@ StartWindow::StartWindow(Clock& clock, StartWindowCalls calls)
 }
 
 void StartWindow::Command1_Click(int index) {
+    if (!m_calls.mayOpen(index)) return;
     for (int tool = 0; tool < toolCount; ++tool) backColor(tool) = tool == index ? lightGreen : lightOrange;
     m_calls.closeEqualizerPort();
     m_calls.hideTools();

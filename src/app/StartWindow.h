@@ -15,6 +15,8 @@ namespace korvex {
 struct StartWindowCalls {
     std::function<void()> closeEqualizerPort;
     std::function<void()> hideTools;
+    /// Whether the tool may be opened now: the person may want what is going on to go on.
+    std::function<bool(int tool)> mayOpen;
     std::function<void(int tool)> openTool;
     std::function<void()> openHelp;
     /// Unloads every other window; false when the user chose to stay.

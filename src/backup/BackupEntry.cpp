@@ -16,31 +16,31 @@ constexpr std::size_t mostLines = 12;    // a box must fit the screen
 
 BackupEntry::BackupEntry(BackupEntryNeeds needs) : m_needs(std::move(needs)), m_tell(m_needs.clock.makeTimer()) {
     m_connections += m_tell->tick.connect([this] { tellNow(); });
-    m_connections += m_needs.backup.ended.connect([this](TransferEnd end) { onEnded(end); });
+    m_connections += m_needs.backup.ended.connect([this](const Outcome& outcome) { onEnded(outcome); });
 }
 
 void BackupEntry::mnu_BackupRadio_Click() {
-    if (!isFree()) return;
+    if (!hasLine()) return;
     const std::string start = readSetting(m_needs.settings, keys::backupPath, m_needs.programFolder);
     const auto folder =
         m_needs.fileDialog.show({FileDialogRequest::Mode::Folder, "Folder for the Backup of the Radio", "", start, ""});
     if (!folder) return;
     writeSetting(m_needs.settings, keys::backupPath, *folder);
-    if (!isFree()) return;  // the line may be another's since the dialog came up
+    if (!hasLine() || !m_needs.freeLine()) return;
     m_started = true;
     m_needs.backup.start(*folder, m_needs.timeOfDay());
 }
 
-bool BackupEntry::isFree() {
+bool BackupEntry::hasLine() {
     const std::string why = m_needs.whyNotNow();
     if (!why.empty()) m_needs.msgBox.exclamation(why, title);
     return why.empty();
 }
 
-void BackupEntry::onEnded(TransferEnd end) {
+void BackupEntry::onEnded(const Outcome& outcome) {
     if (!std::exchange(m_started, false)) return;
-    const bool complete = end == TransferEnd::Done && missingLines(m_needs.backup.summary()).empty();
-    m_untold = {end == TransferEnd::Done ? savedText() : "No backup was made.\r\n\r\n" + m_needs.backup.why(), title,
+    const bool complete = outcome.isDone() && missingLines(m_needs.backup.summary()).empty();
+    m_untold = {outcome.isDone() ? savedText() : "No backup was made.\r\n\r\n" + m_needs.backup.why(), title,
                 complete ? MsgIcon::Information : MsgIcon::Exclamation, MsgButtons::Ok};
     m_tell->setEnabled(true);
 }

@@ -20,7 +20,8 @@ struct BackupEntryNeeds {
     FileDialog& fileDialog;
     MsgBox& msgBox;
     std::function<std::string()> timeOfDay;
-    std::function<std::string()> whyNotNow;  ///< why the line is not free, for the owner; empty when it is
+    std::function<std::string()> whyNotNow;  ///< why there is no line, for the owner; empty when there is one
+    std::function<bool()> freeLine;          ///< another operation is stopped for it, or the person wants it to go on
     std::string programFolder;               ///< UTF-8, without a slash at the end
 };
 
@@ -34,9 +35,9 @@ public:
     void tellNow();
 
 private:
-    bool isFree();
+    bool hasLine();
     std::string savedText() const;
-    void onEnded(TransferEnd end);
+    void onEnded(const Outcome& outcome);
 
     BackupEntryNeeds m_needs;
     bool m_started = false;  // from here, and not yet ended

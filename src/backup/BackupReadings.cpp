@@ -11,10 +11,10 @@
 namespace korvex {
 
 BackupReadings::BackupReadings(Terminal& terminal, Clock& clock)
-    : m_modelReader(terminal.link(), clock),
+    : m_modelReader(terminal.link()),
       m_menuReader(terminal.link()),
       m_memoryReader(terminal.link()),
-      m_bandStackReader(terminal.link(), clock, ActiveOperation::BackupBandStack),
+      m_bandStackReader(terminal.link(), clock),
       m_keyerReader(terminal.link()) {
     m_all = {modelReading(), menuReading(), memoryReading(), bandStackReading(), keyerReading()};
 }
@@ -27,7 +27,6 @@ const BackupReading& BackupReadings::of(const std::string& kind) const {
 
 BackupReading BackupReadings::modelReading() {
     return {"model",
-            ActiveOperation::BackupModel,
             [this] { m_modelReader.read(); },
             [this] { m_modelReader.stop(); },
             &m_modelReader.ended,
@@ -37,8 +36,7 @@ BackupReading BackupReadings::modelReading() {
 
 BackupReading BackupReadings::menuReading() {
     return {"menu",
-            ActiveOperation::BackupMenu,
-            [this] { m_menuReader.read({ActiveOperation::BackupMenu}); },
+            [this] { m_menuReader.read(); },
             [this] { m_menuReader.stop(); },
             &m_menuReader.ended,
             [this] { return objections::toMenuWithRefusals(m_menuReader.answers()); },
@@ -50,8 +48,7 @@ BackupReading BackupReadings::menuReading() {
 
 BackupReading BackupReadings::memoryReading() {
     return {"memories",
-            ActiveOperation::BackupMemories,
-            [this] { m_memoryReader.read(ActiveOperation::BackupMemories, "Save Memories of  FT-2000"); },
+            [this] { m_memoryReader.read(ActiveOperation::ReadAllToFile, "Save Memories of  FT-2000"); },
             [this] { m_memoryReader.stop(); },
             &m_memoryReader.ended,
             [this] { return objections::toMemories(m_memoryReader); },
@@ -72,7 +69,6 @@ std::string BackupReadings::listFileText() {
 
 BackupReading BackupReadings::bandStackReading() {
     return {"band stack",
-            ActiveOperation::BackupBandStack,
             [this] { m_bandStackReader.read(); },
             [this] { m_bandStackReader.stop(); },
             &m_bandStackReader.ended,
@@ -84,7 +80,6 @@ BackupReading BackupReadings::bandStackReading() {
 
 BackupReading BackupReadings::keyerReading() {
     return {"keyer",
-            ActiveOperation::KeyerRead,
             [this] { m_keyerReader.read(); },
             [this] { m_keyerReader.stop(); },
             &m_keyerReader.ended,

@@ -23,8 +23,7 @@ struct BackupFile {
 
 /// One part of the radio that is read at a time.
 struct BackupReading {
-    std::string name;      ///< for the owner
-    ActiveOperation code;  ///< what it claims the answers with
+    std::string name;  ///< for the owner
     std::function<void()> start;
     std::function<void()> stop;  ///< sends nothing more; does not tell an end
     Signal<const Outcome&>* ended;

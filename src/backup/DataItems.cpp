@@ -69,10 +69,7 @@ Result<DataItems> listItems(std::string_view content) {
 
 DataItem bandStackItem(const BandStackCells& cells, int row, int column) {
     const std::string& cell = cells.at(row, column);
-    const std::string name = registerName(column) + " ";
-    if (row == 0) return {name + "BS", {}, bandStackCommand(cell), {}};
-    const std::string& query = cells.query(row);
-    return {name + query.substr(0, query.find(';')), cell, bandStackCommand(cell), {}};
+    return {cellName(cells, row, column), row == 0 ? "" : cell, bandStackCommand(cell), {}};
 }
 
 /// The registers in the order in which they are written; a band that the radio had refused is passed over.

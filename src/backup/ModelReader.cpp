@@ -6,40 +6,31 @@ namespace korvex {
 
 namespace {
 
+constexpr int testStepMs = 20;
 constexpr int patienceMs = 600;  // a slow radio answers within half a second
 
 }  // namespace
 
-ModelReader::ModelReader(CatLink& link, Clock& clock) : m_link(link), m_timer(clock.makeTimer()) {
-    m_timer->setInterval(patienceMs);
-    m_connections += m_timer->tick.connect([this] { finish(TransferEnd::Done); });
-    m_connections += link.closed.connect([this] {
-        if (m_timer->Enabled()) finish(TransferEnd::PortClosed);
-    });
-    link.answers().onAnswer(ActiveOperation::BackupModel, [this] { return takeAnswer(); });
-}
-
 void ModelReader::read() {
+    auto operation = m_link.begin({ActiveOperation::MenuReadToFile, "Reading the radio's model"});
+    if (!operation) return ended.emit(m_link.notBegun());
+    m_operation = std::move(operation);
     m_model.clear();
-    m_link.setActiveOperation(ActiveOperation::BackupModel);
+    m_operation->expect({"ID", sizeof("ID0;") - 1});  // what is shorter is an adapter's echo
+    m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    m_operation->after(testStepMs, [this] { ask(); });
+}
+
+void ModelReader::ask() {
+    if (m_link.testing()) return m_operation->after(testStepMs, [this] { ask(); });
     m_link.clearTraffic();
-    m_timer->setEnabled(true);
-    m_link.send("ID;");
-}
-
-Rest ModelReader::takeAnswer() {
-    const std::string answer = m_link.answers().takeAnswer();
-    if (!m_timer->Enabled()) return Rest::GoOn;
-    const auto begin = answer.find("ID");
-    if (begin == std::string::npos) return Rest::GoOn;  // news of the dial, which nobody asked for
-    m_model = utf8FromWire(answer.substr(begin));
-    finish(TransferEnd::Done);
-    return Rest::Discard;
-}
-
-void ModelReader::finish(TransferEnd end) {
-    stop();
-    ended.emit(end);
+    m_operation->onAnswer([this](std::string_view answer) {
+        if (answer.starts_with("ID")) m_model = utf8FromWire(answer);
+        m_operation->end({});
+        return Rest::Discard;
+    });
+    m_operation->after(patienceMs, [this] { m_operation->end({}); });
+    m_operation->send("ID;");
 }
 
 }  // namespace korvex

@@ -4,32 +4,30 @@
 #include <string>
 
 #include "cat/CatLink.h"
-#include "platform/Clock.h"
-#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
-/// Asks the radio what it is. No answer is an answer, too: the end comes with the first one, or after 600 ms.
+/// Asks the radio what it is, behind the communication test. No answer is an answer, too: the end comes with the first
+/// one, or after 600 ms.
 class ModelReader {
 public:
-    ModelReader(CatLink& link, Clock& clock);
+    explicit ModelReader(CatLink& link) : m_link(link) {}
 
+    /// `ended` tells the end, at once if the line is not to be had.
     void read();
-    /// Sends nothing more and tells no end.
-    void stop() { m_timer->setEnabled(false); }
+    /// Gives the line back without a word.
+    void stop() { m_operation.reset(); }
     /// "ID0251;", UTF-8; empty when the radio did not tell.
     const std::string& model() const { return m_model; }
 
     Signal<const Outcome&> ended;
 
 private:
-    Rest takeAnswer();
-    void finish(TransferEnd end);
+    void ask();
 
     CatLink& m_link;
-    std::unique_ptr<Timer> m_timer;
     std::string m_model;
-    Connections m_connections;
+    std::unique_ptr<Operation> m_operation;
 };
 
 }  // namespace korvex

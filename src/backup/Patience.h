@@ -1,13 +1,34 @@
 #pragma once
 
+#include <functional>
+#include <memory>
+
+#include "base/Signal.h"
+#include "platform/Clock.h"
+
 namespace korvex {
 
-/// How long those who have nobody to ask wait for the radio before they give a transfer up.
-namespace patience {
+class CatLink;
 
-inline constexpr int silenceMs = 5'000;      ///< without the end of an answer; noise could go on for ever
-inline constexpr int standstillMs = 30'000;  ///< without a step forward; so could news of the dial
+/// How long those who have nobody to ask wait for the radio: 5 s without the end of an answer, as noise could go on for
+/// ever, and 30 s without a step forward, as news of the dial could.
+class Patience {
+public:
+    /// `lost` is called once; the watch is over then.
+    Patience(CatLink& link, Clock& clock, std::function<void()> lost);
 
-}  // namespace patience
+    /// A radio that is written into says nothing: each step forward counts as an answer.
+    enum class Of { Reading, Writing };
+    void begin(Of what = Of::Reading);
+    void end();
+
+private:
+    void startAnew(Timer& watch) const;
+
+    Of m_what = Of::Reading;
+    std::unique_ptr<Timer> m_silence;
+    std::unique_ptr<Timer> m_standstill;
+    Connections m_connections;
+};
 
 }  // namespace korvex

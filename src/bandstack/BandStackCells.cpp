@@ -95,6 +95,11 @@ std::string registerName(int column) {
     return zeroPadded((column - 1) / registersPerBand, 2) + "." + std::to_string((column - 1) % registersPerBand + 1);
 }
 
+std::string cellName(const BandStackCells& cells, int row, int column) {
+    const std::string query = row == 0 ? "BS" : cells.query(row);
+    return registerName(column) + " " + query.substr(0, query.find(';'));
+}
+
 std::string bandSelectCommand(int column) {
     return "BS" + zeroPadded((column - 1) / registersPerBand, 2) + ";";
 }

@@ -46,6 +46,8 @@ private:
 
 /// Which register a column holds: "05.2" is the second of band 05.
 std::string registerName(int column);
+/// "05.2 MD0": the setting in a cell; "05.2 BS" for the band-select command in row 0.
+std::string cellName(const BandStackCells& cells, int row, int column);
 /// "BS05;", which steps to the register of a column.
 std::string bandSelectCommand(int column);
 

@@ -28,7 +28,7 @@ std::string settable(int row, const std::string& answer) {
 }  // namespace
 
 void BandStackReader::read() {
-    auto operation = m_link.begin({m_code,
+    auto operation = m_link.begin({ActiveOperation::BandStackRead,
                                    "Reading the band stack",
                                    BandStackCells::registers,
                                    {"register", "registers"},

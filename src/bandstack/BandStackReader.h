@@ -21,9 +21,7 @@ namespace korvex {
 /// (QueryLedger). A silent radio is asked for ever; closing the port or Cancel ends it.
 class BandStackReader {
 public:
-    /// `code` is how the traffic is shown.
-    BandStackReader(CatLink& link, Clock& clock, ActiveOperation code = ActiveOperation::BandStackRead)
-        : m_link(link), m_clock(clock), m_code(code) {}
+    BandStackReader(CatLink& link, Clock& clock) : m_link(link), m_clock(clock) {}
 
     /// `ended` tells the end, at once if the line is not to be had.
     void read();
@@ -52,7 +50,6 @@ private:
 
     CatLink& m_link;
     Clock& m_clock;
-    const ActiveOperation m_code;
     PhaseFlag m_phase;
     BandStackCells m_cells;
     QueryLedger m_ledger;

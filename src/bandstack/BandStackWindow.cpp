@@ -100,9 +100,9 @@ void BandStackWindow::mnu_writeBandStack_Click() {
 
 /// What was broken off half-way has left the radio neither as it was nor as it should be.
 void BandStackWindow::onWriteEnded(const Outcome& outcome) {
-    if (outcome.isDone()) return;
-    const std::string text = inWords(outcome, {"register", "registers", true});
-    m_needs.link.panels().Error = text;
+    const ItemWords registers = {"register", "registers", true};
+    m_needs.link.report(outcome, outcome.isDone() ? ItemWords{"setting", "settings", true} : registers);
+    const std::string text = inWords(outcome, registers);
     using Kind = Outcome::Kind;
     if (outcome.kind == Kind::Refused || outcome.kind == Kind::NoAnswer) m_needs.msgBox.exclamation(text);
 }

@@ -66,7 +66,7 @@ void BandStackWriter::next() {
         case Step::AskAntenna: return askAntenna();
         case Step::AwaitAntenna: return awaitAntenna();
         case Step::Toggle: return sendToggle();
-        case Step::NextRegister: ++m_written; return beginRegister(m_column + 1);
+        case Step::NextRegister: return beginRegister(m_column + 1);
     }
 }
 
@@ -75,7 +75,7 @@ void BandStackWriter::beginRegister(int column) {
     m_row = 0;
     m_tries = 0;
     if (m_column >= BandStackCells::columns) return finish();
-    m_link.answers().setActive(ActiveOperation::BandStackWrite);  // what the radio says now is nobody's
+    m_link.answers().showAs(ActiveOperation::BandStackWrite);  // what the radio says now is nobody's
     go(Step::Cell, firstCellMs);
 }
 
@@ -92,7 +92,8 @@ void BandStackWriter::writeCell() {
     const std::string& cell = m_cells.at(m_row, m_column);
     const std::string command = bandStackCommand(cell) + std::string(crLf);
     sendsCell.emit(command);
-    m_operation->send(command);
+    m_operation->write(cellName(m_cells, m_row, m_column), command);
+    ++m_written;
     m_operation->step(m_column, m_link.progress().value + 1);
     m_link.panels().Error = "Writing Band Stack Regiters";
     m_link.sent().set(cell);
@@ -110,9 +111,9 @@ void BandStackWriter::askAntenna() {
     m_looks = 0;
     fill(BandStackCells::antennaAnswer, "");
     m_link.lineWritten = "";
-    m_link.answers().clearAccumulator();
+    m_link.answers().dropPending();
     m_link.port().clearInBuffer();
-    m_link.answers().setActive(ActiveOperation::AntennaQuery);  // and shown as such from now on
+    m_link.answers().showAs(ActiveOperation::AntennaQuery);  // and shown as such from now on
     m_operation->send(antennaQuery);
     m_link.sent().append(antennaQuery + std::string(crLf));
     go(Step::AwaitAntenna, firstLookMs);
@@ -158,7 +159,7 @@ void BandStackWriter::fill(int row, const std::string& text) {
 void BandStackWriter::finish() {
     m_link.panels().Error = "Terminated";
     m_link.lineWritten = "Terminated";
-    m_operation->end({Outcome::Kind::Done, m_written, BandStackCells::registers, {}, {}});
+    m_operation->finish(m_written);
 }
 
 }  // namespace korvex

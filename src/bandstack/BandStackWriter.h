@@ -23,7 +23,7 @@ public:
 
     /// `ended` tells the end, at once if the line is not to be had.
     void write(const BandStackCells& cells);
-    bool running() const { return m_operation && m_operation->running(); }
+    bool running() const { return m_operation && m_operation->running() && !m_operation->finished(); }
 
     /// As they are written: with what the radio said of its antenna in row 23, and what was sent for it in row 24.
     const BandStackCells& cells() const { return m_cells; }
@@ -54,7 +54,7 @@ private:
     Step m_step = Step::Cell;
     int m_column = 0;
     int m_row = 0;
-    int m_written = 0;  // registers
+    int m_written = 0;  // cells
     int m_tries = 0;    // of the question for the antenna, in this register
     int m_looks = 0;    // for the answer to the last one
     std::unique_ptr<Operation> m_operation;

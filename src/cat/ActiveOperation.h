@@ -21,11 +21,6 @@ enum class ActiveOperation : std::int16_t {
     AntennaQuery = 11,
     KeyerRead = 12,
     KeyerWrite = 13,
-    // The whole backup reads into objects of its own: what the windows hold stays theirs.
-    BackupModel = 14,
-    BackupMenu = 15,
-    BackupMemories = 16,
-    BackupBandStack = 17,
 };
 
 }  // namespace korvex

@@ -8,9 +8,7 @@ namespace {
 
 /// How an operation shows the traffic that it owns.
 struct Route {
-    bool takes;  ///< else what comes is dropped, unseen: while band stack registers or keyer texts are written, the
-                 ///< radio has nothing to say that anybody waits for
-    bool shows;  ///< every character goes to the receive display
+    bool shows;       ///< every character goes to the receive display
     bool breaksLine;  ///< a line end after each answer; others place their own
 };
 
@@ -23,27 +21,21 @@ constexpr Route routeOf(ActiveOperation code) {
         case ActiveOperation::RestoreFromFile:
         case ActiveOperation::ReadOneChannel:
         case ActiveOperation::BandStackRead:
-        case ActiveOperation::AntennaQuery:
-        case ActiveOperation::BackupModel:
-        case ActiveOperation::BackupMenu:
-        case ActiveOperation::BackupBandStack: return {true, true, true};
+        case ActiveOperation::AntennaQuery: return {true, true};
         case ActiveOperation::ManagerItemSend:
-        case ActiveOperation::KeyerRead: return {true, true, false};
+        case ActiveOperation::KeyerRead: return {true, false};
         case ActiveOperation::ReadAllToFile:
         case ActiveOperation::ReadAllToList:
-        case ActiveOperation::BackupMemories: return {true, false, false};
         case ActiveOperation::BandStackWrite:
         case ActiveOperation::KeyerWrite: break;
     }
-    return {false, false, false};
+    return {false, false};
 }
 
 }  // namespace
 
 void AnswerRouter::take(std::string_view wire) {
-    const ActiveOperation code = m_active;
-    const Route route = routeOf(code);
-    if (!route.takes) return;
+    const Route route = routeOf(m_active);
     while (!wire.empty()) {
         const auto end = wire.find(';');
         const auto piece = wire.substr(0, end == std::string_view::npos ? end : end + 1);
@@ -52,33 +44,30 @@ void AnswerRouter::take(std::string_view wire) {
         accumulate(piece);
         if (end == std::string_view::npos) break;
         if (route.breaksLine) m_received.append(crLf);
-        if (runAnswerStep(code) == Rest::Discard) return;
+        if (give() == Rest::Discard) return;
     }
 }
 
 void AnswerRouter::own(ActiveOperation code, PieceStep step) {
-    setActive(code);
-    m_accumulator.clear();
+    m_active = code;
+    m_pending.clear();
     m_owner = std::move(step);
 }
 
 void AnswerRouter::release() {
     m_owner = nullptr;
-    setActive(ActiveOperation::Idle);
+    m_active = ActiveOperation::Idle;
 }
 
-Rest AnswerRouter::runAnswerStep(ActiveOperation code) {
-    if (m_owner) {
-        const auto owner = m_owner;  // a copy: the step may end the operation
-        return owner(takeAnswer());
-    }
-    const auto step = m_answerSteps.find(code);
-    return step == m_answerSteps.end() ? Rest::GoOn : step->second();
+Rest AnswerRouter::give() {
+    const std::string piece = std::exchange(m_pending, {});
+    const auto owner = m_owner;  // a copy: the step may end the operation
+    return owner ? owner(piece) : Rest::GoOn;
 }
 
 void AnswerRouter::accumulate(std::string_view wire) {
-    m_accumulator += wire;
-    if (m_accumulator.size() > 2 * keptCharacters) m_accumulator.erase(0, m_accumulator.size() - keptCharacters);
+    m_pending += wire;
+    if (m_pending.size() > 2 * keptCharacters) m_pending.erase(0, m_pending.size() - keptCharacters);
 }
 
 }  // namespace korvex

@@ -68,8 +68,6 @@ void CatLink::showOpened() {
     m_panels.Settings = "Settings: Port " + std::to_string(m_port.CommPort()) + ", " + m_port.Settings() + " ";
     if (m_indicators.memoryEditorVisible) m_indicators.memoryEditor = " RS232 open ";
     m_connectClock.start();
-    // What the last operation left behind would swallow the answer to the test.
-    setActiveOperation(ActiveOperation::Idle);
     m_commTest.start();
     opened.emit();
 }
@@ -91,7 +89,7 @@ void CatLink::showClosed() {
 void CatLink::clearTraffic() {
     m_received.clear();
     m_sent.clear();
-    m_router.clearAccumulator();
+    m_router.dropPending();
 }
 
 void CatLink::onComm(CommEvent event) {
@@ -155,32 +153,36 @@ std::unique_ptr<Operation> CatLink::begin(OperationPlan plan) {
 }
 
 bool CatLink::freeLine() {
+    if (m_operation && m_operation->finished()) m_operation->breakOff(Outcome::Kind::Done);
     if (!m_operation) return true;
     const Operation* asked = m_operation;
-    const bool mayStop = m_msgBox.confirm(m_operation->standing() + ". Stop it?");
+    const bool mayStop = m_msgBox.confirm(standing() + ". Stop it?");
     if (mayStop && m_operation == asked) m_operation->breakOff(Outcome::Kind::Cancelled);
     return mayStop && !m_operation;
 }
 
+std::string CatLink::standing() const {
+    return (m_task.empty() ? "" : m_task + ": ") + m_operation->standing();
+}
+
 Outcome CatLink::notBegun() const {
     if (!m_operation) return {Outcome::Kind::PortClosed, 0, 0, {}, "The port is closed."};
-    return {Outcome::Kind::Cancelled, 0, 0, {}, m_operation->standing() + " goes on."};
+    return {Outcome::Kind::Cancelled, 0, 0, {}, standing() + " goes on."};
+}
+
+void CatLink::report(const Outcome& outcome, const ItemWords& words) {
+    const std::string text = inWords(outcome, words);
+    if (outcome.isDone() && outcome.refused.empty()) {
+        m_received.append("\r\n " + text + " \r\n");
+    } else {
+        m_panels.Error = text;
+    }
 }
 
 void CatLink::giveBack(const Operation& operation) {
     if (m_operation != &operation) return;
     m_operation = nullptr;
     m_router.release();
-}
-
-void CatLink::setActiveOperation(ActiveOperation operation) {
-    if (m_operation) m_operation->breakOff(Outcome::Kind::Cancelled);
-    m_router.setActive(operation);
-}
-
-void CatLink::leaveProgress() {
-    const auto other = activeOperation();
-    if (other == ActiveOperation::Idle || other == ActiveOperation::ReadOneChannel) m_progress.hide();
 }
 
 }  // namespace korvex

@@ -44,16 +44,19 @@ public:
     std::unique_ptr<Operation> begin(OperationPlan plan);
     /// Whether the line is free now: nothing runs, or the person has just let it be stopped.
     bool freeLine();
+    /// What the operations are a part of, for the person who is asked: "Backup"; empty for one by itself.
+    void workFor(std::string task) { m_task = std::move(task); }
     /// Who has the line, if anybody.
     const Operation* operation() const { return m_operation; }
     /// For an operation that could not begin: why.
     Outcome notBegun() const;
+    /// What a writing has come to, for the person: in the receive display when all is well, else in the panel.
+    void report(const Outcome& outcome, const ItemWords& words);
     /// Called by the operation that ends.
     void giveBack(const Operation& operation);
 
     ActiveOperation activeOperation() const { return m_router.active(); }
-    void setActiveOperation(ActiveOperation operation);
-    /// Where consumers register their answer steps and find the accumulator.
+    /// Where what comes is cut.
     AnswerRouter& answers() { return m_router; }
 
     // --- what windows show
@@ -63,14 +66,10 @@ public:
     StatusPanels& panels() { return m_panels; }
     PortIndicators& indicators() { return m_indicators; }
     ProgressWindow& progress() { return m_progress; }
-    /// For a transfer whose answers another operation has taken over: the progress window is the other one's now, and
-    /// goes when that one shows none.
-    void leaveProgress();
-    /// Empties both displays and the accumulator.
+    /// Empties both displays, and what has come of an answer.
     void clearTraffic();
 
-    /// The port has just closed, by whatever cause: sequencers stop. An operation in progress is over, and its code is
-    /// left as it is.
+    /// The port has just closed, by whatever cause. Whoever has an operation is told by its end.
     Signal<> closed;
     Signal<> opening;  ///< the port is about to be opened: whoever holds the device lets it go
     Signal<> opened;   ///< the port has just been opened
@@ -104,6 +103,9 @@ private:
     CommTest m_commTest;
     ConnectClock m_connectClock;
     std::unique_ptr<Timer> m_timer2;
+    std::string standing() const;
+
+    std::string m_task;
     Operation* m_operation = nullptr;  // the one that has the line; owned by whoever began it
     bool m_draining = false;
     Connections m_connections;

@@ -67,12 +67,23 @@ void Operation::heard() {
 }
 
 void Operation::send(std::string_view wire) {
+    m_written.clear();
     if (m_running) m_link.send(wire);
+}
+
+void Operation::write(const std::string& item, std::string_view wire) {
+    send(wire);
+    m_written = item;
+}
+
+void Operation::noteRefusal() {
+    if (!m_written.empty()) m_refused.push_back(std::exchange(m_written, {}));
 }
 
 Rest Operation::takePiece(std::string_view piece) {
     heard();
     const auto answer = answerIn(m_expectation, piece);
+    if (answer == "?;") noteRefusal();
     const auto step = answer ? m_onAnswer : m_onStrange;  // a copy: the step may set another
     return step ? step(answer ? *answer : piece) : Rest::GoOn;
 }
@@ -114,13 +125,16 @@ void Operation::show() {
     progress.show();
 }
 
+void Operation::hide() {
+    for (auto* timer : {m_pace.get(), m_later.get(), m_silence.get()}) timer->setEnabled(false);
+    if (m_plan.caption.empty()) return;
+    m_link.progress().cancellable = false;
+    m_link.progress().hide();
+}
+
 void Operation::release() {
     m_running = false;
-    for (auto* timer : {m_pace.get(), m_later.get(), m_silence.get()}) timer->setEnabled(false);
-    if (!m_plan.caption.empty()) {
-        m_link.progress().cancellable = false;
-        m_link.progress().hide();
-    }
+    hide();
     m_link.giveBack(*this);
 }
 
@@ -130,9 +144,18 @@ void Operation::end(Outcome outcome) {
     if (const auto told = std::exchange(m_onEnd, nullptr)) told(outcome);
 }
 
+void Operation::finish(int items) {
+    constexpr int settleMs = 600;  // a slow radio answers within half a second
+    hide();
+    m_finished = items;
+    m_link.answers().showAs(ActiveOperation::Idle);
+    after(settleMs, [this] { breakOff(Outcome::Kind::Done); });
+}
+
 void Operation::breakOff(Outcome::Kind kind, std::string reason) {
-    Outcome outcome{kind, std::max(m_item - 1, 0), m_plan.items, {}, std::move(reason)};
-    end(std::move(outcome));
+    if (!m_finished) return end({kind, std::max(m_item - 1, 0), m_plan.items, m_refused, std::move(reason)});
+    const int refused = static_cast<int>(m_refused.size());
+    end({Outcome::Kind::Done, std::max(*m_finished - refused, 0), *m_finished, m_refused, {}});
 }
 
 }  // namespace korvex

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -76,10 +77,15 @@ public:
 
     /// Sends the complete wire text as it is.
     void send(std::string_view wire);
+    /// The same for what sets `item` ("042"): a refusal that comes before anything else is sent is that item's.
+    void write(const std::string& item, std::string_view wire);
     /// Item `item` (from 1) is being done now; `bar` is what the progress bar shows.
     void step(int item, int bar);
     void step(int item) { step(item, item); }
     int item() const { return m_item; }
+
+    /// All has gone out, and late refusals alone are waited for.
+    bool finished() const { return m_finished.has_value(); }
 
     /// "Reading menu, item 34 of 149".
     std::string standing() const;
@@ -87,6 +93,9 @@ public:
     /// `done` and `of` are as given. The items that were done before the present one count where nothing was given and
     /// it is broken off.
     void end(Outcome outcome);
+    /// All `items` that there were to write have gone out. It ends as done, less what was refused, when a slow radio
+    /// has had its time to refuse the last one, too; whoever wants the line has it before that.
+    void finish(int items);
     /// Broken off: what was done before the present item is done.
     void breakOff(Outcome::Kind kind, std::string reason = {});
 
@@ -94,6 +103,8 @@ private:
     friend class CatLink;
     Rest takePiece(std::string_view piece);
     void show();
+    void hide();
+    void noteRefusal();
     void release();
     std::string progressText() const;
 
@@ -113,6 +124,9 @@ private:
     Connection m_silenceTick;
     std::int64_t m_beganAt;
     int m_item = 0;
+    std::string m_written;               // the item that a refusal would be of
+    std::vector<std::string> m_refused;  // items
+    std::optional<int> m_finished;       // how many items have gone out
     bool m_running = true;
 };
 

@@ -1,5 +1,7 @@
 #include "cat/Outcome.h"
 
+#include <algorithm>
+
 namespace korvex {
 
 namespace {
@@ -11,12 +13,11 @@ std::string number(int value) {
 std::string refusals(const Outcome& outcome) {
     if (outcome.refused.empty()) return {};
     std::string text = ", " + number(static_cast<int>(outcome.refused.size())) + " refused:";
-    const char* separator = " ";
-    for (const auto& name : outcome.refused) {
-        text += separator + name;
-        separator = ", ";
+    constexpr std::size_t mostNames = 12;  // a panel has one line
+    for (std::size_t i = 0; i < std::min(outcome.refused.size(), mostNames); ++i) {
+        text += (i == 0 ? " " : ", ") + outcome.refused[i];
     }
-    return text;
+    return outcome.refused.size() > mostNames ? text + ", ..." : text;
 }
 
 std::string whole(const Outcome& outcome, const ItemWords& words) {

@@ -14,6 +14,7 @@ std::vector<Step> BackupJob::steps() {
     Transfer transfer;
     transfer.start = [this] { m_backup.read(); };
     transfer.ended = &m_backup.ended;
+    transfer.givesUpByItself = true;
     transfer.why = [this] { return m_backup.why(); };
     return {{"backup", transfer, false, true, {}}};
 }

@@ -14,7 +14,7 @@ using WriteText = std::function<void(const std::string& text)>;
 /// The kind that a reading of the whole backup has a file of.
 FileKind kindOf(const std::string& name, const BackupReading& reading, WriteText write,
                 Signal<const Outcome&>& writeEnded) {
-    const Transfer read = {reading.start, reading.ended, reading.objection, {}};
+    const Transfer read = {reading.start, reading.ended, false, reading.objection, {}};
     Transfer readWhole = read;
     if (reading.gap) readWhole.objection = reading.gap;
     readWhole.remarks = reading.remarks;

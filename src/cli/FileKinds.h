@@ -13,6 +13,7 @@ namespace korvex::cli {
 struct Transfer {
     std::function<void()> start;
     Signal<const Outcome&>* ended = nullptr;
+    bool givesUpByItself = false;  ///< when the radio has gone silent; else that is watched from outside
     /// Reading only: why what was read is not worth a file; empty when it is.
     std::function<std::string()> objection = {};
     /// Why it failed, where the transfer knows more than how it ended.

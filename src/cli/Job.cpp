@@ -29,7 +29,7 @@ Step restoreStep(const FileKind& kind, const std::string& text) {
 }
 
 Step readStep(const FileKind& kind, const Transfer& reading, const std::function<void(std::string text)>& take) {
-    return {kind.name, reading, false, true, [text = kind.text, take](const WriteRecord&) { take(text()); }};
+    return {kind.name, reading, false, true, [text = kind.text, take](const Outcome&) { take(text()); }};
 }
 
 std::optional<FileContent> readFile(const Workshop& workshop, const std::string& kind, const std::string& file) {

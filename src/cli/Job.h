@@ -12,7 +12,6 @@
 #include "cli/Console.h"
 #include "cli/FileKinds.h"
 #include "cli/Files.h"
-#include "cli/WriteRecord.h"
 
 namespace korvex::cli {
 
@@ -20,10 +19,10 @@ namespace korvex::cli {
 struct Step {
     std::string name;  ///< for messages
     Transfer transfer;
-    bool writes = false;          ///< into the radio: what it refuses is waited for
-    bool refusalsAreTold = true;  ///< by the session; else the job looks at the record itself
+    bool writes = false;          ///< into the radio
+    bool refusalsAreTold = true;  ///< by the session; else the job looks at the outcome itself
     /// The transfer has ended well.
-    std::function<void(const WriteRecord&)> after;
+    std::function<void(const Outcome&)> after;
 };
 
 /// What a job works with.

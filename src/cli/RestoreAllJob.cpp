@@ -76,8 +76,8 @@ void RestoreAllJob::addSteps(std::vector<Step>& steps, Part& part) {
     Step restore =
         part.kind->name == "menu" ? m_menu.itemsStep(m_workshop.program) : restoreStep(*part.kind, part.wanted.text);
     restore.refusalsAreTold = !verifies;
-    restore.after = [this, &part](const WriteRecord& record) {
-        part.refused = record.refused();
+    restore.after = [this, &part](const Outcome& outcome) {
+        part.refused = outcome.refused;
         m_finished.push_back(part.kind->name);
     };
     steps.push_back(restore);

@@ -21,7 +21,7 @@ private:
     struct Part {
         const FileKind* kind;
         FileContent wanted;
-        std::set<std::string> refused;
+        std::vector<std::string> refused;
         std::string found;  ///< read back
     };
     std::optional<ExitCode> takeParts();

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "backup/Patience.h"
 #include "base/CodePage.h"
-#include "cli/StepFailure.h"
 
 namespace korvex::cli {
 
@@ -15,6 +13,18 @@ constexpr int pollMs = 20;
 constexpr int testMs = 1200;   // the communication test gives its verdict within 1000
 constexpr int listenMs = 600;  // a slow radio answers within half a second
 
+ExitCode exitCodeFor(const Outcome& outcome) {
+    switch (outcome.kind) {
+        case Outcome::Kind::Done: return ExitCode::Done;
+        case Outcome::Kind::PortClosed: return ExitCode::Port;
+        case Outcome::Kind::FileFailed: return ExitCode::File;
+        case Outcome::Kind::NoAnswer:
+        case Outcome::Kind::Refused:
+        case Outcome::Kind::Cancelled: break;
+    }
+    return ExitCode::Answers;
+}
+
 }  // namespace
 
 Session::Session(Program& program, Command command, Surroundings surroundings)
@@ -22,25 +32,13 @@ Session::Session(Program& program, Command command, Surroundings surroundings)
       m_command(std::move(command)),
       m_surroundings(std::move(surroundings)),
       m_poll(program.machine().clock.makeTimer()),
-      m_kinds(fileKinds(program)),
-      m_record(program.link) {
+      m_patience(program.link, program.machine().clock, [this] { onSilence(); }),
+      m_kinds(fileKinds(program)) {
     m_poll->setInterval(pollMs);
     m_connections += m_poll->tick.connect([this] { onPoll(); });
     m_connections += program.link.closed.connect([this] {
         if (m_stage == Stage::Testing || m_stage == Stage::Listening) finish(ExitCode::Port);
     });
-    m_connections += m_program.progress.value.changed.connect([this](int) {
-        if (m_stage != Stage::Working) return;
-        m_standstill = now() + patience::standstillMs;
-        waitOn();
-    });
-    m_connections += m_program.link.came.connect([this](std::string_view wire) {
-        if (m_stage == Stage::Working && wire.find(';') != std::string_view::npos) waitOn();
-    });
-}
-
-void Session::waitOn() {
-    m_deadline = std::min(now() + patience::silenceMs, m_standstill);
 }
 
 void Session::tell(const std::string& text) {
@@ -93,10 +91,12 @@ void Session::onPoll() {
         onTestPoll(late);
     } else if (m_stage == Stage::Listening && late) {
         onListened();
-    } else if (m_stage == Stage::Working && late) {
-        tell("the radio has stopped answering");
-        finish(ExitCode::Answers);
     }
+}
+
+void Session::onSilence() {
+    tell("the radio has stopped answering");
+    finish(ExitCode::Answers);
 }
 
 void Session::onTestPoll(bool late) {
@@ -124,27 +124,30 @@ void Session::beginNext() {
 
 void Session::beginStep() {
     m_stage = Stage::Working;
-    m_record.clear();
     m_transferEnd = step().transfer.ended->connect([this](const Outcome& outcome) { onEnded(outcome); });
     m_program.link.panels().Error = "";
-    m_standstill = now() + patience::standstillMs;
-    waitOn();
-    m_poll->setEnabled(true);
+    const bool writes = step().writes;
+    if (!step().transfer.givesUpByItself) m_patience.begin(writes ? Patience::Of::Writing : Patience::Of::Reading);
     step().transfer.start();
 }
 
 void Session::beginSend() {
-    m_record.clear();
+    m_sending = m_program.link.begin({ActiveOperation::MenuReadToFile, "Sending"});
     m_program.link.clearTraffic();
-    m_program.link.send(m_command.text);
+    m_sending->onAnswer([this](std::string_view answer) {
+        if (answer.ends_with("?;")) m_outcome.kind = Outcome::Kind::Refused;
+        return Rest::GoOn;
+    });
+    m_sending->send(m_command.text);
     listen(listenMs);
 }
 
 void Session::onEnded(const Outcome& outcome) {
     if (m_stage != Stage::Working) return;
+    m_outcome = outcome;
     const Transfer& transfer = step().transfer;
     // What is missing of a reading, its objection weighs.
-    const bool told = outcome == TransferEnd::Done || (outcome == TransferEnd::Refused && !step().writes);
+    const bool told = outcome == Outcome::Kind::Done || (outcome == Outcome::Kind::Refused && !step().writes);
     const std::string objection = told && transfer.objection ? transfer.objection() : "";
     if (!told) {
         onFailed(outcome);
@@ -153,18 +156,24 @@ void Session::onEnded(const Outcome& outcome) {
         finish(ExitCode::Answers);
     } else {
         // Not from inside the transfer's own end: the next step may be of the same kind.
-        listen(step().writes ? listenMs : 0);
+        listen(0);
     }
 }
 
-void Session::onFailed(TransferEnd end) {
-    const StepFailure failure = failureOf(step(), end, m_program);
-    for (const auto& reason : failure.reasons) tell(reason);
-    finish(failure.code);
+void Session::onFailed(const Outcome& outcome) {
+    if (step().transfer.why) {
+        tell(step().transfer.why());
+    } else if (step().writes && outcome != Outcome::Kind::PortClosed) {
+        tell(inWords(outcome, {"item", "items", true}));
+    } else if (outcome != Outcome::Kind::PortClosed) {
+        tell("the radio's answers did not come in time");
+    }
+    finish(exitCodeFor(outcome));
 }
 
 void Session::listen(int ms) {
     m_stage = Stage::Listening;
+    m_patience.end();
     m_deadline = now() + ms;
     m_poll->setEnabled(true);
 }
@@ -177,15 +186,15 @@ void Session::onListened() {
     std::string text = utf8FromWire(received());
     std::erase(text, '\r');
     m_surroundings.out << text << std::flush;
-    finish(m_record.refusals() > 0 ? ExitCode::Answers : ExitCode::Done);
+    finish(exitCodeFor(m_outcome));
 }
 
 void Session::stepDone() {
-    if (step().writes && step().refusalsAreTold && m_record.refusals() > 0) {
-        tell("the radio refused " + std::to_string(m_record.refusals()) + " of the lines");
+    if (step().writes && step().refusalsAreTold && !m_outcome.refused.empty()) {
+        tell("the radio refused " + std::to_string(m_outcome.refused.size()) + " of the lines");
         m_worst = ExitCode::Answers;
     }
-    if (step().after) step().after(m_record);
+    if (step().after) step().after(m_outcome);
     if (m_stepIndex + 1 == m_steps.size()) {
         conclude();
     } else {
@@ -208,6 +217,7 @@ void Session::finish(ExitCode code) {
     if (m_stage == Stage::Finished) return;
     m_stage = Stage::Finished;
     m_poll->setEnabled(false);
+    m_patience.end();
     if (std::exchange(m_jobGoesOn, false)) m_job->abandon();
     if (code == ExitCode::Interrupted) {
         m_program.link.closePort();

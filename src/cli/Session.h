@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "app/Program.h"
+#include "backup/Patience.h"
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/FileKinds.h"
 #include "cli/Files.h"
 #include "cli/Job.h"
-#include "cli/WriteRecord.h"
 
 namespace korvex::cli {
 
@@ -47,18 +47,18 @@ private:
     void configurePort();
     void openPort();
     void onPoll();
+    void onSilence();
     void onTestPoll(bool late);
     void beginNext();
     void beginStep();
     void beginSend();
     void onEnded(const Outcome& outcome);
-    void onFailed(TransferEnd end);
+    void onFailed(const Outcome& outcome);
     void stepDone();
     void listen(int ms);
     void onListened();
     void conclude();
     void finish(ExitCode code);
-    void waitOn();
     void tell(const std::string& text);
     std::int64_t now() { return m_program.machine().clock.now(); }
     const Step& step() const { return m_steps[m_stepIndex]; }
@@ -71,9 +71,10 @@ private:
     Stage m_stage = Stage::Idle;
     std::unique_ptr<Timer> m_poll;
     std::int64_t m_deadline = 0;
-    std::int64_t m_standstill = 0;  // the deadline of the next step forward
+    Patience m_patience;
     std::vector<FileKind> m_kinds;
-    WriteRecord m_record;
+    Outcome m_outcome;  // of the step
+    std::unique_ptr<Operation> m_sending;
     std::unique_ptr<Job> m_job;  // none for Send
     bool m_jobGoesOn = false;
     std::vector<Step> m_steps;

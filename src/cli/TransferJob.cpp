@@ -60,7 +60,7 @@ std::vector<Step> TransferJob::steps() {
     std::vector<Step> steps = {restore};
     if (m_workshop.command.verify) {
         steps.front().refusalsAreTold = false;
-        steps.front().after = [this](const WriteRecord& record) { m_refused = record.refused(); };
+        steps.front().after = [this](const Outcome& outcome) { m_refused = outcome.refused; };
         steps.push_back(readStep(kind, kind.read, keep));
     }
     if (m_workshop.command.withCat && !m_menu.catItems().empty()) steps.push_back(m_menu.catStep(m_workshop.program));

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <set>
-
 #include "cli/Job.h"
 #include "cli/MenuRestoreSteps.h"
 
@@ -30,7 +28,7 @@ private:
     Workshop m_workshop;
     FileContent m_wanted;  // to restore
     MenuRestoreSteps m_menu;
-    std::set<std::string> m_refused;
+    std::vector<std::string> m_refused;
     std::string m_read;  // from the radio: what is saved, or verified
 };
 

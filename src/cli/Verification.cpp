@@ -1,5 +1,6 @@
 #include "cli/Verification.h"
 
+#include <algorithm>
 #include <map>
 
 #include "base/CodePage.h"
@@ -24,9 +25,9 @@ std::map<std::string, Difference> byName(const std::vector<Difference>& list) {
     return map;
 }
 
-std::string verdict(const DataItem& item, const std::set<std::string>& refused) {
+std::string verdict(const DataItem& item, const std::vector<std::string>& refused) {
     if (item.command.empty() || item.value.empty()) return "not sent";  // an empty keyer text is a question
-    return refused.contains(item.command) ? "refused" : "different";
+    return std::find(refused.begin(), refused.end(), item.name) == refused.end() ? "different" : "refused";
 }
 
 }  // namespace

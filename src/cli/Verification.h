@@ -1,8 +1,8 @@
 #pragma once
 
 #include <ostream>
-#include <set>
 #include <string>
+#include <vector>
 
 #include "backup/DataItems.h"
 #include "cli/Comparison.h"
@@ -13,8 +13,8 @@ namespace korvex::cli {
 struct Written {
     const std::string& kind;
     const DataItems& wanted;
-    const DataItems& found;                ///< read back
-    const std::set<std::string>& refused;  ///< commands
+    const DataItems& found;                   ///< read back
+    const std::vector<std::string>& refused;  ///< items
 };
 
 /// A line for each item: written, refused or different, the latter two with what was wanted and what the radio has.

@@ -28,6 +28,7 @@ void EqWindow::Form_Load(const SettingsStore& settings) {
 }
 
 void EqWindow::toggleEqPort() {
+    if (!m_port.PortOpen() && !mayTakePort()) return;
     const auto failure = m_port.PortOpen() ? m_port.setPortOpen(false) : m_exchange.openPort();
     if (failure) m_msgBox.exclamation(failure->text);
     showPortState();
@@ -69,6 +70,7 @@ void EqWindow::onLost(const RuntimeError& error) {
 
 void EqWindow::Command1_Click(int index) {
     errorPanel = "";
+    if (!mayTakePort()) return;
     if (auto failure = m_exchange.switchProcessor(index == 0)) {
         showPortState();
         m_msgBox.exclamation(failure->text);

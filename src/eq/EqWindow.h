@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -20,6 +21,8 @@ public:
     EqWindow(SerialPorts& ports, Clock& clock, MsgBox& msgBox);
 
     EqExchange& exchange() { return m_exchange; }
+    /// Whether another port on the same device may be closed for this one: asked before this one opens.
+    std::function<bool()> mayTakePort = [] { return true; };
 
     /// Sets the port up from the stored settings; it stays closed.
     void Form_Load(const SettingsStore& settings);

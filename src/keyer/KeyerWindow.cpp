@@ -84,15 +84,16 @@ void KeyerWindow::writeKeyer() {
 }
 
 void KeyerWindow::onWriteEnded(const Outcome& outcome) {
+    const std::string told = inWords(outcome, {"memory", "memories", true});
     if (!outcome.isDone()) {
-        hint = inWords(outcome, {"memory", "memories", true});
+        hint = told;
         return;
     }
     const auto length = [this](int memory) { return keyerText(m_written, memory).size(); };
     const std::string empty = memoriesThat([&](int memory) { return length(memory) == 0; });
     const std::string full = memoriesThat([&](int memory) { return length(memory) > longestKeyerText; });
-    std::string text;
-    if (!empty.empty()) text = "An empty text changes nothing in the radio: " + empty + ". ";
+    std::string text = told + ". ";
+    if (!empty.empty()) text += "An empty text changes nothing in the radio: " + empty + ". ";
     if (!full.empty()) text += "More than 50 characters, which the radio does not take: " + full + ".";
     hint = text;
 }

@@ -23,6 +23,8 @@ void KeyerWriter::write(const KeyerTexts& texts) {
     m_link.clearTraffic();
     m_link.lineWritten = "";
     m_texts = texts;
+    m_written = 0;
+    m_operation->expect({"KM", 0, true});
     m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
     m_operation->every(intervalMs, m_phase, [this] { writeNext(); });
 }
@@ -31,10 +33,16 @@ void KeyerWriter::writeNext() {
     const int memory = m_operation->item() + 1;
     if (memory > keyerMemories) {
         m_link.progress().value = 0;
-        return m_operation->end({Outcome::Kind::Done, keyerMemories, keyerMemories, {}, {}});
+        return m_operation->finish(m_written);
     }
-    const std::string command = keyerWriteCommand(memory, keyerText(m_texts, memory));
-    m_operation->send(command);
+    const WireText& text = keyerText(m_texts, memory);
+    const std::string command = keyerWriteCommand(memory, text);
+    if (text.empty()) {
+        m_operation->send(command);  // which is a question, and changes nothing
+    } else {
+        m_operation->write(keyerHead(memory), command);
+        ++m_written;
+    }
     m_link.sent().append(command);
     m_link.sent().append(crLf);
     m_operation->step(memory, m_link.progress().value + 1);

@@ -16,7 +16,7 @@ public:
 
     /// Every text must be sendable (whyNotSendable). `ended` tells the end, at once if the line is not to be had.
     void write(const KeyerTexts& texts);
-    bool running() const { return m_operation && m_operation->running(); }
+    bool running() const { return m_operation && m_operation->running() && !m_operation->finished(); }
 
     Signal<const Outcome&> ended;
 
@@ -26,6 +26,7 @@ private:
     CatLink& m_link;
     PhaseFlag m_phase;
     KeyerTexts m_texts;
+    int m_written = 0;
     std::unique_ptr<Operation> m_operation;
 };
 

@@ -44,15 +44,15 @@ void MemoryListFiles::remember(const std::string& file) {
     storePath();
 }
 
-TransferEnd MemoryListFiles::tell(const RuntimeError& error) {
+Outcome::Kind MemoryListFiles::tell(const RuntimeError& error) {
     m_terminal.tellFileError(error, {.pathNotFound = "Path wrong "});
-    return TransferEnd::FileFailed;
+    return Outcome::Kind::FileFailed;
 }
 
-TransferEnd MemoryListFiles::loadListFile() {
-    if (!mayLoseEdits(m_list, m_terminal.msgBox())) return TransferEnd::Cancelled;
+Outcome::Kind MemoryListFiles::loadListFile() {
+    if (!mayLoseEdits(m_list, m_terminal.msgBox())) return Outcome::Kind::Cancelled;
     const auto file = m_fileDialog.show(request(FileDialogRequest::Mode::Open));
-    if (!file) return TransferEnd::Cancelled;
+    if (!file) return Outcome::Kind::Cancelled;
     const auto content = textfile::read(*file);
     if (!content) return tell(content.error());
     const auto records = parseMemoryListFile(*content);
@@ -60,10 +60,10 @@ TransferEnd MemoryListFiles::loadListFile() {
     remember(*file);
     m_list.replaceAll(*records);
     loaded.emit();
-    return TransferEnd::Done;
+    return Outcome::Kind::Done;
 }
 
-TransferEnd MemoryListFiles::saveListFile() {
+Outcome::Kind MemoryListFiles::saveListFile() {
     const auto content = memoryListFileText(m_list);
     if (!content) return tell(content.error());
     const Saved saved = saveByDialog(

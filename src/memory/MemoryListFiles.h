@@ -8,7 +8,6 @@
 #include "platform/FileDialog.h"
 #include "platform/SettingsStore.h"
 #include "terminal/Terminal.h"
-#include "terminal/TransferEnd.h"
 
 namespace korvex {
 
@@ -20,9 +19,9 @@ public:
 
     /// "Load Memory File in to List". The list stays as it is unless the whole file could be read; unsaved changes are
     /// asked about.
-    TransferEnd loadListFile();
+    Outcome::Kind loadListFile();
     /// "Save Memory List in to File". A list without channels over a file that has some is asked about.
-    TransferEnd saveListFile();
+    Outcome::Kind saveListFile();
     /// Keeps the path for the next start; done by itself whenever a file was chosen.
     void storePath();
 
@@ -32,7 +31,7 @@ public:
 private:
     FileDialogRequest request(FileDialogRequest::Mode mode) const;
     void remember(const std::string& file);
-    TransferEnd tell(const RuntimeError& error);
+    Outcome::Kind tell(const RuntimeError& error);
 
     MemoryList& m_list;
     Terminal& m_terminal;

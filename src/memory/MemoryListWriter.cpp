@@ -1,11 +1,19 @@
 #include "memory/MemoryListWriter.h"
 
+#include <algorithm>
+
 #include "base/Lines.h"
 #include "base/NumberText.h"
 #include "memory/KeptCaption.h"
 #include "memory/MemoryRecord.h"
 
 namespace korvex {
+
+namespace {
+
+const ItemWords rowWords = {"row", "rows", true};
+
+}  // namespace
 
 std::optional<std::string> memoryListCommand(const MemoryList& list, int row) {
     MemoryRecord record = list.channelFields(row);
@@ -20,16 +28,14 @@ std::optional<std::string> memoryListCommand(const MemoryList& list, int row) {
 
 void MemoryListWriter::mnu_MemRestoreTOFT2000_Click() {
     if (!m_link.PortOpen()) return;
-    auto operation = m_link.begin({ActiveOperation::WriteListToRadio,
-                                   "Writing the memory list",
-                                   MemoryList::rows,
-                                   {"row", "rows", true},
-                                   keptCaption(m_link.progress(), "Load Memory List in to FT-2000")});
+    auto operation = m_link.begin({ActiveOperation::WriteListToRadio, "Writing the memory list", MemoryList::rows,
+                                   rowWords, keptCaption(m_link.progress(), "Load Memory List in to FT-2000")});
     if (!operation) return ended.emit(m_link.notBegun());
     m_operation = std::move(operation);
     m_link.received().clear();
     m_commands.clear();
     for (int row = 1; row <= MemoryList::rows; ++row) m_commands.push_back(memoryListCommand(m_list, row).value_or(""));
+    m_operation->expect({"MR"});
     m_operation->onEnd([this](const Outcome& outcome) { onEnd(outcome); });
     m_operation->every(250, m_phase, [this] { writeNext(); });
 }
@@ -39,7 +45,7 @@ void MemoryListWriter::writeNext() {
     const std::string& command = m_commands.at(static_cast<std::size_t>(row - 1));
     if (!command.empty()) {
         const std::string sent = command + std::string(crLf);
-        m_operation->send(sent);
+        m_operation->write(channelText(row), sent);
         m_link.received().append(sent);
         m_link.sent().append(sent);
     }
@@ -53,7 +59,8 @@ void MemoryListWriter::finish() {
     m_link.panels().Error = "Terminated";
     m_link.lineWritten = "Terminated";
     m_link.sent().append("Terminated\r\n");
-    m_operation->end({Outcome::Kind::Done, MemoryList::rows, MemoryList::rows, {}, {}});
+    const auto unsent = std::count(m_commands.begin(), m_commands.end(), "");
+    m_operation->finish(MemoryList::rows - static_cast<int>(unsent));
 }
 
 void MemoryListWriter::onEnd(const Outcome& outcome) {
@@ -61,6 +68,8 @@ void MemoryListWriter::onEnd(const Outcome& outcome) {
         constexpr std::string_view failure = "Failure Port ";
         m_link.sent().append(std::string(failure) + std::string(crLf));
         m_link.panels().Error = std::string(failure);
+    } else {
+        m_link.report(outcome, outcome.isDone() ? ItemWords{"memory", "memories", true} : rowWords);
     }
     ended.emit(outcome);
 }

@@ -21,7 +21,7 @@ public:
     /// "Load Memory List in to FT-2000"; nothing happens while the port is closed.
     void mnu_MemRestoreTOFT2000_Click();
 
-    bool running() const { return m_operation && m_operation->running(); }
+    bool running() const { return m_operation && m_operation->running() && !m_operation->finished(); }
     Signal<const Outcome&> ended;
 
 private:

@@ -59,8 +59,9 @@ void MemoryRestorer::write(std::vector<std::string> lines) {
     m_operation = std::move(operation);
     m_lines = std::move(lines);
     m_link.clearTraffic();
+    m_operation->expect({"MR"});
     m_operation->onEnd([this](const Outcome& outcome) {
-        if (!outcome.isDone()) m_link.panels().Error = inWords(outcome, words);
+        m_link.report(outcome, words);
         ended.emit(outcome);
     });
     m_operation->every(50, m_phase, [this] { writeNext(); });
@@ -71,8 +72,8 @@ void MemoryRestorer::writeNext() {
     const std::string& line = m_lines.at(static_cast<std::size_t>(done));
     m_link.lineWritten = utf8FromWire(line);
     const std::string sent = memoryWriteCommand(line) + std::string(crLf);
-    m_operation->send(sent);
     const std::string channel(memoryFieldIn(line, MemoryField::Channel));
+    m_operation->write(channel, sent);
     m_link.panels().Error = "Writing Memory " + channel;
     m_link.sent().append(sent);
     m_link.received().append(line + std::string(crLf));
@@ -85,8 +86,7 @@ void MemoryRestorer::finish() {
     m_link.panels().Error = "Terminated";
     m_link.lineWritten = "Terminated";
     m_link.sent().append("Terminated\r\n");
-    const int count = static_cast<int>(m_lines.size());
-    m_operation->end({Outcome::Kind::Done, count, count, {}, {}});
+    m_operation->finish(static_cast<int>(m_lines.size()));
 }
 
 }  // namespace korvex

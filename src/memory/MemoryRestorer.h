@@ -23,7 +23,7 @@ public:
     /// The lines of a memory file, at least one, without asking for it.
     void write(std::vector<std::string> lines);
 
-    bool running() const { return m_operation && m_operation->running(); }
+    bool running() const { return m_operation && m_operation->running() && !m_operation->finished(); }
     Signal<const Outcome&> ended;
 
 private:

@@ -66,7 +66,7 @@ void ItemExchange::read(int row, int col) {
 }
 
 void ItemExchange::ask() {
-    m_link.answers().clearAccumulator();  // what came before is no answer to this
+    m_link.answers().dropPending();  // what came before is no answer to this
     m_asked = true;
     m_operation->send("EX" + m_number + ";");
     m_operation->after(patienceMs, [this] { m_operation->end(Outcome::Kind::NoAnswer); });

@@ -41,7 +41,7 @@ MenuManager::MenuManager(MenuManagerNeeds needs)
         m_reader.told.connect([this](const std::string& item, const std::string& value) { placeAnswer(item, value); });
     m_connections += m_reader.ended.connect([this](const Outcome& outcome) { onReadEnded(outcome); });
     m_connections += m_writer.ended.connect([this](const Outcome& outcome) {
-        if (!outcome.isDone()) showLabel(" " + inWords(outcome, {"line", "lines", true}), true);
+        showLabel(" " + inWords(outcome, menuItemsWritten), !outcome.isDone() || !outcome.refused.empty());
     });
     m_connections +=
         m_exchange.newValue.connect([this] { showLabel(" Save settings in file before living the program", true); });
@@ -161,7 +161,7 @@ void MenuManager::mnuRestore_Click() {
     if (m_link.PortOpen() && mayWriteCatSettings(m_needs.msgBox, apart.cat, restoreTitle)) {
         apart.items.insert(apart.items.end(), apart.cat.begin(), apart.cat.end());
     }
-    m_writer.write(std::move(apart.items));
+    m_writer.writeAndClose(std::move(apart.items));
 }
 
 /// A value that cannot be sent stops it all before anything has been sent.

@@ -7,8 +7,8 @@
 #include "base/Property.h"
 #include "menu/DescriptionDatabase.h"
 #include "menu/ItemExchange.h"
-#include "menu/ManagerWriter.h"
 #include "menu/MenuReader.h"
+#include "menu/MenuWriter.h"
 #include "platform/MSFlexGrid.h"
 #include "terminal/Terminal.h"
 #include "terminal/ToolWindows.h"
@@ -64,7 +64,7 @@ public:
     Property<bool> Label1Yellow{false};
 
     ItemExchange& exchange() { return m_exchange; }
-    ManagerWriter& writer() { return m_writer; }
+    MenuWriter& writer() { return m_writer; }
     MenuReader& reader() { return m_reader; }
     DescriptionDatabase& database() { return m_database; }
 
@@ -91,7 +91,7 @@ private:
     CatLink& m_link;
     DescriptionDatabase m_database;
     MenuReader m_reader;
-    ManagerWriter m_writer;
+    MenuWriter m_writer;
     ItemExchange m_exchange;
     int m_selectedColumn = 0;
     int m_readColumn = 0;  // the selected column when the read began

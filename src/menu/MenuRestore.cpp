@@ -26,7 +26,7 @@ bool mayWriteCatSettings(MsgBox& msgBox, const std::vector<std::string>& cat, co
 
 MenuRestore::MenuRestore(Terminal& terminal, MenuWriter& writer) : m_terminal(terminal), m_writer(writer) {
     m_written = writer.ended.connect([this](const Outcome& outcome) {
-        if (!outcome.isDone()) m_terminal.link().panels().Error = inWords(outcome, {"line", "lines", true});
+        m_terminal.link().report(outcome, menuItemsWritten);
         ended.emit(outcome);
     });
 }

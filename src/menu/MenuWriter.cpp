@@ -1,5 +1,6 @@
 #include "menu/MenuWriter.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/CodePage.h"
@@ -8,35 +9,60 @@
 
 namespace korvex {
 
+namespace {
+
+constexpr int intervalMs = 50;  // of which every second tick works
+
+}  // namespace
+
 void MenuWriter::write(std::vector<std::string> lines) {
-    const int count = static_cast<int>(lines.size());
-    auto operation = m_link.begin({ActiveOperation::MenuWrite,
-                                   "Writing the menu",
-                                   count,
-                                   {"line", "lines", true},
-                                   "Restore Menu to FT2000",
-                                   155});
+    m_closes = false;
+    begin({ActiveOperation::MenuWrite, "Writing the menu", 0, menuItemsWritten, "Restore Menu to FT2000", 155},
+          std::move(lines));
+}
+
+void MenuWriter::writeAndClose(std::vector<std::string> lines) {
+    m_closes = true;
+    begin({ActiveOperation::MenuWrite, "Writing the menu settings", 0, menuItemsWritten,
+           "Restore Menu Settings to FT-2000", 155, 1},
+          std::move(lines));
+}
+
+void MenuWriter::begin(OperationPlan plan, std::vector<std::string> lines) {
+    plan.items = static_cast<int>(lines.size());
+    auto operation = m_link.begin(std::move(plan));
     if (!operation) return ended.emit(m_link.notBegun());
     m_operation = std::move(operation);
     m_lines = std::move(lines);
     m_link.clearTraffic();
     m_link.panels().Error = "";
+    m_operation->expect({"EX"});
     m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
-    m_operation->every(50, m_phase, [this] { writeNext(); });
+    m_operation->every(intervalMs, m_closes ? m_closingPhase : m_phase, [this] { work(); });
 }
 
-void MenuWriter::writeNext() {
+void MenuWriter::work() {
+    const auto allSent = [this] { return static_cast<std::size_t>(m_operation->item()) >= m_lines.size(); };
+    if (!allSent()) {
+        sendNext();
+        if (!m_closes && allSent()) finish();
+    } else if (!m_closes) {
+        finish();
+    } else if (m_link.port().OutBufferCount() == 0) {
+        finishAndClose();  // closing drops what has not left yet, so it waits for that
+    }
+}
+
+void MenuWriter::sendNext() {
     const int done = m_operation->item();
-    if (static_cast<std::size_t>(done) >= m_lines.size()) return finish();
     const std::string& line = m_lines[static_cast<std::size_t>(done)];
     const std::string sent = line + std::string(crLf);
-    m_link.lineWritten = utf8FromWire(line);
-    m_operation->send(sent);
+    if (!m_closes) m_link.lineWritten = utf8FromWire(line);
+    m_operation->write(itemInLine(line), sent);
     m_link.panels().Error = "Writing Menu " + itemInLine(line);
     m_link.sent().append(sent);
     m_link.received().append(line + "  ");
-    m_operation->step(done + 1);
-    if (static_cast<std::size_t>(done) + 1 == m_lines.size()) finish();
+    m_operation->step(done + 1, done + 1 + m_operation->plan().value);
 }
 
 void MenuWriter::finish() {
@@ -44,8 +70,18 @@ void MenuWriter::finish() {
     m_link.panels().Error = "Terminated";
     m_link.lineWritten = "Terminated";
     m_link.sent().append("Terminated\r\n");
-    const int count = static_cast<int>(m_lines.size());
-    m_operation->end({Outcome::Kind::Done, count, count, {}, {}});
+    const auto empty = std::count(m_lines.begin(), m_lines.end(), "");
+    m_operation->finish(static_cast<int>(m_lines.size()) - static_cast<int>(empty));
+}
+
+void MenuWriter::finishAndClose() {
+    m_link.panels().Error = "Terminated";
+    m_link.lineWritten = "Terminated";
+    m_link.received().append(crLf);
+    // Whoever is told begins nothing on a port that is about to go.
+    const auto empty = std::count(m_lines.begin(), m_lines.end(), "");
+    m_operation->finish(static_cast<int>(m_lines.size()) - static_cast<int>(empty));
+    m_link.closePort();
 }
 
 }  // namespace korvex

@@ -39,7 +39,6 @@ void Terminal::Form_Load() {
     }
     echo = readSetting(m_needs.settings, keys::echo);
     m_needs.link.received().set(setUpNote);
-    m_needs.link.setActiveOperation(ActiveOperation::Idle);
 }
 
 bool Terminal::Form_Unload() {
@@ -163,6 +162,7 @@ void Terminal::mnu_keyer_Click() {
 }
 
 void Terminal::mnu_equalizer_Click() {
+    if (!m_needs.link.freeLine()) return;
     m_needs.link.closePort();
     m_timer10->setEnabled(true);
 }

@@ -22,8 +22,10 @@ struct StartWindowTest : testing::Test {
     fakes::VirtualClock clock;
     std::vector<std::string> calls;
     std::function<void()> whileOpening = [] {};
+    int busyFor = -1;  // the tool that may not be opened
     StartWindow window{clock,
                        {[this] { calls.push_back("close equalizer port"); }, [this] { calls.push_back("hide tools"); },
+                        [this](int tool) { return tool != busyFor; },
                         [this](int tool) {
                             calls.push_back("open " + std::to_string(tool));
                             whileOpening();
@@ -56,6 +58,11 @@ TEST_F(StartWindowTest, OnlyTheLastPickedToolOpensAndBearsTheMark) {
     window.Command1_Click(StartWindow::MenuManager);
     clock.advance(300);
     EXPECT_EQ(calls.back(), "open 2");
+    EXPECT_EQ(marks(), "oogooo");
+    const auto before = calls.size();
+    busyFor = StartWindow::Equalizer;
+    window.Command1_Click(StartWindow::Equalizer);
+    EXPECT_EQ(calls.size(), before) << "nothing is hidden for a tool that may not come";
     EXPECT_EQ(marks(), "oogooo");
     window.markClosed(StartWindow::MenuManager);
     EXPECT_EQ(marks(), "oooooo");

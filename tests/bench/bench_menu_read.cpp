@@ -44,7 +44,7 @@ int run() {
         last = Time::now();
         if (commands++ == 0) first = last;
     });
-    const auto ended = program.menuSave.ended.connect([](TransferEnd) { QApplication::quit(); });
+    const auto ended = program.menuSave.ended.connect([](Outcome::Kind) { QApplication::quit(); });
     QTimer::singleShot(1500, [&] { program.menuSave.mnu_Store_Click(); });
     QApplication::exec();
     const double took = std::chrono::duration<double, std::milli>(last - first).count();

@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QSerialPort>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
@@ -157,15 +158,14 @@ int runKorvex(Radio& radio, long bytes, long perSecond) {
     options.programFolder = folder.path().toStdString();
     options.ports[1] = radio.device;
     std::optional<Watch> watch;
+    Connection counting;
     return runProgram(options, [&](Program& program) {
         program.startWindow.Command1_Click(StartWindow::Terminal);
         QTimer::singleShot(800, [&] { program.link.togglePort(); });
         QTimer::singleShot(2500, [&] {
             watch.emplace(bytes, [] { QApplication::quit(); });
-            program.link.answers().onAnswer(ActiveOperation::Idle, [&] {
-                watch->count(1);
-                return Rest::GoOn;
-            });
+            counting = program.link.came.connect(
+                [&](std::string_view wire) { watch->count(std::count(wire.begin(), wire.end(), ';')); });
             startTalking(radio, bytes, perSecond);
         });
     });

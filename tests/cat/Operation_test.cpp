@@ -175,11 +175,38 @@ TEST_F(OperationTest, AClosedPortEndsItAndItsOwnersWordsStay) {
     EXPECT_EQ(link.panels().Error.get(), "The port was closed at item 3 of 149; items 1 to 2 are read.");
 }
 
+TEST_F(OperationTest, KnowsWhatTheRadioRefusedAndWaitsForALateRefusalUnlessSomebodyWantsTheLine) {
+    for (const int waits : {599, 600}) {
+        ends.clear();
+        auto operation = begin(ActiveOperation::KeyerWrite);
+        operation->expect({"KM"});
+        operation->write("KM1", "KM1A;");
+        operation->write("KM2", "KM2B;");
+        line.feed("?;?;");  // the second one is of nothing
+        operation->send("KM3;");
+        line.feed("?;");
+        operation->write("KM4", "KM4D;");
+        operation->finish(3);
+        EXPECT_FALSE(progress.visible);
+        EXPECT_EQ(link.activeOperation(), ActiveOperation::Idle);
+        line.feed("\xE4?;");
+        bench.clock.advance(waits);
+        EXPECT_EQ(ends.size(), waits == 600 ? 1U : 0U);
+        if (waits == 599) {
+            EXPECT_TRUE(link.freeLine()) << "nobody is asked";
+        }
+        ASSERT_EQ(ends.size(), 1U);
+        EXPECT_EQ(inWords(ends.front(), {"text", "texts", true}), "1 text written, 2 refused: KM2, KM4");
+    }
+}
+
 TEST(OutcomeInWords, SaysWhatIsWhere) {
     const ItemWords writing{"item", "items", true};
     const ItemWords channels{"channel", "channels", false};
     EXPECT_EQ(inWords({Outcome::Kind::Done, 149, 149, {"031", "088"}, {}}, writing),
               "149 items written, 2 refused: 031, 088");
+    EXPECT_EQ(inWords({Outcome::Kind::Done, 0, 149, std::vector<std::string>(13, "x"), {}}, writing),
+              "0 items written, 13 refused: x, x, x, x, x, x, x, x, x, x, x, x, ...");
     EXPECT_EQ(inWords({Outcome::Kind::Done, 1, 99, {}, {}}, channels), "1 channel read");
     EXPECT_EQ(inWords({Outcome::Kind::Cancelled, 33, 149, {}, {}}, writing),
               "Stopped at item 34 of 149; items 1 to 33 are in the radio.");

@@ -21,7 +21,7 @@ void writeList(TroubleBench& bench) {
     auto& memory = bench.program.memory;
     memory.editor.Form_Load();
     bench.clock.advance(1'100);
-    if (memory.listFiles.loadListFile() != TransferEnd::Done) return;
+    if (memory.listFiles.loadListFile() != Outcome::Kind::Done) return;
     for (int row = 1; row <= MemoryList::rows; row += 7) {
         memory.editor.chooseRow(row);
         memory.editor.cmd2_Click();
@@ -37,13 +37,13 @@ constexpr Way ways[] = {
     {'l', writeList, [](TroubleBench& b) { return b.program.memory.listWriter.running(); }},
     {'b',
      [](TroubleBench& b) {
-         if (b.program.bandStackWindow.loadBandStackFile() == TransferEnd::Done)
+         if (b.program.bandStackWindow.loadBandStackFile() == Outcome::Kind::Done)
              b.program.bandStackWindow.mnu_writeBandStack_Click();
      },
      [](TroubleBench& b) { return b.program.bandStackWindow.writer().running(); }},
     {'k',
      [](TroubleBench& b) {
-         if (b.program.keyerWindow.loadKeyerFile() == TransferEnd::Done) b.program.keyerWindow.mnu_WriteKeyer_Click();
+         if (b.program.keyerWindow.loadKeyerFile() == Outcome::Kind::Done) b.program.keyerWindow.mnu_WriteKeyer_Click();
      },
      [](TroubleBench& b) { return b.program.keyerWindow.writer().running(); }},
 };

@@ -13,12 +13,12 @@ namespace korvex {
 template <class Ports>
 struct KeyerBench : fakes::ProgramBench<Ports> {
     KeyerWindow window{{this->program.link, this->settings, this->fileDialog, this->msgBox, this->folder.path()}};
-    std::vector<TransferEnd> ends;
+    std::vector<Outcome::Kind> ends;
     Connections events;
 
     KeyerBench() {
-        events += window.reader().ended.connect([this](TransferEnd end) { ends.push_back(end); });
-        events += window.writer().ended.connect([this](TransferEnd end) { ends.push_back(end); });
+        events += window.reader().ended.connect([this](Outcome::Kind end) { ends.push_back(end); });
+        events += window.writer().ended.connect([this](Outcome::Kind end) { ends.push_back(end); });
     }
     MSFlexGrid& grid() { return window.table().MSFlexGrid_k1; }
     std::string text(int row) { return grid().TextMatrix(row, KeyerTable::textColumn); }

@@ -51,7 +51,7 @@ TEST_F(KeyerTransferTest, ReadsAMemoryEvery400ms) {
     line.forgetWrites();
     window.readKeyer();
     clock.advance(5000);
-    EXPECT_EQ(bench.ends, (std::vector{TransferEnd::NoAnswer, TransferEnd::Done}));
+    EXPECT_EQ(bench.ends, (std::vector{Outcome::Kind::NoAnswer, Outcome::Kind::Done}));
     EXPECT_EQ(window.hint.get(), "");
 }
 
@@ -79,7 +79,7 @@ TEST_F(KeyerTransferTest, StrayAndGluedAnswersDoNoHarm) {
     EXPECT_FALSE(progress.visible);
     line.feed("KM5TOO LATE;");
     EXPECT_EQ(bench.text(5), "");
-    EXPECT_EQ(bench.ends, std::vector{TransferEnd::NoAnswer});
+    EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::NoAnswer});
     EXPECT_NE(window.hint.get().find("3 of 5"), std::string::npos);
 }
 
@@ -93,7 +93,7 @@ TEST_F(KeyerTransferTest, ASlowRadioIsWaitedForAndNoiseInFrontOfAnAnswerIsNoText
     line.answerDelay = 950;
     window.readKeyer();
     clock.advance(5000);
-    EXPECT_EQ(bench.ends, (std::vector{TransferEnd::Done, TransferEnd::Done}));
+    EXPECT_EQ(bench.ends, (std::vector{Outcome::Kind::Done, Outcome::Kind::Done}));
     for (int row = 1; row < 6; ++row) EXPECT_EQ(bench.text(row), "LATE") << row;
 }
 
@@ -138,7 +138,7 @@ TEST_F(KeyerTransferTest, AClosedPortAndTheOtherTransferEndASequence) {
     line.forgetWrites();
     clock.advance(5000);
     EXPECT_EQ(line.story(), "");
-    EXPECT_EQ(bench.ends, std::vector{TransferEnd::PortClosed});
+    EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::PortClosed});
 
     bench.setText(1, "TU");
     window.readKeyer();
@@ -152,7 +152,7 @@ TEST_F(KeyerTransferTest, AClosedPortAndTheOtherTransferEndASequence) {
     window.writeKeyer();
     line.forgetWrites();
     clock.advance(5000);
-    EXPECT_EQ(bench.ends.at(2), TransferEnd::Cancelled);
+    EXPECT_EQ(bench.ends.at(2), Outcome::Kind::Cancelled);
     EXPECT_EQ(line.writes.size(), 5U);
     EXPECT_EQ(line.writes.front().text, "KM1TU;");
 

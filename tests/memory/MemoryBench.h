@@ -14,7 +14,7 @@ protected:
     MemoryBench() {
         for (auto* ended :
              {&memory.saver.ended, &memory.listReader.ended, &memory.restorer.ended, &memory.listWriter.ended}) {
-            m_connections += ended->connect([this](TransferEnd end) { ends.push_back(end); });
+            m_connections += ended->connect([this](Outcome::Kind end) { ends.push_back(end); });
         }
     }
 
@@ -36,7 +36,7 @@ protected:
     CatLink& link = program.link;
     ProgressWindow& progress = program.progress;
     MemoryManager& memory = program.memory;
-    std::vector<TransferEnd> ends;
+    std::vector<Outcome::Kind> ends;
 
 private:
     Connections m_connections;

@@ -105,7 +105,7 @@ TEST_F(MemoryEditorTest, ReadsAndWritesOneChannel) {
 TEST_F(MemoryEditorTest, ARefusedChannelLeavesFormAndRow) {
     openEditor();
     openPort();
-    const auto counted = editor.readingEnded.connect([&](TransferEnd end) { ends.push_back(end); });
+    const auto counted = editor.readingEnded.connect([&](Outcome::Kind end) { ends.push_back(end); });
     ports.faults().unasked = true;  // the dial is turned meanwhile
     editor.chooseRow(6);            // empty in the radio
     editor.txt1.paste("14000000");
@@ -134,7 +134,8 @@ TEST_F(MemoryEditorTest, ARefusedChannelLeavesFormAndRow) {
     clock.advance(300);
     EXPECT_EQ(editor.txt1.text.get(), "14'000'000");
     EXPECT_EQ(editor.hint.get(), "The radio refused channel 006. Shown is what it holds.");
-    EXPECT_EQ(ends, (std::vector{TransferEnd::Refused, TransferEnd::Refused, TransferEnd::Done, TransferEnd::Refused}));
+    EXPECT_EQ(ends, (std::vector{Outcome::Kind::Refused, Outcome::Kind::Refused, Outcome::Kind::Done,
+                                 Outcome::Kind::Refused}));
 }
 
 TEST_F(MemoryEditorTest, SendsWhatTheFormShowsAfterAReading) {
@@ -195,11 +196,11 @@ TEST_F(MemoryEditorTest, AnEmptyListDoesNotReplaceAFileWithChannelsUnasked) {
     for (const bool replaced : {false, true}) {
         fileDialog.choose(path("full.mef"));
         msgBox.foresee("full.mef is not empty. Replace it", replaced ? MsgAnswer::Yes : MsgAnswer::No);
-        EXPECT_EQ(memory.listFiles.saveListFile(), replaced ? TransferEnd::Done : TransferEnd::Cancelled);
+        EXPECT_EQ(memory.listFiles.saveListFile(), replaced ? Outcome::Kind::Done : Outcome::Kind::Cancelled);
         EXPECT_EQ(contentOf("full.mef").size(), replaced ? 2U : 32U);
     }
     fileDialog.choose(path("full.mef"));
-    EXPECT_EQ(memory.listFiles.saveListFile(), TransferEnd::Done);
+    EXPECT_EQ(memory.listFiles.saveListFile(), Outcome::Kind::Done);
 }
 
 TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
@@ -207,7 +208,7 @@ TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
     memory.list.replaceAll({{1, *parseMemoryString("MW00107050000-123401B01492;\xDC"
                                                    "ber")}});
     fileDialog.choose(path("list.mef"));
-    EXPECT_EQ(memory.listFiles.saveListFile(), TransferEnd::Done);
+    EXPECT_EQ(memory.listFiles.saveListFile(), Outcome::Kind::Done);
     EXPECT_EQ(contentOf("list.mef"),
               "MW00107050000-123401B01492;\xDC"
               "ber\r\n\r\n");
@@ -216,31 +217,31 @@ TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
     memory.list.clearRow(1);
     msgBox.foresee("changes", MsgAnswer::Yes);
     fileDialog.choose(path("list.mef"));
-    EXPECT_EQ(memory.listFiles.loadListFile(), TransferEnd::Done);
+    EXPECT_EQ(memory.listFiles.loadListFile(), Outcome::Kind::Done);
     EXPECT_EQ(editor.Text1.get(), "Über");
     EXPECT_FALSE(memory.list.FlexGrid1.CellBackColor(1, 1));
     EXPECT_EQ(fileDialog.shown.back().start, path("list.mef"));
 
     fileDialog.choose(path("gone/list.mef"));
     msgBox.foresee("");
-    EXPECT_EQ(memory.listFiles.loadListFile(), TransferEnd::FileFailed);
+    EXPECT_EQ(memory.listFiles.loadListFile(), Outcome::Kind::FileFailed);
     EXPECT_EQ(msgBox.shown.back().title, "Path wrong ");
     write("strange.mef", "MW00107050000-123401B01492;x\r\nMW00207O50000-123401B01492;\r\n");
     fileDialog.choose(path("strange.mef"));
     msgBox.foresee("Line 2 (MW00207O50000-123401B01492;) is no memory channel. The list stays as it is.");
-    EXPECT_EQ(memory.listFiles.loadListFile(), TransferEnd::FileFailed);
+    EXPECT_EQ(memory.listFiles.loadListFile(), Outcome::Kind::FileFailed);
     EXPECT_EQ(memory.list.cell(1, MemoryField::Remark), "Über");
 
     editor.Text1 = "Ω";
     editor.Command1_Click();
     msgBox.foresee("\"Ω\"");
-    EXPECT_EQ(memory.listFiles.saveListFile(), TransferEnd::FileFailed);
+    EXPECT_EQ(memory.listFiles.saveListFile(), Outcome::Kind::FileFailed);
     EXPECT_EQ(contentOf("list.mef"),
               "MW00107050000-123401B01492;\xDC"
               "ber\r\n\r\n");
     msgBox.foresee("changes", MsgAnswer::Yes);
     fileDialog.cancel();
-    EXPECT_EQ(memory.listFiles.loadListFile(), TransferEnd::Cancelled);
+    EXPECT_EQ(memory.listFiles.loadListFile(), Outcome::Kind::Cancelled);
     memory.listFiles.storePath();
     EXPECT_EQ(settings.values["Settings/SavePath3"], path("list.mef")) << "what failed is not remembered";
 }

@@ -3,7 +3,7 @@
 namespace korvex {
 namespace {
 
-using Ends = std::vector<TransferEnd>;
+using Ends = std::vector<Outcome::Kind>;
 
 /// What the radio was sent so far, as the transmit display shows it, in one line.
 std::string sentIn(CatLink& link) {
@@ -36,7 +36,7 @@ TEST_F(MemoryBench, ReadsIntoAFileAtTenCommandsASecond) {
 
     fileDialog.choose(path("all.mem"));
     ASSERT_TRUE(endsWithin(20'000));
-    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    EXPECT_EQ(ends, Ends{Outcome::Kind::Done});
     std::string expected;
     std::string again;  // the channels that were refused are asked once more
     int refused = 0;
@@ -70,7 +70,7 @@ TEST_F(MemoryBench, TheLastAnswerHasTwoSeconds) {
     clock.advance(lastCommandMs + 1'999);
     EXPECT_TRUE(memory.saver.running());
     clock.advance(1);
-    EXPECT_EQ(ends, Ends{TransferEnd::NoAnswer});
+    EXPECT_EQ(ends, Ends{Outcome::Kind::NoAnswer});
 }
 
 TEST_F(MemoryBench, ABusyRadioCostsNoChannel) {
@@ -100,7 +100,7 @@ TEST_F(MemoryBench, ARadioWithoutMemoriesGivesAnEmptyFileAndReplacesNoneUnasked)
         if (asked) msgBox.foresee("none.mem is not empty. Replace it by an empty file?", answer);
         memory.saver.mnu_saveMem_Click();
         ASSERT_TRUE(endsWithin(21'000));
-        EXPECT_EQ(ends.back(), answer == MsgAnswer::No ? TransferEnd::Cancelled : TransferEnd::Done);
+        EXPECT_EQ(ends.back(), answer == MsgAnswer::No ? Outcome::Kind::Cancelled : Outcome::Kind::Done);
         EXPECT_EQ(contentOf("none.mem"), answer == MsgAnswer::No ? full : "");
         link.closePort();
     }
@@ -116,7 +116,7 @@ TEST_F(MemoryBench, WaitsForASlowRadioAndIsNotMisledByNews) {
     link.answers().take("MR00150100000+000000200080;");  // before anything was asked
     fileDialog.choose(path("slow.mem"));
     ASSERT_TRUE(endsWithin(30'000));
-    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    EXPECT_EQ(ends, Ends{Outcome::Kind::Done});
     EXPECT_TRUE(contentOf("slow.mem").ends_with("MR09918068000+000000300490;\r\n"));
     EXPECT_TRUE(contentOf("slow.mem").starts_with("MR00114074000+"));
 }
@@ -126,7 +126,7 @@ TEST_F(MemoryBench, AnAnswerThatIsMissingWritesNoFile) {
     ports.faults().deafOnce = 50;
     memory.saver.mnu_saveMem_Click();
     ASSERT_TRUE(endsWithin(13'000));
-    EXPECT_EQ(ends, Ends{TransferEnd::NoAnswer});
+    EXPECT_EQ(ends, Ends{Outcome::Kind::NoAnswer});
     EXPECT_EQ(link.panels().Error.get(), "Communication faild ");
     EXPECT_FALSE(progress.visible);
     EXPECT_TRUE(sentIn(link).ends_with("MR099; "));
@@ -137,7 +137,7 @@ TEST_F(MemoryBench, ReadsIntoTheListAndClosesThePort) {
     openPort();
     memory.listReader.mnu_MemSaveFromFT2000_Click();
     ASSERT_TRUE(endsWithin(20'000));
-    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    EXPECT_EQ(ends, Ends{Outcome::Kind::Done});
     EXPECT_FALSE(link.PortOpen());
     EXPECT_EQ(memory.list.cell(99, MemoryField::Frequency), "18068000");
     EXPECT_FALSE(memory.list.filled(6));
@@ -188,7 +188,7 @@ TEST_F(MemoryBench, ClosingThePortInTheMiddleEndsEveryTransferForGood) {
             const int obeyed = ports.radio().timesSet;
             link.togglePort();  // at once, while a timer could still be running
             clock.advance(20'000);
-            EXPECT_EQ(ends, Ends{TransferEnd::PortClosed}) << i;
+            EXPECT_EQ(ends, Ends{Outcome::Kind::PortClosed}) << i;
             EXPECT_EQ(sentIn(link), "") << i;
             EXPECT_EQ(ports.radio().timesSet, obeyed) << i;
             link.togglePort();
@@ -209,12 +209,16 @@ TEST_F(MemoryBench, RestoresAFileLineByLine) {
     clock.advance(99);
     EXPECT_EQ(ends, Ends{});
     clock.advance(1);
-    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    EXPECT_FALSE(memory.restorer.running());
     EXPECT_EQ(sentIn(link), "MW00114250000+000000200080; MW00307040000-123411300080; Terminated ");
     EXPECT_EQ(link.received().text(), "MR00114250000+000000200080;\r\nMR00307040000-123411300080;\r\n");
     EXPECT_EQ(progress.value.get(), 3);
     EXPECT_EQ(link.activeOperation(), ActiveOperation::Idle);
-    clock.advance(100);
+    clock.advance(599);
+    EXPECT_EQ(ends, Ends{});
+    clock.advance(1);
+    EXPECT_EQ(ends, Ends{Outcome::Kind::Done}) << "with the time for a late refusal";
+    EXPECT_TRUE(link.received().text().ends_with("\r\n 2 memories written \r\n"));
     EXPECT_EQ(record(1), "14250000+000000200080");
     EXPECT_EQ(record(3), "07040000-123411300080");
 }
@@ -246,7 +250,7 @@ TEST_F(MemoryBench, RestoreTellsFilesThatItCannotUse) {
     msgBox.foresee("Line 2 (MR002) is no memory as the radio tells it, nothing was sent.");
     memory.restorer.mnu_restMem_Click();
     clock.advance(200);
-    EXPECT_EQ(ends.back(), TransferEnd::FileFailed);
+    EXPECT_EQ(ends.back(), Outcome::Kind::FileFailed);
     EXPECT_EQ(sentIn(link), "");
 
     link.togglePort();
@@ -276,9 +280,11 @@ TEST_F(MemoryBench, WritesTheListARowEveryHalfSecond) {
     EXPECT_EQ(progress.value.get(), 3);
     memory.list.place(5, *parseMemoryString("MW00507040000+000000300080;"));  // after the start: stays here
     clock.advance(96 * 500 - 1);
-    EXPECT_EQ(ends, Ends{});
+    EXPECT_TRUE(memory.listWriter.running());
     clock.advance(1);
-    EXPECT_EQ(ends, Ends{TransferEnd::Done});
+    EXPECT_FALSE(memory.listWriter.running());
+    clock.advance(600);
+    EXPECT_EQ(ends, Ends{Outcome::Kind::Done});
     EXPECT_EQ(link.panels().Error.get(), "Terminated");
     EXPECT_EQ(record(1), "14250000+000000200080");
     EXPECT_EQ(record(3), "07040000+000000300080");
@@ -306,7 +312,7 @@ TEST_F(MemoryBench, NothingIsStoppedUnasked) {
             msgBox.foresee(std::string(standing) + ". Stop it?", answer);
             memory.editor.cmd3_Click();
         }
-        EXPECT_EQ(ends, Ends{TransferEnd::Cancelled}) << standing;
+        EXPECT_EQ(ends, Ends{Outcome::Kind::Cancelled}) << standing;
         EXPECT_TRUE(memory.editor.isReading());
         EXPECT_FALSE(progress.visible);
         clock.advance(1'000);

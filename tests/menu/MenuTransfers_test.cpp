@@ -22,8 +22,8 @@ protected:
         line.answerDelay = 30;
         bench.openPort();
         line.forgetWrites();
-        ended = bench.program.menuSave.ended.connect([this](TransferEnd end) { ends.push_back(end); });
-        writeEnded = bench.program.menuRestore.ended.connect([this](TransferEnd end) { ends.push_back(end); });
+        ended = bench.program.menuSave.ended.connect([this](Outcome::Kind end) { ends.push_back(end); });
+        writeEnded = bench.program.menuRestore.ended.connect([this](Outcome::Kind end) { ends.push_back(end); });
     }
 
     static std::string wholeFile() {
@@ -44,7 +44,7 @@ protected:
     Program& program = bench.program;
     fakes::ScriptedLine& line = bench.ports.plug(1);
     std::string file = bench.folder.file("shack.mnu");
-    std::vector<TransferEnd> ends;
+    std::vector<Outcome::Kind> ends;
     Connection ended;
     Connection writeEnded;
 };
@@ -71,7 +71,7 @@ TEST_F(MenuTransferTest, ReadsAllItemsTenASecondIntoAFile) {
     EXPECT_FALSE(program.progress.visible);
     EXPECT_EQ(program.terminal.txtPath.get(), file);
     EXPECT_EQ(program.link.activeOperation(), ActiveOperation::Idle);
-    EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::Done});
+    EXPECT_EQ(ends, std::vector<Outcome::Kind>{Outcome::Kind::Done});
     EXPECT_EQ(bench.fileDialog.shown.at(0).title, "Save FT-2000 Menu");
 }
 
@@ -86,7 +86,7 @@ TEST_F(MenuTransferTest, ARadioThatDoesNotAnswerInTimeEndsTheReadWithoutAFile) {
     EXPECT_EQ(program.link.activeOperation(), ActiveOperation::Idle);
     line.feed("EX1491;");  // too late: shown, nothing more
     EXPECT_TRUE(program.link.received().text().ends_with("EX1491;\r\n"));
-    EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::NoAnswer});
+    EXPECT_EQ(ends, std::vector<Outcome::Kind>{Outcome::Kind::NoAnswer});
 }
 
 TEST_F(MenuTransferTest, MissingAnswersBecomeEmptyLinesAndTheOwnerIsTold) {
@@ -109,7 +109,7 @@ TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {
     program.menuSave.mnu_Store_Click();
     bench.clock.advance(20'000);
     EXPECT_EQ(fakes::fileContent(file), wholeFile());
-    EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::Done});
+    EXPECT_EQ(ends, std::vector<Outcome::Kind>{Outcome::Kind::Done});
 
     // The last answer has two seconds from the one before it.
     const auto answer = line.answer;
@@ -120,7 +120,7 @@ TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {
     bench.clock.advance(14'730 + 1'950);
     line.feed("EX1491;");
     EXPECT_EQ(fakes::fileContent(file), wholeFile());
-    EXPECT_EQ(ends, (std::vector{TransferEnd::Done, TransferEnd::Done}));
+    EXPECT_EQ(ends, (std::vector{Outcome::Kind::Done, Outcome::Kind::Done}));
 }
 
 TEST_F(MenuTransferTest, ClosingThePortEndsEitherTransferAtOnceAndWritesNothing) {
@@ -140,7 +140,7 @@ TEST_F(MenuTransferTest, ClosingThePortEndsEitherTransferAtOnceAndWritesNothing)
     bench.clock.advance(20'000);
     EXPECT_FALSE(program.progress.visible);
     EXPECT_EQ(bench.clock.armedTimers(), 0U);
-    EXPECT_EQ(ends, (std::vector<TransferEnd>{TransferEnd::PortClosed, TransferEnd::PortClosed}));
+    EXPECT_EQ(ends, (std::vector<Outcome::Kind>{Outcome::Kind::PortClosed, Outcome::Kind::PortClosed}));
 }
 
 TEST_F(MenuTransferTest, ACancelledDialogOrABadFolderLeavesNoFile) {
@@ -207,7 +207,7 @@ TEST_F(MenuTransferTest, RestoresALineEvery100MsAndSaysTerminated) {
     bench.clock.advance(20'000);
     EXPECT_EQ(line.writes.size(), 146U);
     EXPECT_EQ(line.story().find("EX028"), std::string::npos);
-    EXPECT_EQ(ends, (std::vector<TransferEnd>{TransferEnd::Done, TransferEnd::Done}));
+    EXPECT_EQ(ends, (std::vector<Outcome::Kind>{Outcome::Kind::Done, Outcome::Kind::Done}));
 }
 
 TEST_F(MenuTransferTest, AnIncompleteFileIsAskedAboutAndFollowedByBareLineEnds) {
@@ -216,7 +216,7 @@ TEST_F(MenuTransferTest, AnIncompleteFileIsAskedAboutAndFollowedByBareLineEnds) 
     restore("EX0015;\nEX0025;\r\n?;\r\n\"EX0045;\"\r\n");
     bench.clock.advance(20'000);
     EXPECT_EQ(line.story(), "");
-    EXPECT_EQ(ends, std::vector<TransferEnd>{TransferEnd::Cancelled});
+    EXPECT_EQ(ends, std::vector<Outcome::Kind>{Outcome::Kind::Cancelled});
     fakes::writeFile(file, wholeFile().erase(0, wholeFile().find("EX002")));
     bench.fileDialog.choose(file);
     bench.msgBox.foresee("holds 148 of 149", MsgAnswer::No);
@@ -267,7 +267,7 @@ TEST_F(MenuTransferTest, FilesThatAreNoMenuFilesSendNothing) {
     EXPECT_EQ(bench.msgBox.shown.back().title, "File not found");
     bench.clock.advance(20'000);
     EXPECT_EQ(line.story(), "");
-    EXPECT_EQ(ends, std::vector<TransferEnd>(files.size() + 1, TransferEnd::FileFailed));
+    EXPECT_EQ(ends, std::vector<Outcome::Kind>(files.size() + 1, Outcome::Kind::FileFailed));
 }
 
 TEST_F(MenuTransferTest, AnswersThatNobodyAskedForOrThatComeTogetherMoveNoRow) {
@@ -303,17 +303,17 @@ TEST_F(MenuTransferTest, OneTransferAtATimeAndACancelledDialogLeavesItAlone) {
     program.menuRestore.mnu_Restore_Click();
     bench.fileDialog.choose(file);
     bench.msgBox.foresee("CAT settings", MsgAnswer::Yes);
-    bench.msgBox.foresee("Writing the menu, line 10 of 149. Stop it?", MsgAnswer::No);
+    bench.msgBox.foresee("Writing the menu, item 10 of 149. Stop it?", MsgAnswer::No);
     program.menuRestore.mnu_Restore_Click();
     EXPECT_TRUE(program.progress.visible);
     bench.clock.advance(1'000);
     EXPECT_EQ(line.writes.size(), 20U);
     program.progress.cancelled.emit();
     EXPECT_FALSE(program.progress.visible);
-    EXPECT_EQ(bench.error(), "Stopped at line 20 of 149; lines 1 to 19 are in the radio.");
+    EXPECT_EQ(bench.error(), "Stopped at item 20 of 149; items 1 to 19 are in the radio.");
     bench.clock.advance(20'000);
     EXPECT_EQ(line.writes.size(), 20U);
-    EXPECT_EQ(ends, std::vector<TransferEnd>(3, TransferEnd::Cancelled));
+    EXPECT_EQ(ends, std::vector<Outcome::Kind>(3, Outcome::Kind::Cancelled));
 }
 
 TEST_F(MenuTransferTest, AStallCausesNoBurst) {

@@ -269,6 +269,13 @@ bool toldInTheKeyer(TroubleBench& bench) {
     return !bench.program.keyerWindow.hint.get().empty();
 }
 
+/// In the panel, the Menu Manager or the keyer window.
+bool refusalsTold(TroubleBench& bench) {
+    const std::string text = bench.program.link.panels().Error.get() + bench.program.menuManager.Label1.get() +
+                             bench.program.keyerWindow.hint.get();
+    return text.find("refused") != std::string::npos;
+}
+
 }  // namespace
 
 RadioState unlikeRadio() {
@@ -282,7 +289,8 @@ const std::vector<TriedOperation>& operations() {
         {"menu read", nothing, readMenu, [](TroubleBench& b) { return b.program.menuSave.running(); }, "menu reader",
          targetFile, toldInTheReceiveDisplay, "EX042"},
         {"menu write", prepareMenuFile, [](TroubleBench& b) { b.program.menuRestore.mnu_Restore_Click(); },
-         [](TroubleBench& b) { return b.program.menuWriter.running(); }, "menu writer", radioState, untold, "EX042"},
+         [](TroubleBench& b) { return b.program.menuWriter.running(); }, "menu writer", radioState, refusalsTold,
+         "EX042"},
         {"menu read into the Menu Manager", prepareManager,
          [](TroubleBench& b) { b.program.menuManager.mnu_readSettings_Click(); },
          [](TroubleBench& b) { return b.program.menuManager.reading(); }, "Menu Manager reader", managerValues,
@@ -290,7 +298,7 @@ const std::vector<TriedOperation>& operations() {
         {"menu write from the Menu Manager", prepareManagerColumn,
          [](TroubleBench& b) { b.program.menuManager.mnuRestore_Click(); },
          [](TroubleBench& b) { return b.program.menuManager.writer().running(); }, "Menu Manager writer", radioState,
-         untold, "EX042"},
+         refusalsTold, "EX042"},
         {"one menu item sent and read back", prepareManagerItem, sendManagerItem,
          [](TroubleBench& b) { return b.program.menuManager.exchange().running(); }, "menu item exchange", managerItem,
          toldInTheManager, "EX042"},
@@ -299,8 +307,8 @@ const std::vector<TriedOperation>& operations() {
          toldInTheReceiveDisplay, "MR001"},
         {"memory write from a file", prepareMemoryFile,
          [](TroubleBench& b) { b.program.memory.restorer.mnu_restMem_Click(); },
-         [](TroubleBench& b) { return b.program.memory.restorer.running(); }, "memory restorer", radioState, untold,
-         "MW001"},
+         [](TroubleBench& b) { return b.program.memory.restorer.running(); }, "memory restorer", radioState,
+         refusalsTold, "MW001"},
         {"memory read into the list", nothing,
          [](TroubleBench& b) { b.program.memory.listReader.mnu_MemSaveFromFT2000_Click(); },
          [](TroubleBench& b) { return b.program.memory.listReader.running(); }, "memory list reader", memoryList,
@@ -308,7 +316,7 @@ const std::vector<TriedOperation>& operations() {
         {"memory write from the list", prepareMemoryList,
          [](TroubleBench& b) { b.program.memory.listWriter.mnu_MemRestoreTOFT2000_Click(); },
          [](TroubleBench& b) { return b.program.memory.listWriter.running(); }, "memory list writer", radioState,
-         untold, "MW001"},
+         refusalsTold, "MW001"},
         {"one memory sent and read back", prepareMemoryEditor,
          [](TroubleBench& b) { b.program.memory.editor.cmd2_Click(); },
          [](TroubleBench& b) { return b.program.memory.editor.isReading(); }, "memory editor", memoryOne, toldInTheForm,
@@ -329,7 +337,7 @@ const std::vector<TriedOperation>& operations() {
          [](TroubleBench& b) { return b.lastBackup(); }, toldInABox, "EX042"},
         {"keyer write", prepareKeyerTexts, [](TroubleBench& b) { b.program.keyerWindow.mnu_WriteKeyer_Click(); },
          [](TroubleBench& b) { return b.program.keyerWindow.writer().running(); }, "keyer writer", radioState,
-         toldInTheKeyer, "KM2"},
+         refusalsTold, "KM2"},
         {"keyer read", nothing, [](TroubleBench& b) { b.program.keyerWindow.mnu_readKeyer_Click(); },
          [](TroubleBench& b) { return b.program.keyerWindow.reader().running(); }, "keyer reader", keyerTexts,
          toldInTheKeyer, "KM2"},
@@ -348,7 +356,7 @@ const Healthy& healthy(const TriedOperation& operation) {
     const int heard = bench.heard();
     const auto begin = bench.clock.now();
     operation.start(bench);
-    bench.clock.advanceUntil([&] { return !operation.running(bench); }, 900'000);
+    bench.clock.advanceUntil([&] { return !operation.running(bench) && !bench.program.link.operation(); }, 900'000);
     bench.settle();
     Healthy found2{bench.clock.now() - begin, bench.heard() - heard, {}, fakes::fileContent(bench.target)};
     for (const auto& line : linesOf(operation.result(bench))) {

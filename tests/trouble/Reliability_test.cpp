@@ -6,15 +6,15 @@
 namespace korvex {
 namespace {
 
-std::string nameOf(std::optional<TransferEnd> end) {
+std::string nameOf(std::optional<Outcome::Kind> end) {
     if (!end) return "";
     switch (*end) {
-        case TransferEnd::Done: return "done";
-        case TransferEnd::Refused: return "refused";
-        case TransferEnd::NoAnswer: return "no answer";
-        case TransferEnd::PortClosed: return "port closed";
-        case TransferEnd::Cancelled: return "cancelled";
-        case TransferEnd::FileFailed: break;
+        case Outcome::Kind::Done: return "done";
+        case Outcome::Kind::Refused: return "refused";
+        case Outcome::Kind::NoAnswer: return "no answer";
+        case Outcome::Kind::PortClosed: return "port closed";
+        case Outcome::Kind::Cancelled: return "cancelled";
+        case Outcome::Kind::FileFailed: break;
     }
     return "file failed";
 }

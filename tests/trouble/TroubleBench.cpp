@@ -57,12 +57,12 @@ TroubleBench::TroubleBench() {
 }
 
 void TroubleBench::listenTo(const std::string& part, Signal<const Outcome&>& ended) {
-    m_connections += ended.connect([this, part](TransferEnd end) { ends[part] = end; });
+    m_connections += ended.connect([this, part](Outcome::Kind end) { ends[part] = end; });
 }
 
-std::optional<TransferEnd> TroubleBench::endOf(const TriedOperation& operation) {
+std::optional<Outcome::Kind> TroubleBench::endOf(const TriedOperation& operation) {
     if (operation.endedBy == "equalizer") {
-        return program.eqWindow.isPortOpen() ? TransferEnd::Done : TransferEnd::PortClosed;
+        return program.eqWindow.isPortOpen() ? Outcome::Kind::Done : Outcome::Kind::PortClosed;
     }
     const auto end = ends.find(std::string(operation.endedBy));
     return end == ends.end() ? std::nullopt : std::optional(end->second);
@@ -74,6 +74,7 @@ void TroubleBench::closePorts() {
 }
 
 bool TroubleBench::anythingRuns() {
+    if (program.link.operation() != nullptr) return true;
     return std::any_of(operations().begin(), operations().end(),
                        [this](const TriedOperation& operation) { return operation.running(*this); });
 }

@@ -26,12 +26,12 @@ struct TroubleBench : fakes::ProgramBench<fakes::TalkativePorts> {
     int slidersToMove = 0;  ///< of the equalizer
 
     /// How the operations ended last, by the name of the part that tells it.
-    std::map<std::string, TransferEnd> ends;
+    std::map<std::string, Outcome::Kind> ends;
 
     void closePorts();
     /// The files of the last whole backup, a line of a file each.
     std::string lastBackup() const;
-    std::optional<TransferEnd> endOf(const TriedOperation& operation);
+    std::optional<Outcome::Kind> endOf(const TriedOperation& operation);
     void settle() { clock.advance(100); }  ///< what was written reaches the radio
     bool portOpen() { return ports.cable.isOpen; }
     int heard() const { return ports.cable.line.commandsHeard; }

@@ -229,14 +229,14 @@ struct StartWindowUi : testing::Test {
     fakes::FakeSettings settings;
     std::vector<std::string> calls;
     bool mayUnload = true;
-    StartWindow logic{
-        clock,
-        {[this] { calls.push_back("close equalizer port"); }, [this] { calls.push_back("hide tools"); },
-         [this](int tool) { calls.push_back("open " + std::to_string(tool)); }, [this] { calls.push_back("help"); },
-         [this] {
-             calls.push_back("unload");
-             return mayUnload;
-         }}};
+    StartWindow logic{clock,
+                      {[this] { calls.push_back("close equalizer port"); }, [this] { calls.push_back("hide tools"); },
+                       [](int) { return true; }, [this](int tool) { calls.push_back("open " + std::to_string(tool)); },
+                       [this] { calls.push_back("help"); },
+                       [this] {
+                           calls.push_back("unload");
+                           return mayUnload;
+                       }}};
     frmUtilities window{logic, settings, [this](QWidget* owner) {
                             calls.push_back(owner == &window ? "about" : "about of another window");
                         }};

@@ -105,6 +105,7 @@ void Desktop::showAboutBox(QWidget* owner) {
 }
 
 void Desktop::showPortSettings() {
+    if (!m_program.link.freeLine()) return;  // looking for ports closes ours
     PortSettings logic = m_program.makePortSettings();
     logic.Form_Load();
     frmProperties dialog(logic, terminalWindow());
