@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "desktop/StartOptions.h"
+
+#include <gtest/gtest.h>
 
 namespace korvex {
 namespace {
@@ -32,8 +32,9 @@ TEST(StartOptions, TakesPortsFoldersAndRefusesNonsense) {
 }
 
 TEST(StartOptions, LeaveToQtWhatIsQts) {
-    const auto options = parseStartOptions({"-platform", "offscreen", "--style=fusion", "-session", "--demo",
-                                            "-reverse", "--stylesheet", "-style", "--settings", "x.ini"});
+    const auto options =
+        parseStartOptions({"-platform", "offscreen", "--style=fusion", "-session", "--demo", "-reverse",
+                           "--stylesheet=x", "--stylesheet", "-style", "--port=1=/dev/x", "--settings", "x.ini"});
     ASSERT_TRUE(options) << options.error().text;
     EXPECT_FALSE(options->demo) << "that was the session's name";
     EXPECT_EQ(options->settingsFile, "x.ini");
