@@ -21,6 +21,7 @@
 #include "platform/FileDialog.h"
 #include "platform/MSComm.h"
 #include "platform/MsgBox.h"
+#include "platform/OwnersFiles.h"
 #include "platform/ProgressWindow.h"
 #include "platform/SerialDevice.h"
 #include "platform/SettingsStore.h"
@@ -57,6 +58,8 @@ public:
     ProgressWindow progress;
     MSComm MSComm1;
     CatLink link;
+    OwnersDesk desk;
+    OwnersFiles files;  ///< the menus and memories
     Terminal terminal;
     MenuSave menuSave;
     MenuWriter menuWriter;

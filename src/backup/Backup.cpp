@@ -18,8 +18,8 @@ bool wasTold(const Outcome& outcome) {
 
 }  // namespace
 
-Backup::Backup(Terminal& terminal, Clock& clock)
-    : m_link(terminal.link()), m_readings(terminal, clock), m_patience(m_link, clock, [this] { onSilence(); }) {}
+Backup::Backup(CatLink& link, Clock& clock)
+    : m_link(link), m_readings(link, clock), m_patience(m_link, clock, [this] { onSilence(); }) {}
 
 Failure Backup::makeFolder(const std::string& dir, const std::string& timeOfDay) {
     m_summary = {};

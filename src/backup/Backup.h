@@ -21,7 +21,7 @@ namespace korvex {
 /// port (PortClosed), Cancel (Cancelled), a file or folder that cannot be written (FileFailed).
 class Backup {
 public:
-    Backup(Terminal& terminal, Clock& clock);
+    Backup(CatLink& link, Clock& clock);
 
     /// Makes the folder for `read` in `dir`, named after the time of day, "2026-11-22 23:42:54".
     Failure makeFolder(const std::string& dir, const std::string& timeOfDay);

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/Settings.h"
-
 namespace korvex {
 
 namespace {
@@ -14,18 +12,17 @@ constexpr std::size_t mostLines = 12;    // a box must fit the screen
 
 }  // namespace
 
-BackupEntry::BackupEntry(BackupEntryNeeds needs) : m_needs(std::move(needs)), m_tell(m_needs.clock.makeTimer()) {
+BackupEntry::BackupEntry(BackupEntryNeeds needs)
+    : m_needs(std::move(needs)), m_folders(m_needs.desk, keys::backupPath), m_tell(m_needs.clock.makeTimer()) {
     m_connections += m_tell->tick.connect([this] { tellNow(); });
     m_connections += m_needs.backup.ended.connect([this](const Outcome& outcome) { onEnded(outcome); });
 }
 
 void BackupEntry::mnu_BackupRadio_Click() {
     if (!hasLine()) return;
-    const std::string start = readSetting(m_needs.settings, keys::backupPath, m_needs.programFolder);
-    const auto folder =
-        m_needs.fileDialog.show({FileDialogRequest::Mode::Folder, "Folder for the Backup of the Radio", "", start, ""});
+    const auto folder = m_folders.askForFolder("Folder for the Backup of the Radio");
     if (!folder) return;
-    writeSetting(m_needs.settings, keys::backupPath, *folder);
+    m_folders.remember(*folder);
     if (!hasLine() || !m_needs.freeLine()) return;
     m_started = true;
     m_needs.backup.start(*folder, m_needs.timeOfDay());
@@ -33,7 +30,7 @@ void BackupEntry::mnu_BackupRadio_Click() {
 
 bool BackupEntry::hasLine() {
     const std::string why = m_needs.whyNotNow();
-    if (!why.empty()) m_needs.msgBox.exclamation(why, title);
+    if (!why.empty()) m_folders.msgBox().exclamation(why, title);
     return why.empty();
 }
 
@@ -61,7 +58,7 @@ std::string BackupEntry::savedText() const {
 void BackupEntry::tellNow() {
     m_tell->setEnabled(false);
     const MsgBoxRequest request = std::exchange(m_untold, {});
-    if (!request.text.empty()) m_needs.msgBox.show(request);
+    if (!request.text.empty()) m_folders.msgBox().show(request);
 }
 
 }  // namespace korvex

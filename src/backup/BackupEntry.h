@@ -6,9 +6,7 @@
 
 #include "backup/Backup.h"
 #include "platform/Clock.h"
-#include "platform/FileDialog.h"
-#include "platform/MsgBox.h"
-#include "platform/SettingsStore.h"
+#include "platform/OwnersFiles.h"
 
 namespace korvex {
 
@@ -16,13 +14,10 @@ namespace korvex {
 struct BackupEntryNeeds {
     Backup& backup;
     Clock& clock;
-    SettingsStore& settings;
-    FileDialog& fileDialog;
-    MsgBox& msgBox;
+    const OwnersDesk& desk;
     std::function<std::string()> timeOfDay;
     std::function<std::string()> whyNotNow;  ///< why there is no line, for the owner; empty when there is one
     std::function<bool()> freeLine;          ///< another operation is stopped for it, or the person wants it to go on
-    std::string programFolder;               ///< UTF-8, without a slash at the end
 };
 
 /// "Backup whole Radio...": asks for a folder, lets the backup run and tells in a box what has become of it.
@@ -40,6 +35,7 @@ private:
     void onEnded(const Outcome& outcome);
 
     BackupEntryNeeds m_needs;
+    OwnersFiles m_folders;
     bool m_started = false;  // from here, and not yet ended
     MsgBoxRequest m_untold;
     std::unique_ptr<Timer> m_tell;

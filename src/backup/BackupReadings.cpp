@@ -10,12 +10,12 @@
 
 namespace korvex {
 
-BackupReadings::BackupReadings(Terminal& terminal, Clock& clock)
-    : m_modelReader(terminal.link()),
-      m_menuReader(terminal.link()),
-      m_memoryReader(terminal.link()),
-      m_bandStackReader(terminal.link(), clock),
-      m_keyerReader(terminal.link()) {
+BackupReadings::BackupReadings(CatLink& link, Clock& clock)
+    : m_modelReader(link),
+      m_menuReader(link),
+      m_memoryReader(link),
+      m_bandStackReader(link, clock),
+      m_keyerReader(link) {
     m_all = {modelReading(), menuReading(), memoryReading(), bandStackReading(), keyerReading()};
 }
 

@@ -10,7 +10,6 @@
 #include "memory/MemoryList.h"
 #include "memory/MemoryReader.h"
 #include "menu/MenuReader.h"
-#include "terminal/Terminal.h"
 
 namespace korvex {
 
@@ -39,7 +38,7 @@ struct BackupReading {
 /// typed into them stays as it is. The readers are those of the windows; what they read is given away as texts.
 class BackupReadings {
 public:
-    BackupReadings(Terminal& terminal, Clock& clock);
+    BackupReadings(CatLink& link, Clock& clock);
 
     const std::vector<BackupReading>& all() const { return m_all; }
     /// The one that has a file of this kind.

@@ -4,9 +4,7 @@
 
 #include "bandstack/BandStackFile.h"
 #include "base/CodePage.h"
-#include "cat/SaveOutcome.h"
-#include "platform/Settings.h"
-#include "platform/TextFile.h"
+#include "cat/FileToRestore.h"
 
 namespace korvex {
 
@@ -29,8 +27,8 @@ std::string_view messageFor(int number) {
 
 }  // namespace
 
-BandStackWindow::BandStackWindow(BandStackNeeds needs)
-    : m_needs(std::move(needs)), m_reader(m_needs.link, m_needs.clock), m_writer(m_needs.link) {
+BandStackWindow::BandStackWindow(CatLink& link, Clock& clock, const OwnersDesk& desk)
+    : m_link(link), m_files(desk, keys::bandStackPath), m_reader(link, clock), m_writer(link) {
     listen();
 }
 
@@ -48,12 +46,12 @@ void BandStackWindow::listen() {
 }
 
 void BandStackWindow::Form_Load() {
-    Text2 = readSetting(m_needs.settings, keys::bandStackPath, m_needs.programFolder);
-    dateipath = Text2.get();
+    m_files.recall();
+    dateipath = m_files.path.get();
 }
 
 void BandStackWindow::tellSilence() {
-    m_needs.link.received().append(
+    m_link.received().append(
         "\r\n Attention: the radio has not answered for 5 seconds and is asked again and again. \r\n"
         " Closing the port ends the reading. \r\n");
 }
@@ -63,7 +61,7 @@ void BandStackWindow::onReadEnded(Outcome outcome) {
         outcome.kind = saveBandStackFile();
         tellStrangeAnswers();
     } else {
-        m_needs.link.panels().Error = inWords(outcome, {"register", "registers"});
+        m_link.panels().Error = inWords(outcome, {"register", "registers"});
     }
     readEnded.emit(outcome);
 }
@@ -88,23 +86,23 @@ void BandStackWindow::tellStrangeAnswers() {
                " Please read the band stack again. \r\n";
     }
     if (refused > 0) text += " Attention: the radio refused " + std::to_string(refused) + ofAll + " questions. \r\n";
-    if (!text.empty()) m_needs.link.received().set(text);
+    if (!text.empty()) m_link.received().set(text);
 }
 
 void BandStackWindow::mnu_writeBandStack_Click() {
     const BandStackCells cells = m_stack.cells();
     const std::string missing = missingRegisters(cells);
-    if (!missing.empty() && !m_needs.msgBox.confirm(missing + "\r\nWrite the band stack all the same?")) return;
+    if (!missing.empty() && !m_files.msgBox().confirm(missing + "\r\nWrite the band stack all the same?")) return;
     m_writer.write(cells);
 }
 
 /// What was broken off half-way has left the radio neither as it was nor as it should be.
 void BandStackWindow::onWriteEnded(const Outcome& outcome) {
     const ItemWords registers = {"register", "registers", true};
-    m_needs.link.report(outcome, outcome.isDone() ? ItemWords{"setting", "settings", true} : registers);
+    m_link.report(outcome, outcome.isDone() ? ItemWords{"setting", "settings", true} : registers);
     const std::string text = inWords(outcome, registers);
     using Kind = Outcome::Kind;
-    if (outcome.kind == Kind::Refused || outcome.kind == Kind::NoAnswer) m_needs.msgBox.exclamation(text);
+    if (outcome.kind == Kind::Refused || outcome.kind == Kind::NoAnswer) m_files.msgBox().exclamation(text);
 }
 
 void BandStackWindow::mnu_closeWindow_Click() {
@@ -119,46 +117,34 @@ void BandStackWindow::closeBox() {
     hide.emit();
 }
 
-FileDialogRequest BandStackWindow::request(FileDialogRequest::Mode mode) const {
-    return {mode, "", "Flat File (*.bsr)|*.bsr|All Files (*.*)|*.*", Text2, "bsr"};
-}
-
-void BandStackWindow::remember(const std::string& file) {
-    Text2 = file;
-    dateipath = file;
-    writeSetting(m_needs.settings, keys::bandStackPath, file);
-}
-
 Outcome::Kind BandStackWindow::saveBandStackFile() {
-    const Saved saved = saveByDialog(m_needs.fileDialog, request(FileDialogRequest::Mode::Save),
-                                     bandStackFileText(m_stack.cells()), [this](const RuntimeError& error) {
-                                         dateipath = "Not saved: " + error.text;
-                                         m_needs.msgBox.stop(error.text);
-                                     });
-    if (saved.file) remember(*saved.file);
-    return outcomeOf(saved);
+    const FileEnd saved = m_files.write({"", "bsr"}, bandStackFileText(m_stack.cells()),
+                                        [this](const RuntimeError& error) { tellSaveError(error); });
+    const auto kind = outcomeOf(saved);
+    if (kind == Outcome::Kind::Done) dateipath = *saved.file;
+    return kind;
+}
+
+void BandStackWindow::tellSaveError(const RuntimeError& error) {
+    dateipath = "Not saved: " + error.text;
+    m_files.msgBox().stop(error.text);
 }
 
 Outcome::Kind BandStackWindow::loadBandStackFile() {
-    const auto file = m_needs.fileDialog.show(request(FileDialogRequest::Mode::Open));
-    if (!file) {
-        Label2 = "0";
-        Label2Yellow = true;  // a cancelled dialog counts as an error that is none
-        return Outcome::Kind::Cancelled;
-    }
-    if (const auto failure = readFile(*file)) {
-        tellLoadError(*failure);
-        return Outcome::Kind::FileFailed;
+    const FileEnd loaded = m_files.read({"", "bsr"}, [this](const std::string& content) { return take(content); });
+    const auto kind = outcomeOf(loaded);
+    if (loaded.failure) {
+        tellLoadError(*loaded.failure);
+        return kind;
     }
     Label2 = "0";
-    remember(*file);
-    return Outcome::Kind::Done;
+    if (kind == Outcome::Kind::Done) dateipath = *loaded.file;
+    if (kind == Outcome::Kind::Cancelled) Label2Yellow = true;  // a cancelled dialog counts as an error that is none
+    return kind;
 }
 
-Failure BandStackWindow::readFile(const std::string& file) {
-    const auto content = textfile::read(file);
-    if (!content) return content.error();
-    const auto cells = parseBandStackText(*content);
+Failure BandStackWindow::take(const std::string& content) {
+    const auto cells = parseBandStackText(content);
     if (!cells) return cells.error();
     m_stack.show(*cells);
     return {};
@@ -169,7 +155,7 @@ void BandStackWindow::tellLoadError(const RuntimeError& error) {
     Label2 = std::to_string(message.empty() ? 0 : error.number);
     Label2Yellow = true;
     dateipath = "Not loaded: " + error.text;
-    m_needs.msgBox.stop(message.empty() ? error.text : std::string(message) + "\r\n" + error.text);
+    m_files.msgBox().stop(message.empty() ? error.text : std::string(message) + "\r\n" + error.text);
 }
 
 }  // namespace korvex

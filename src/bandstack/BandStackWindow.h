@@ -7,26 +7,14 @@
 #include "bandstack/BandStackWriter.h"
 #include "base/Property.h"
 #include "platform/Clock.h"
-#include "platform/FileDialog.h"
-#include "platform/MsgBox.h"
-#include "platform/SettingsStore.h"
+#include "platform/OwnersFiles.h"
 
 namespace korvex {
-
-/// What the band stack window needs of the rest.
-struct BandStackNeeds {
-    CatLink& link;
-    Clock& clock;
-    SettingsStore& settings;
-    FileDialog& fileDialog;
-    MsgBox& msgBox;
-    std::string programFolder;  ///< UTF-8, without a slash at the end
-};
 
 /// What the band stack window decides: its two transfers, its files and how it is closed.
 class BandStackWindow {
 public:
-    explicit BandStackWindow(BandStackNeeds needs);
+    BandStackWindow(CatLink& link, Clock& clock, const OwnersDesk& desk);
 
     /// The remembered path, as the window finds it.
     void Form_Load();
@@ -47,8 +35,8 @@ public:
     BandStack& stack() { return m_stack; }
     BandStackReader& reader() { return m_reader; }
     BandStackWriter& writer() { return m_writer; }
+    OwnersFiles& files() { return m_files; }
 
-    Property<std::string> Text2;         ///< the remembered file, UTF-8
     Property<std::string> Text3;         ///< the text that is being written to the radio, UTF-8
     Property<std::string> dateipath;     ///< panel "Dateipath"
     Property<std::string> Label2;        ///< the error number of the last load
@@ -65,16 +53,16 @@ public:
 
 private:
     void listen();
-    FileDialogRequest request(FileDialogRequest::Mode mode) const;
-    void remember(const std::string& file);
     void onReadEnded(Outcome outcome);
     void onWriteEnded(const Outcome& outcome);
     void tellSilence();
     void tellStrangeAnswers();
-    Failure readFile(const std::string& file);
+    Failure take(const std::string& content);
+    void tellSaveError(const RuntimeError& error);
     void tellLoadError(const RuntimeError& error);
 
-    BandStackNeeds m_needs;
+    CatLink& m_link;
+    OwnersFiles m_files;
     BandStack m_stack;
     BandStackReader m_reader;
     BandStackWriter m_writer;

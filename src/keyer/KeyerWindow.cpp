@@ -1,18 +1,12 @@
 #include "keyer/KeyerWindow.h"
 
-#include <utility>
-
 #include "base/CodePage.h"
-#include "cat/SaveOutcome.h"
+#include "cat/FileToRestore.h"
 #include "keyer/KeyerFile.h"
-#include "platform/Settings.h"
-#include "platform/TextFile.h"
 
 namespace korvex {
 
 namespace {
-
-constexpr const char* filter = "Flat File (*.kem)|*.kem|All Files (*.*)|*.*";
 
 std::string_view titleFor(int number) {
     switch (number) {
@@ -25,7 +19,8 @@ std::string_view titleFor(int number) {
 
 }  // namespace
 
-KeyerWindow::KeyerWindow(KeyerNeeds needs) : m_needs(std::move(needs)), m_reader(m_needs.link), m_writer(m_needs.link) {
+KeyerWindow::KeyerWindow(CatLink& link, const OwnersDesk& desk)
+    : m_files(desk, keys::keyerPath), m_reader(link), m_writer(link) {
     m_connections += m_reader.began.connect([this] {
         hint = "";
         m_table.clearTexts();
@@ -70,7 +65,7 @@ bool KeyerWindow::canBeSent() {
     for (int row = 1; row < KeyerTable::rows; ++row) {
         const std::string why = m_table.whyNotSendable(row);
         if (why.empty()) continue;
-        m_needs.msgBox.exclamation("Nothing was written. Memory " + std::to_string(row) + ": " + why + ".");
+        m_files.msgBox().exclamation("Nothing was written. Memory " + std::to_string(row) + ": " + why + ".");
         return false;
     }
     return true;
@@ -98,21 +93,13 @@ void KeyerWindow::onWriteEnded(const Outcome& outcome) {
     hint = text;
 }
 
-std::string KeyerWindow::rememberedPath() const {
-    return readSetting(m_needs.settings, keys::keyerPath, m_needs.programFolder);
-}
-
-void KeyerWindow::remember(const std::string& file) {
-    writeSetting(m_needs.settings, keys::keyerPath, file);
-}
-
 bool KeyerWindow::canBeStored() {
     for (int row = 0; row < KeyerTable::rows; ++row) {
         const std::string why = m_table.whyNotStorable(row);
         if (why.empty()) continue;
         std::string text = "Nothing was saved. ";
         text += row == 0 ? "Titles: " : "Memory " + std::to_string(row) + ": ";
-        m_needs.msgBox.exclamation(text + why + ".");
+        m_files.msgBox().exclamation(text + why + ".");
         return false;
     }
     return true;
@@ -122,45 +109,38 @@ Outcome::Kind KeyerWindow::saveKeyerFile() {
     finishEditing.emit();
     hint = "";
     if (!canBeStored()) return Outcome::Kind::FileFailed;
-    const Saved saved =
-        saveByDialog(m_needs.fileDialog, {FileDialogRequest::Mode::Save, "", filter, rememberedPath(), "kem"},
-                     keyerFileText(m_table.fileRows()), [this](const RuntimeError& error) {
-                         hint = "Not saved: " + error.text;
-                         m_needs.msgBox.stop(error.text);
-                     });
-    if (saved.file) remember(*saved.file);
-    return outcomeOf(saved);
+    return outcomeOf(m_files.write({"", "kem"}, keyerFileText(m_table.fileRows()),
+                                   [this](const RuntimeError& error) { tellSaveError(error); }));
+}
+
+void KeyerWindow::tellSaveError(const RuntimeError& error) {
+    hint = "Not saved: " + error.text;
+    m_files.msgBox().stop(error.text);
 }
 
 Outcome::Kind KeyerWindow::loadKeyerFile() {
     finishEditing.emit();
-    const auto file = m_needs.fileDialog.show({FileDialogRequest::Mode::Open, "", filter, rememberedPath(), ""});
-    if (!file) return Outcome::Kind::Cancelled;
-    const auto content = textfile::read(*file);
-    if (!content) {
-        tellLoadError(content.error());
-        return Outcome::Kind::FileFailed;
-    }
-    const auto rows = parseKeyerFile(*content);
-    if (!rows) {
-        tellLoadError(rows.error());
-        return Outcome::Kind::FileFailed;
-    }
-    remember(*file);
+    const FileEnd loaded = m_files.read({"", "kem"}, [this](const std::string& content) { return take(content); });
+    if (loaded.failure) m_files.msgBox().stop(loaded.failure->text, std::string(titleFor(loaded.failure->number)));
+    return outcomeOf(loaded);
+}
+
+Failure KeyerWindow::take(const std::string& content) {
+    const auto rows = parseKeyerFile(content);
+    if (!rows) return rows.error();
     m_table.fill(*rows);
+    tellLoaded(static_cast<int>(rows->size()) - 1);
+    return {};
+}
+
+void KeyerWindow::tellLoaded(int inFile) {
     const std::string bad = memoriesThat([this](int row) { return !m_table.whyNotSendable(row).empty(); });
-    const int inFile = static_cast<int>(rows->size()) - 1;
     std::string text;
     if (inFile < keyerMemories) {
         text = "The file holds only " + std::to_string(inFile) + " of " + std::to_string(keyerMemories) + " memories. ";
     }
     if (!bad.empty()) text += "The radio could not take these texts as they are: " + bad + ".";
     hint = text;
-    return Outcome::Kind::Done;
-}
-
-void KeyerWindow::tellLoadError(const RuntimeError& error) {
-    m_needs.msgBox.stop(error.text, std::string(titleFor(error.number)));
 }
 
 void KeyerWindow::closeBox() {

@@ -6,25 +6,14 @@
 #include "keyer/KeyerReader.h"
 #include "keyer/KeyerTable.h"
 #include "keyer/KeyerWriter.h"
-#include "platform/FileDialog.h"
-#include "platform/MsgBox.h"
-#include "platform/SettingsStore.h"
+#include "platform/OwnersFiles.h"
 
 namespace korvex {
-
-/// What the keyer window needs of the rest.
-struct KeyerNeeds {
-    CatLink& link;
-    SettingsStore& settings;
-    FileDialog& fileDialog;
-    MsgBox& msgBox;
-    std::string programFolder;  ///< UTF-8, without a slash at the end
-};
 
 /// What the keyer window decides: its two transfers, its files and how it is closed.
 class KeyerWindow {
 public:
-    explicit KeyerWindow(KeyerNeeds needs);
+    KeyerWindow(CatLink& link, const OwnersDesk& desk);
 
     void mnu_LoadKeyer_Click() { loadKeyerFile(); }
     void mnu_SaveKeyer_Click() { saveKeyerFile(); }
@@ -61,14 +50,14 @@ private:
     /// Otherwise a box has told which text it is, and why.
     bool canBeSent();
     bool canBeStored();
-    void tellLoadError(const RuntimeError& error);
-    std::string rememberedPath() const;
-    void remember(const std::string& file);
+    void tellSaveError(const RuntimeError& error);
+    Failure take(const std::string& content);
+    void tellLoaded(int inFile);
     /// The memories for which `test` holds, as "KM2, KM4"; empty when there are none.
     template <class Test>
     std::string memoriesThat(Test test) const;
 
-    KeyerNeeds m_needs;
+    OwnersFiles m_files;
     KeyerTable m_table;
     KeyerReader m_reader;
     KeyerWriter m_writer;

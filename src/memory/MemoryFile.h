@@ -11,9 +11,6 @@ namespace korvex {
 
 /// A memory file (.mem) holds the stored strings of a read in the order of the channels, one a line, nothing else.
 
-inline constexpr std::string_view memoryFileFilter = "Flat File (*.mem)|*.mem|All Files (*.*)|*.*";
-inline constexpr std::string_view memoryFileExtension = "mem";
-
 /// The content of the file for the slots 1 to `lastSlot`.
 std::string memoryFileText(const MemoryTable& table, int lastSlot);
 

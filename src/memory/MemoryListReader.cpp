@@ -6,8 +6,8 @@
 
 namespace korvex {
 
-MemoryListReader::MemoryListReader(Terminal& terminal, MemoryTable& table, MemoryList& list)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table), m_list(list), m_reader(terminal.link()) {
+MemoryListReader::MemoryListReader(CatLink& link, MsgBox& msgBox, MemoryTable& table, MemoryList& list)
+    : m_link(link), m_msgBox(msgBox), m_table(table), m_list(list), m_reader(link) {
     m_read = m_reader.ended.connect([this](const Outcome& outcome) {
         if (outcome.isDone()) fillList();
         ended.emit(outcome);
@@ -16,7 +16,7 @@ MemoryListReader::MemoryListReader(Terminal& terminal, MemoryTable& table, Memor
 
 void MemoryListReader::mnu_MemSaveFromFT2000_Click() {
     if (running()) return;
-    if (m_link.PortOpen() && !mayLoseEdits(m_list, m_terminal.msgBox())) {
+    if (m_link.PortOpen() && !mayLoseEdits(m_list, m_msgBox)) {
         return ended.emit(Outcome::Kind::Cancelled);
     }
     m_reader.read(ActiveOperation::ReadAllToList, keptCaption(m_link.progress(), "Read Memories of FT-2000"));

@@ -3,7 +3,7 @@
 #include "memory/MemoryList.h"
 #include "memory/MemoryReader.h"
 #include "memory/MemoryTables.h"
-#include "terminal/Terminal.h"
+#include "platform/MsgBox.h"
 
 namespace korvex {
 
@@ -11,7 +11,7 @@ namespace korvex {
 /// what was read.
 class MemoryListReader {
 public:
-    MemoryListReader(Terminal& terminal, MemoryTable& table, MemoryList& list);
+    MemoryListReader(CatLink& link, MsgBox& msgBox, MemoryTable& table, MemoryList& list);
 
     /// Unsaved changes of the list are asked about. Nothing happens while it is going on already.
     void mnu_MemSaveFromFT2000_Click();
@@ -24,8 +24,8 @@ public:
 private:
     void fillList();
 
-    Terminal& m_terminal;
     CatLink& m_link;
+    MsgBox& m_msgBox;
     MemoryTable& m_table;
     MemoryList& m_list;
     MemoryReader m_reader;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "memory/MemoryEditor.h"
 #include "memory/MemoryList.h"
 #include "memory/MemoryListFiles.h"
@@ -17,14 +15,14 @@ namespace korvex {
 /// the terminal's menu and the command line all start the same operations of it.
 class MemoryManager {
 public:
-    MemoryManager(Terminal& terminal, Clock& clock, SettingsStore& settings, FileDialog& fileDialog,
-                  const std::string& programFolder)
-        : saver(terminal, table),
-          restorer(terminal, table),
-          listReader(terminal, table, list),
-          listWriter(terminal.link(), list),
-          listFiles(list, terminal, settings, fileDialog, programFolder),
-          editor(terminal.link(), list, clock) {
+    /// `files` are the menus and memories; the lists have files of their own.
+    MemoryManager(CatLink& link, Clock& clock, OwnersFiles& files, const OwnersDesk& desk)
+        : saver(link, files, table),
+          restorer(link, files, table),
+          listReader(link, desk.msgBox, table, list),
+          listWriter(link, list),
+          listFiles(list, desk),
+          editor(link, list, clock) {
         m_connections += listFiles.loaded.connect([this] { editor.loadEditorFromList(); });
         m_connections += listReader.listFilled.connect([this] { editor.followReading(); });
     }

@@ -5,9 +5,9 @@
 #include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/NumberText.h"
+#include "cat/FileToRestore.h"
 #include "memory/MemoryFile.h"
 #include "memory/MemoryRecord.h"
-#include "platform/TextFile.h"
 
 namespace korvex {
 
@@ -16,40 +16,26 @@ namespace {
 const std::string title = "Restore Memories to FT2000";
 const ItemWords words = {"memory", "memories", true};
 
-}  // namespace
-
-MemoryRestorer::MemoryRestorer(Terminal& terminal, MemoryTable& table)
-    : m_terminal(terminal), m_link(terminal.link()), m_table(table) {}
-
-void MemoryRestorer::mnu_restMem_Click() {
-    auto lines = askForLines();
-    if (!lines) return;
-    m_table = {};
-    int slot = 0;
-    for (const auto& line : *lines) m_table.set(++slot, line);
-    write(std::move(*lines));
-}
-
-std::optional<std::vector<std::string>> MemoryRestorer::askForLines() {
-    const auto file = m_terminal.askForFile({FileDialogRequest::Mode::Open, "Restore Memory to FT-2000",
-                                             std::string(memoryFileFilter), "", std::string(memoryFileExtension)});
-    if (!file) m_link.panels().Error = "";
-    auto lines = file ? linesOf(*file) : std::nullopt;
-    if (!lines) ended.emit(file ? Outcome::Kind::FileFailed : Outcome::Kind::Cancelled);
+Result<std::vector<std::string>> linesToRestore(const std::string& content) {
+    auto lines = parseMemoryFile(content);
+    if (lines && lines->empty()) return RuntimeError{errors::TypeMismatch, "There is no memory in it"};
     return lines;
 }
 
-/// The lines of a file that can be restored; what speaks against it is told.
-std::optional<std::vector<std::string>> MemoryRestorer::linesOf(const std::string& file) {
-    const auto content = textfile::read(file);
-    if (!content) {
-        m_terminal.tellFileError(content.error());
-        return std::nullopt;
-    }
-    auto lines = parseMemoryFile(*content);
-    if (lines && !lines->empty()) return std::move(*lines);
-    m_terminal.refuseFile(file, "memory", lines ? "There is no memory in it" : lines.error().text, title);
-    return std::nullopt;
+}  // namespace
+
+MemoryRestorer::MemoryRestorer(CatLink& link, OwnersFiles& files, MemoryTable& table)
+    : m_link(link), m_files(files), m_table(table) {}
+
+void MemoryRestorer::mnu_restMem_Click() {
+    auto chosen =
+        askForLines(m_files, m_link.panels(), {{"Restore Memory to FT-2000", "mem"}, "memory", title, linesToRestore});
+    if (chosen.kind == Outcome::Kind::Cancelled) m_link.panels().Error = "";
+    if (chosen.kind != Outcome::Kind::Done) return ended.emit(chosen.kind);
+    m_table = {};
+    int slot = 0;
+    for (const auto& line : chosen.lines) m_table.set(++slot, line);
+    write(std::move(chosen.lines));
 }
 
 void MemoryRestorer::write(std::vector<std::string> lines) {

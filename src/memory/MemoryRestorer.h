@@ -1,13 +1,13 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "cat/CatLink.h"
 #include "cat/PhaseFlag.h"
 #include "memory/MemoryTables.h"
-#include "terminal/Terminal.h"
+#include "platform/OwnersFiles.h"
 
 namespace korvex {
 
@@ -15,7 +15,7 @@ namespace korvex {
 /// command with CR LF behind it, without waiting for anything; the radio says nothing to a channel that it takes.
 class MemoryRestorer {
 public:
-    MemoryRestorer(Terminal& terminal, MemoryTable& table);
+    MemoryRestorer(CatLink& link, OwnersFiles& files, MemoryTable& table);
 
     /// Asks for the file first; one that is no memory file, or that holds no channel, is told and nothing is sent. With
     /// the port closed the file is only loaded into the table.
@@ -27,13 +27,11 @@ public:
     Signal<const Outcome&> ended;
 
 private:
-    std::optional<std::vector<std::string>> askForLines();
-    std::optional<std::vector<std::string>> linesOf(const std::string& file);
     void writeNext();
     void finish();
 
-    Terminal& m_terminal;
     CatLink& m_link;
+    OwnersFiles& m_files;
     MemoryTable& m_table;
     PhaseFlag m_phase;
     std::vector<std::string> m_lines;  // being written

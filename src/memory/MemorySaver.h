@@ -4,7 +4,7 @@
 
 #include "memory/MemoryReader.h"
 #include "memory/MemoryTables.h"
-#include "terminal/Terminal.h"
+#include "platform/OwnersFiles.h"
 
 namespace korvex {
 
@@ -12,7 +12,7 @@ namespace korvex {
 /// read.
 class MemorySaver {
 public:
-    MemorySaver(Terminal& terminal, MemoryTable& table);
+    MemorySaver(CatLink& link, OwnersFiles& files, MemoryTable& table);
 
     /// Nothing happens while it is going on already.
     void mnu_saveMem_Click();
@@ -24,8 +24,8 @@ public:
 private:
     Outcome save(const Outcome& reading);
 
-    Terminal& m_terminal;
     CatLink& m_link;
+    OwnersFiles& m_files;
     MemoryTable& m_table;
     MemoryReader m_reader;
     Connection m_read;

@@ -30,7 +30,7 @@ const std::string selectFirstToWrite = "Aborted. Select first a Column: Settings
 
 MenuManager::MenuManager(MenuManagerNeeds needs)
     : m_needs(std::move(needs)),
-      m_link(m_needs.terminal.link()),
+      m_link(m_needs.link),
       m_database({m_needs.database, m_needs.clock, m_needs.msgBox, m_link.progress(), FlexGrid1,
                   m_needs.programFolder + "/" + std::string(descriptionDatabaseName), m_needs.shippedDescriptions}),
       m_reader(m_link),
@@ -123,7 +123,7 @@ int MenuManager::rowOfItem(const std::string& item, int from) const {
 }
 
 void MenuManager::placeAnswer(const std::string& item, const std::string& value) {
-    if (!m_needs.window.visible) return;
+    if (!m_needs.visible) return;
     // An answer for an item that is not in the grid leaves the pointer: the items behind it are still to be found. An
     // owner's table may have its rows in another order.
     int row = rowOfItem(item, m_rowPointer);

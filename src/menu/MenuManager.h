@@ -10,18 +10,16 @@
 #include "menu/MenuReader.h"
 #include "menu/MenuWriter.h"
 #include "platform/MSFlexGrid.h"
-#include "terminal/Terminal.h"
-#include "terminal/ToolWindows.h"
 
 namespace korvex {
 
 /// What the Menu Manager needs of the rest.
 struct MenuManagerNeeds {
-    Terminal& terminal;
+    CatLink& link;
     Clock& clock;
     MsgBox& msgBox;
     Database& database;
-    WindowState& window;
+    const Property<bool>& visible;    ///< the window is to be seen
     std::string programFolder;        ///< UTF-8, without a slash at the end
     std::string shippedDescriptions;  ///< the database that came with the program; empty: none
 };

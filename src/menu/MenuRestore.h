@@ -1,11 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "menu/MenuWriter.h"
-#include "terminal/Terminal.h"
+#include "platform/OwnersFiles.h"
 
 namespace korvex {
 
@@ -17,7 +16,7 @@ bool mayWriteCatSettings(MsgBox& msgBox, const std::vector<std::string>& cat, co
 /// if the person wants them at all: a speed that is not the port's would cut off whatever follows.
 class MenuRestore {
 public:
-    MenuRestore(Terminal& terminal, MenuWriter& writer);
+    MenuRestore(CatLink& link, OwnersFiles& files, MenuWriter& writer);
 
     /// With the port closed the file is looked at and nothing is sent.
     void mnu_Restore_Click();
@@ -26,12 +25,11 @@ public:
     Signal<const Outcome&> ended;
 
 private:
-    std::optional<std::vector<std::string>> askForLines();
-    std::optional<std::vector<std::string>> linesOf(const std::string& file);
     bool mayBeIncomplete(const std::string& file, const std::vector<std::string>& lines);
     void end(Outcome::Kind kind) { ended.emit(kind); }
 
-    Terminal& m_terminal;
+    CatLink& m_link;
+    OwnersFiles& m_files;
     MenuWriter& m_writer;
     Connection m_written;
 };

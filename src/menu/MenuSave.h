@@ -1,7 +1,7 @@
 #pragma once
 
 #include "menu/MenuReader.h"
-#include "terminal/Terminal.h"
+#include "platform/OwnersFiles.h"
 
 namespace korvex {
 
@@ -9,7 +9,7 @@ namespace korvex {
 /// too, and said to be incomplete.
 class MenuSave {
 public:
-    explicit MenuSave(Terminal& terminal);
+    MenuSave(CatLink& link, OwnersFiles& files);
 
     void mnu_Store_Click() { m_reader.read(); }
     /// Asks for a file name and writes the answers of the last read.
@@ -22,7 +22,8 @@ public:
 private:
     void onRead(const Outcome& outcome);
 
-    Terminal& m_terminal;
+    CatLink& m_link;
+    OwnersFiles& m_files;
     MenuReader m_reader;
     Connection m_read;
 };

@@ -12,7 +12,7 @@ namespace korvex {
 
 /// A key of the settings: where it stands, of what type it is, and what counts while nothing is stored under it.
 template <class Value, class Name = std::string_view>
-struct Setting {
+struct SettingsKey {
     std::string_view section;
     Name name;
     Value fallback = {};
@@ -31,26 +31,27 @@ inline constexpr std::string_view portSection = "Einstellungen";
 namespace keys {
 
 /// The serial port, the terminal's and the equalizer's.
-inline constexpr Setting<std::string_view> lineSettings{portSection, "Einstellungen", "4800,n,8,2"};
-inline constexpr Setting<int> commPort{portSection, "COM-Anschluß", 1};
-inline constexpr Setting<int> handshaking{portSection, "Handshaking", 0, -1};  // nonsense is refused like a wrong code
-inline constexpr Setting<bool> echo{portSection, "Echo"};
+inline constexpr SettingsKey<std::string_view> lineSettings{portSection, "Einstellungen", "4800,n,8,2"};
+inline constexpr SettingsKey<int> commPort{portSection, "COM-Anschluß", 1};
+inline constexpr SettingsKey<int> handshaking{portSection, "Handshaking", 0,
+                                              -1};  // nonsense is refused like a wrong code
+inline constexpr SettingsKey<bool> echo{portSection, "Echo"};
 
 /// Where the next dialog begins: the last file, or the last folder of a backup.
-inline constexpr Setting<OwnersPath> savePath{settingsSection, "SavePath"};  // menus and memories
-inline constexpr Setting<OwnersPath> memoryListPath{settingsSection, "SavePath3"};
-inline constexpr Setting<OwnersPath> bandStackPath{settingsSection, "SavePathBand"};
-inline constexpr Setting<OwnersPath> keyerPath{settingsSection, "SaveKeyer"};
-inline constexpr Setting<OwnersPath> backupPath{settingsSection, "SavePathBackup"};
+inline constexpr SettingsKey<OwnersPath> savePath{settingsSection, "SavePath"};  // menus and memories
+inline constexpr SettingsKey<OwnersPath> memoryListPath{settingsSection, "SavePath3"};
+inline constexpr SettingsKey<OwnersPath> bandStackPath{settingsSection, "SavePathBand"};
+inline constexpr SettingsKey<OwnersPath> keyerPath{settingsSection, "SaveKeyer"};
+inline constexpr SettingsKey<OwnersPath> backupPath{settingsSection, "SavePathBackup"};
 inline constexpr std::array ownersPaths = {savePath, memoryListPath, bandStackPath, keyerPath, backupPath};
 
 /// `edge` is "Left", "Top", "Width" or "Height", in twips; every window has its own fallbacks.
-inline Setting<int, std::string> place(std::string_view window, std::string_view edge, int fallback = 0) {
+inline SettingsKey<int, std::string> place(std::string_view window, std::string_view edge, int fallback = 0) {
     return {settingsSection, std::string(window).append(edge), fallback};
 }
 
 /// A name of the device that the user settled on for a port number.
-inline Setting<std::string_view, std::string> device(int portNumber) {
+inline SettingsKey<std::string_view, std::string> device(int portNumber) {
     return {"Ports", std::to_string(portNumber)};
 }
 
@@ -72,25 +73,25 @@ auto valueFrom(const std::string& stored, Value nonsense) {
 
 /// What is stored under a key, as it is; empty for nothing.
 template <class Value, class Name>
-std::string storedText(const SettingsStore& store, const Setting<Value, Name>& setting) {
+std::string storedText(const SettingsStore& store, const SettingsKey<Value, Name>& setting) {
     return store.get(applicationName, setting.section, setting.name, "");
 }
 
 template <class Value, class Name>
-auto readSetting(const SettingsStore& store, const Setting<Value, Name>& setting) {
+auto readSetting(const SettingsStore& store, const SettingsKey<Value, Name>& setting) {
     const std::string stored = storedText(store, setting);
     return valueFrom(stored.empty() ? storedFrom(setting.fallback) : stored, setting.nonsense);
 }
-inline std::string readSetting(const SettingsStore& store, const Setting<OwnersPath>& setting,
+inline std::string readSetting(const SettingsStore& store, const SettingsKey<OwnersPath>& setting,
                                const std::string& programFolder) {
     return store.get(applicationName, setting.section, setting.name, programFolder + setting.fallback.inProgramFolder);
 }
 
 template <class Value, class Name>
-void writeSetting(SettingsStore& store, const Setting<Value, Name>& setting, std::type_identity_t<Value> value) {
+void writeSetting(SettingsStore& store, const SettingsKey<Value, Name>& setting, std::type_identity_t<Value> value) {
     store.save(applicationName, setting.section, setting.name, storedFrom(value));
 }
-inline void writeSetting(SettingsStore& store, const Setting<OwnersPath>& setting, const std::string& path) {
+inline void writeSetting(SettingsStore& store, const SettingsKey<OwnersPath>& setting, const std::string& path) {
     store.save(applicationName, setting.section, setting.name, path);
 }
 

@@ -1,12 +1,10 @@
 #include "terminal/Terminal.h"
 
-#include <filesystem>
 #include <utility>
 
 #include "base/CodePage.h"
 #include "base/Lines.h"
 #include "cat/PortConfiguration.h"
-#include "cat/SaveOutcome.h"
 #include "platform/Settings.h"
 
 namespace korvex {
@@ -32,9 +30,9 @@ Terminal::Terminal(TerminalNeeds needs) : m_needs(std::move(needs)), m_timer10(m
 void Terminal::Form_Load() {
     if (std::exchange(m_loaded, true)) return;
     m_needs.link.clearTraffic();
-    txtPath = readSetting(m_needs.settings, keys::savePath, m_needs.programFolder);
+    m_needs.files.recall();
     if (const auto failure = applyStoredPort(m_needs.settings, m_needs.link.port())) {
-        m_needs.msgBox.exclamation(failure->text);
+        m_needs.files.msgBox().exclamation(failure->text);
         return;
     }
     echo = readSetting(m_needs.settings, keys::echo);
@@ -44,7 +42,7 @@ void Terminal::Form_Load() {
 bool Terminal::Form_Unload() {
     if (!m_needs.link.drainAndClose()) return false;
     m_needs.windows.bandStack.hide();
-    if (m_loaded) writeSetting(m_needs.settings, keys::savePath, txtPath);
+    if (m_loaded) m_needs.files.store();
     return true;
 }
 
@@ -96,49 +94,11 @@ void Terminal::cmd3_Click() {
     m_needs.link.clearTraffic();
 }
 
-std::optional<std::string> Terminal::askForFile(FileDialogRequest request) {
-    request.start = txtPath;
-    auto file = m_needs.fileDialog.show(request);
-    std::error_code ignored;
-    if (file && std::filesystem::is_regular_file(*file, ignored)) txtPath = *file;
-    return file;
-}
-
-Outcome::Kind Terminal::saveFile(FileDialogRequest request, std::string_view content, const FileErrorTitles& titles,
-                                 const std::function<bool(const std::string& file)>& mayReplace) {
-    request.start = txtPath;
-    const Saved saved = saveByDialog(
-        m_needs.fileDialog, std::move(request), content,
-        [&](const RuntimeError& error) { tellFileError(error, titles); }, mayReplace);
-    if (saved.file) txtPath = *saved.file;
-    return outcomeOf(saved);
-}
-
-void Terminal::tellFileError(const RuntimeError& error, const FileErrorTitles& titles) {
-    std::string_view title;
-    switch (error.number) {
-        case errors::FileNotFound: title = titles.fileNotFound; break;
-        case errors::PathFileAccess: title = titles.pathFileAccess; break;
-        case errors::PathNotFound: title = titles.pathNotFound; break;
-        default: break;  // a full disk or a broken device: the text says it all under the program's own title
-    }
-    m_needs.msgBox.stop(error.text, std::string(title));
-}
-
-void Terminal::refuseFile(const std::string& file, const std::string& kind, const std::string& why,
-                          const std::string& title) {
-    const std::string text = why + ", nothing was sent";
-    m_needs.link.panels().Error = text;
-    const std::string name = std::filesystem::path(file).filename().string();
-    m_needs.msgBox.exclamation(name + " is no " + kind + " file that can be restored.\n" + text + ".", title);
-}
-
 void Terminal::mnu_print_Click() {
-    const auto file = askForFile(
-        {FileDialogRequest::Mode::Open, "Open File of FT-2000", "Flat File (*.mnu)|*.mnu|All Files (*.*)|*.*", "", ""});
+    const auto file = m_needs.files.askToOpen({"Open File of FT-2000", "mnu"});
     if (!file) return;
-    if (const auto failure = m_needs.shell.openTextEditor(*file)) return tellFileError(*failure);
-    txtPath = *file;
+    if (const auto failure = m_needs.shell.openTextEditor(*file)) return m_needs.files.tell(*failure);
+    m_needs.files.remember(*file);
 }
 
 void Terminal::mnu_bandStack_Click() {

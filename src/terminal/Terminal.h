@@ -1,18 +1,14 @@
 #pragma once
 
-#include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "base/Property.h"
 #include "cat/CatLink.h"
-#include "cat/Outcome.h"
 #include "cat/PhaseFlag.h"
 #include "platform/Clock.h"
-#include "platform/FileDialog.h"
-#include "platform/MsgBox.h"
+#include "platform/OwnersFiles.h"
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "terminal/ToolWindows.h"
@@ -24,22 +20,13 @@ struct TerminalNeeds {
     CatLink& link;
     Clock& clock;
     SettingsStore& settings;
-    FileDialog& fileDialog;
-    MsgBox& msgBox;
+    OwnersFiles& files;  ///< the menus and memories
     Shell& shell;
     ToolWindows& windows;
-    std::string programFolder;  ///< UTF-8, without a slash at the end
 };
 
-/// The titles of the boxes for file errors. They differ a little from operation to operation.
-struct FileErrorTitles {
-    std::string_view pathNotFound = "Path wrong";
-    std::string_view fileNotFound = "File not found";
-    std::string_view pathFileAccess = "Path wrong";
-};
-
-/// The logic of the terminal window: typed commands, the remembered save path, the way to the tools, and the end of the
-/// program. The traffic itself is the link's.
+/// The logic of the terminal window: typed commands, the way to the tools, and the end of the program. The traffic
+/// itself is the link's.
 class Terminal {
 public:
     explicit Terminal(TerminalNeeds needs);
@@ -69,22 +56,10 @@ public:
     /// Another tool has been picked before the switch to the equalizer came about.
     void forgetEqualizerSwitch() { m_timer10->setEnabled(false); }
 
-    Property<std::string> Label1;   ///< the transmit buffer, wire text: typed and not yet sent
-    Property<std::string> txtPath;  ///< the remembered save path, UTF-8
+    Property<std::string> Label1;  ///< the transmit buffer, wire text: typed and not yet sent
 
     CatLink& link() { return m_needs.link; }
-    MsgBox& msgBox() { return m_needs.msgBox; }
-    /// Asks for a file to read, starting from the remembered path; a chosen file that is there becomes the remembered
-    /// one.
-    std::optional<std::string> askForFile(FileDialogRequest request);
-    /// Asks for a file to write, starting from the remembered path, and writes it. A failure is told and another name
-    /// asked for; only a file that was written becomes the remembered one.
-    Outcome::Kind saveFile(FileDialogRequest request, std::string_view content, const FileErrorTitles& titles = {},
-                           const std::function<bool(const std::string& file)>& mayReplace = {});
-    /// Tells a file error in a box whose title is chosen by the error number.
-    void tellFileError(const RuntimeError& error, const FileErrorTitles& titles = {});
-    /// Tells in the panel and in a box why a file, which is none of its kind ("menu"), is not restored.
-    void refuseFile(const std::string& file, const std::string& kind, const std::string& why, const std::string& title);
+    OwnersFiles& files() { return m_needs.files; }
 
     /// The echo option: kept and stored, used by nobody yet.
     bool echo = false;

@@ -18,7 +18,7 @@ std::string stored(const SettingsStore& store, std::string_view window, std::str
     return storedText(store, keys::place(window, edge));
 }
 
-int numberOr(const SettingsStore& store, const Setting<int, std::string>& setting, int smallest) {
+int numberOr(const SettingsStore& store, const SettingsKey<int, std::string>& setting, int smallest) {
     const int number = readSetting(store, setting);
     return number >= smallest && number <= largest ? number : setting.fallback;
 }

@@ -70,9 +70,10 @@ std::string everythingInTheWindows(Program& program) {
     }
     for (int slot = 0; slot <= MemoryTable::lastSlot; ++slot) text += program.memory.table[slot];
     for (const std::string& shown :
-         {program.terminal.txtPath.get(), program.terminal.Label1.get(), program.memory.listFiles.txtPath.get(),
+         {program.files.path.get(), program.terminal.Label1.get(), program.memory.listFiles.files.path.get(),
           program.memory.editor.Text2.get(), program.bandStackWindow.dateipath.get(),
-          program.bandStackWindow.Text2.get(), program.keyerWindow.hint.get(), program.menuManager.Label1.get()}) {
+          program.bandStackWindow.files().path.get(), program.keyerWindow.hint.get(),
+          program.menuManager.Label1.get()}) {
         text += shown + "\n";
     }
     return text;

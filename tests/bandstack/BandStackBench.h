@@ -12,8 +12,7 @@ namespace korvex {
 /// The band stack window without a window, in the whole program.
 template <class Ports>
 struct BandStackBench : fakes::ProgramBench<Ports> {
-    BandStackWindow window{
-        {this->program.link, this->clock, this->settings, this->fileDialog, this->msgBox, this->folder.path()}};
+    BandStackWindow window{this->program.link, this->clock, this->program.desk};
     std::vector<Outcome::Kind> ends;
     Connections events;
 

@@ -128,7 +128,7 @@ TEST_F(BandStackFileTest, WhatIsNoBandStackIsRefusedWithItsPlaceAndReason) {
 
 TEST_F(BandStackFileTest, WhatCannotBeLoadedIsToldInItsWordsAndLeavesTheGrid) {
     bench.setCell(5, 5, "kept");
-    const std::string before = window.Text2;
+    const std::string before = window.files().path;
     bench.fileDialog.cancel();
     window.loadBandStackFile();
     EXPECT_EQ(window.Label2.get(), "0");
@@ -141,7 +141,7 @@ TEST_F(BandStackFileTest, WhatCannotBeLoadedIsToldInItsWordsAndLeavesTheGrid) {
         EXPECT_TRUE(bench.msgBox.shown.back().text.starts_with(message + "\r\n"));
         EXPECT_EQ(bench.msgBox.shown.back().icon, MsgIcon::Stop);
         EXPECT_EQ(window.Label2.get(), number);
-        EXPECT_EQ(window.Text2.get(), before);
+        EXPECT_EQ(window.files().path.get(), before);
     };
     fails(bench.folder.file("none.bsr"), "Datei nicht gefunden", "53");
     fails(bench.folder.file("none/none.bsr"), "Pfadeingabe falsch ", "76");
@@ -150,14 +150,14 @@ TEST_F(BandStackFileTest, WhatCannotBeLoadedIsToldInItsWordsAndLeavesTheGrid) {
 }
 
 TEST_F(BandStackFileTest, ASaveThatFailsAsksForAnotherNameAndIsNotRemembered) {
-    const std::string before = window.Text2;
+    const std::string before = window.files().path;
     const std::string gone = bench.folder.file("none/none.bsr");
     bench.fileDialog.choose(gone);
     bench.msgBox.foresee(gone);
     bench.fileDialog.cancel();
     EXPECT_EQ(window.saveBandStackFile(), Outcome::Kind::FileFailed);
     EXPECT_TRUE(window.dateipath.get().starts_with("Not saved: "));
-    EXPECT_EQ(window.Text2.get(), before);
+    EXPECT_EQ(window.files().path.get(), before);
     EXPECT_EQ(bench.settings.values.count("Settings/SavePathBand"), 0U);
     bench.fileDialog.cancel();
     EXPECT_EQ(window.saveBandStackFile(), Outcome::Kind::Cancelled);

@@ -12,7 +12,7 @@ namespace korvex {
 /// The keyer window without a window, in the whole program.
 template <class Ports>
 struct KeyerBench : fakes::ProgramBench<Ports> {
-    KeyerWindow window{{this->program.link, this->settings, this->fileDialog, this->msgBox, this->folder.path()}};
+    KeyerWindow window{this->program.link, this->program.desk};
     std::vector<Outcome::Kind> ends;
     Connections events;
 

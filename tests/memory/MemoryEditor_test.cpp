@@ -212,7 +212,7 @@ TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
     EXPECT_EQ(contentOf("list.mef"),
               "MW00107050000-123401B01492;\xDC"
               "ber\r\n\r\n");
-    EXPECT_EQ(memory.listFiles.txtPath.get(), path("list.mef"));
+    EXPECT_EQ(memory.listFiles.files.path.get(), path("list.mef"));
 
     memory.list.clearRow(1);
     msgBox.foresee("changes", MsgAnswer::Yes);
@@ -242,7 +242,7 @@ TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
     msgBox.foresee("changes", MsgAnswer::Yes);
     fileDialog.cancel();
     EXPECT_EQ(memory.listFiles.loadListFile(), Outcome::Kind::Cancelled);
-    memory.listFiles.storePath();
+    memory.listFiles.files.store();
     EXPECT_EQ(settings.values["Settings/SavePath3"], path("list.mef")) << "what failed is not remembered";
 }
 

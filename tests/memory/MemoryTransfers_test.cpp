@@ -55,7 +55,7 @@ TEST_F(MemoryBench, ReadsIntoAFileAtTenCommandsASecond) {
     EXPECT_EQ(link.panels().Error.get(), "Terminated");
     EXPECT_EQ(link.activeOperation(), ActiveOperation::Idle);
     EXPECT_FALSE(progress.visible);
-    EXPECT_EQ(program.terminal.txtPath.get(), path("all.mem"));
+    EXPECT_EQ(program.files.path.get(), path("all.mem"));
     EXPECT_EQ(fileDialog.shown[0].title, "Save FT-2000 Memory");
     EXPECT_EQ(fileDialog.shown[0].filter, "Flat File (*.mem)|*.mem|All Files (*.*)|*.*");
     // The table is packed: an empty channel takes no slot.

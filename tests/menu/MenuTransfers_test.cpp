@@ -69,7 +69,7 @@ TEST_F(MenuTransferTest, ReadsAllItemsTenASecondIntoAFile) {
     EXPECT_EQ(bench.error(), "Terminated");
     EXPECT_EQ(program.link.received().text(), "");
     EXPECT_FALSE(program.progress.visible);
-    EXPECT_EQ(program.terminal.txtPath.get(), file);
+    EXPECT_EQ(program.files.path.get(), file);
     EXPECT_EQ(program.link.activeOperation(), ActiveOperation::Idle);
     EXPECT_EQ(ends, std::vector<Outcome::Kind>{Outcome::Kind::Done});
     EXPECT_EQ(bench.fileDialog.shown.at(0).title, "Save FT-2000 Menu");
@@ -167,7 +167,7 @@ TEST_F(MenuTransferTest, ACancelledDialogOrABadFolderLeavesNoFile) {
     program.menuSave.saveMenuFile();
     const std::string saved = fakes::fileContent(other);
     EXPECT_EQ(std::count(saved.begin(), saved.end(), '\n'), 149);
-    EXPECT_EQ(program.terminal.txtPath.get(), other);
+    EXPECT_EQ(program.files.path.get(), other);
     EXPECT_EQ(bench.fileDialog.shown.back().defaultExtension, "mnu");
 }
 

@@ -61,7 +61,7 @@ TEST_F(TerminalTest, PrintStartsTheEditorAndRemembersTheFile) {
     terminal.mnu_print_Click();
     EXPECT_EQ(bench.fileDialog.shown.at(0).start, "/home/om/ft2000");
     EXPECT_EQ(bench.shell.started, std::vector<std::string>{"editor /home/om/shack.mnu"});
-    EXPECT_EQ(terminal.txtPath.get(), "/home/om/shack.mnu");
+    EXPECT_EQ(terminal.files().path.get(), "/home/om/shack.mnu");
 
     bench.fileDialog.cancel();
     terminal.mnu_print_Click();

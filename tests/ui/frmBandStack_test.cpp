@@ -31,8 +31,7 @@ struct BandStackFormTest : testing::Test {
     }
 
     fakes::ProgramBench<SimulatedPorts> bench;
-    BandStackWindow logic{
-        {bench.program.link, bench.clock, bench.settings, bench.fileDialog, bench.msgBox, bench.folder.path()}};
+    BandStackWindow logic{bench.program.link, bench.clock, bench.program.desk};
     frmBandStack form{logic, bench.program.link, bench.settings};
     FlexGridView* grid = find<FlexGridView>("FlexGrid1");
 };

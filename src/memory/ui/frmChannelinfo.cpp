@@ -102,7 +102,7 @@ void frmChannelinfo::makeList1() {
 void frmChannelinfo::makeStatusBar() {
     statusBar()->setObjectName(QStringLiteral("StatusBar1"));
     auto* path =
-        new PanelLabel(m_memory.listFiles.txtPath, QStringLiteral("filepath"), QStringLiteral("Memory list file"));
+        new PanelLabel(m_memory.listFiles.files.path, QStringLiteral("filepath"), QStringLiteral("Memory list file"));
     path->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(path, 1);
 }
@@ -166,7 +166,7 @@ bool frmChannelinfo::eventFilter(QObject* watched, QEvent* event) {
 
 void frmChannelinfo::store() {
     storePlace();
-    m_memory.listFiles.storePath();
+    m_memory.listFiles.files.store();
 }
 
 bool frmChannelinfo::closeBox() {

@@ -207,13 +207,13 @@ QWidget* frmTerm::makeBufferRow() {
     path->setObjectName(QStringLiteral("txtPath"));
     path->setAccessibleName(QStringLiteral("Save path"));
     pathHeading->setBuddy(path);
-    m_connections += m_terminal.txtPath.bind([path](const std::string& text) {
+    m_connections += m_terminal.files().path.bind([path](const std::string& text) {
         const QString shown = QString::fromStdString(text);
         if (path->text() != shown) path->setText(shown);
         path->setToolTip(shown);
     });
     connect(path, &QLineEdit::textEdited, this,
-            [this](const QString& text) { m_terminal.txtPath = text.toStdString(); });
+            [this](const QString& text) { m_terminal.files().path = text.toStdString(); });
 
     auto* buffer = new QLabel(row);
     buffer->setObjectName(QStringLiteral("Label1"));
