@@ -43,6 +43,7 @@ void BandStackReader::read() {
     m_operation->onAnswer([this](std::string_view piece) { return takeAnswer(piece); });
     m_operation->onEnd([this](const Outcome& outcome) { onEnd(outcome); });
     began.emit();
+    if (m_link.pace == Pace::Answered) return converse();
     readRegister(1);
 }
 
@@ -51,13 +52,17 @@ void BandStackReader::onEnd(const Outcome& outcome) {
     ended.emit(outcome);
 }
 
-void BandStackReader::readRegister(int column) {
+void BandStackReader::beginRegister(int column) {
     m_column = column;
     m_row = 1;
     m_strange.reset();
     m_link.clearTraffic();
     m_link.lineWritten = "";
     m_operation->step(column, m_link.progress().value);
+}
+
+void BandStackReader::readRegister(int column) {
+    beginRegister(column);
     m_operation->send(m_cells.at(0, column));
     watchSilence();
     m_operation->every(intervalMs, m_phase, [this] { askAgain(); });
@@ -75,6 +80,10 @@ void BandStackReader::askAgain() {
     const std::string& query = m_cells.query(m_row);
     m_operation->send(query);
     m_ledger.sent(place(), query, m_clock.now());
+    show(query);
+}
+
+void BandStackReader::show(const std::string& query) {
     m_link.sent().append(query + std::string(crLf));
     m_link.panels().Error = "Reading Band Stack ";
 }
@@ -99,20 +108,57 @@ void BandStackReader::takeLate(const QueryLedger::Place& owner, const std::strin
 
 Rest BandStackReader::store(const std::string& answer) {
     m_strange.reset();
-    keep(m_row, m_column, answer);
+    take(answer);
     watchSilence();
-    m_link.progress().value = m_link.progress().value + 1;
-    ++m_row;
     if (m_row <= BandStackCells::lastQueried) return Rest::GoOn;
     if (m_column < BandStackCells::registers) {
         readRegister(m_column + 1);
     } else {
-        m_link.clearTraffic();
-        m_link.lineWritten = "";
-        m_link.progress().caption = "";
-        m_operation->end({Outcome::Kind::Done, m_column, m_column, {}, {}});
+        finish();
     }
     return Rest::Discard;
+}
+
+void BandStackReader::take(const std::string& answer) {
+    keep(m_row, m_column, answer);
+    m_link.progress().value = m_link.progress().value + 1;
+    ++m_row;
+}
+
+void BandStackReader::finish() {
+    m_link.clearTraffic();
+    m_link.lineWritten = "";
+    m_link.progress().caption = "";
+    m_operation->end({Outcome::Kind::Done, m_column, m_column, {}, {}});
+}
+
+void BandStackReader::converse() {
+    m_silent = false;
+    beginRegister(1);
+    const auto next = [this] { return nextExchange(); };
+    // A refused band-select command is kept as the refusal of its first row.
+    const auto heard = [this](const Reply& reply) {
+        m_silent = reply.kind == Reply::Kind::None;
+        if (!m_silent) take(reply.kind == Reply::Kind::Refused ? "?;" : reply.answer);
+    };
+    const auto done = [this](const Outcome& outcome) {
+        outcome.isDone() ? finish() : m_operation->breakOff(Outcome::Kind::NoAnswer);
+    };
+    m_operation->converse({next, heard, done});
+}
+
+std::optional<Exchange> BandStackReader::nextExchange() {
+    if (m_silent) return std::nullopt;
+    if (m_row > BandStackCells::lastQueried) {
+        if (m_column == BandStackCells::registers) return std::nullopt;
+        beginRegister(m_column + 1);
+    }
+    const std::string& query = m_cells.query(m_row);
+    show(query);
+    return Exchange{cellName(m_cells, m_row, m_column),
+                    query,
+                    {std::string(queryHead(query)), query.size() + 1},
+                    m_row == 1 ? m_cells.at(0, m_column) : ""};
 }
 
 void BandStackReader::keep(int row, int column, const std::string& answer) {

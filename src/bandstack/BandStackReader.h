@@ -17,6 +17,9 @@ namespace korvex {
 ///     register: band-select command -> 50 ms -> query of row 1, again every 100 ms until it is answered
 ///               -> query of row 2 ... -> row 22 answered -> next register; after the last: the end
 ///
+/// At the answered pace (CatLink) each query leaves when the answer to the one before has come, the band-select command
+/// with the first; a radio that stays silent ends it.
+///
 /// An answer belongs to the row that is asked for, whatever it says, unless it answers a query that was sent before
 /// (QueryLedger). A silent radio is asked for ever; closing the port or Cancel ends it.
 class BandStackReader {
@@ -40,10 +43,16 @@ public:
 private:
     void readRegister(int column);
     void askAgain();
+    void show(const std::string& query);
     QueryLedger::Place place() const { return {m_run, m_column, m_row}; }
     Rest takeAnswer(std::string_view piece);
     void takeLate(const QueryLedger::Place& owner, const std::string& answer);
     Rest store(const std::string& answer);
+    void take(const std::string& answer);
+    void finish();
+    void converse();
+    std::optional<Exchange> nextExchange();
+    void beginRegister(int column);
     void keep(int row, int column, const std::string& answer);
     void watchSilence();
     void onEnd(const Outcome& outcome);
@@ -54,6 +63,7 @@ private:
     BandStackCells m_cells;
     QueryLedger m_ledger;
     std::optional<std::string> m_strange;  // stands for the row's answer if that has not come by the next query
+    bool m_silent = false;                 // the last query was asked again and again, and not answered
     int m_run = 0;
     int m_column = 0;
     int m_row = 0;

@@ -9,6 +9,7 @@
 #include "cat/CommTest.h"
 #include "cat/ConnectClock.h"
 #include "cat/Operation.h"
+#include "cat/Pace.h"
 #include "cat/PortIndicators.h"
 #include "cat/StatusPanels.h"
 #include "cat/TrafficDisplay.h"
@@ -39,6 +40,7 @@ public:
     void send(std::string_view wire);
 
     // --- the operation that has the line
+    Property<Pace> pace{Pace::Every100Ms};  ///< of the operations that begin from now on
     /// The line for one operation. Nothing while the port is closed, or while another operation has it and the person
     /// who is asked does not let it be stopped.
     std::unique_ptr<Operation> begin(OperationPlan plan);

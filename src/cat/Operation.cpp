@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "cat/CatLink.h"
+#include "cat/Dialogue.h"
 
 namespace korvex {
 
@@ -76,8 +77,14 @@ void Operation::write(const std::string& item, std::string_view wire) {
     m_written = item;
 }
 
+void Operation::converse(Conversation conversation) {
+    m_onStrange = nullptr;
+    const double characterMs = m_link.port().lineSettings().characterTime();
+    std::make_shared<Dialogue>(*this, std::move(conversation), characterMs)->begin();
+}
+
 void Operation::noteRefusal() {
-    if (!m_written.empty()) m_refused.push_back(std::exchange(m_written, {}));
+    if (!m_written.empty()) note(&Outcome::refused, std::exchange(m_written, {}));
 }
 
 Rest Operation::takePiece(std::string_view piece) {
@@ -152,10 +159,20 @@ void Operation::finish(int items) {
     after(settleMs, [this] { breakOff(Outcome::Kind::Done); });
 }
 
+Outcome Operation::outcome(Outcome::Kind kind, int done, int of) const {
+    Outcome outcome = m_noted;
+    outcome.kind = kind;
+    outcome.done = std::max(done, 0);
+    outcome.of = of;
+    return outcome;
+}
+
 void Operation::breakOff(Outcome::Kind kind, std::string reason) {
-    if (!m_finished) return end({kind, std::max(m_item - 1, 0), m_plan.items, m_refused, std::move(reason)});
-    const int refused = static_cast<int>(m_refused.size());
-    end({Outcome::Kind::Done, std::max(*m_finished - refused, 0), *m_finished, m_refused, {}});
+    if (m_finished)
+        return end(outcome(Outcome::Kind::Done, *m_finished - static_cast<int>(m_noted.refused.size()), *m_finished));
+    Outcome broken = outcome(kind, m_item - 1, m_plan.items);
+    broken.reason = std::move(reason);
+    end(std::move(broken));
 }
 
 }  // namespace korvex

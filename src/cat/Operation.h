@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cat/ActiveOperation.h"
+#include "cat/Exchange.h"
 #include "cat/Expectation.h"
 #include "cat/Outcome.h"
 #include "cat/PhaseFlag.h"
@@ -79,6 +80,14 @@ public:
     void send(std::string_view wire);
     /// The same for what sets `item` ("042"): a refusal that comes before anything else is sent is that item's.
     void write(const std::string& item, std::string_view wire);
+    /// One exchange after the other, each when the one before has its answer (Dialogue).
+    void converse(Conversation conversation);
+    /// An item that belongs to one of the outcome's lists.
+    void note(std::vector<std::string> Outcome::*list, std::string item) { (m_noted.*list).push_back(std::move(item)); }
+    /// Those lists, as far as they have come.
+    const Outcome& noted() const { return m_noted; }
+    std::int64_t now() const { return m_clock.now(); }
+
     /// Item `item` (from 1) is being done now; `bar` is what the progress bar shows.
     void step(int item, int bar);
     void step(int item) { step(item, item); }
@@ -107,6 +116,7 @@ private:
     void noteRefusal();
     void release();
     std::string progressText() const;
+    Outcome outcome(Outcome::Kind kind, int done, int of) const;
 
     CatLink& m_link;
     Clock& m_clock;
@@ -124,9 +134,9 @@ private:
     Connection m_silenceTick;
     std::int64_t m_beganAt;
     int m_item = 0;
-    std::string m_written;               // the item that a refusal would be of
-    std::vector<std::string> m_refused;  // items
-    std::optional<int> m_finished;       // how many items have gone out
+    std::string m_written;          // the item that a refusal would be of
+    Outcome m_noted;                // its lists
+    std::optional<int> m_finished;  // how many items have gone out
     bool m_running = true;
 };
 

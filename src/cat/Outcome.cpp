@@ -10,19 +10,23 @@ std::string number(int value) {
     return std::to_string(value);
 }
 
-std::string refusals(const Outcome& outcome) {
-    if (outcome.refused.empty()) return {};
-    std::string text = ", " + number(static_cast<int>(outcome.refused.size())) + " refused:";
+/// ", 2 refused: 031, 088"
+std::string namesOf(const std::vector<std::string>& items, const char* what) {
+    if (items.empty()) return {};
+    std::string text = ", " + number(static_cast<int>(items.size())) + " " + what + ":";
     constexpr std::size_t mostNames = 12;  // a panel has one line
-    for (std::size_t i = 0; i < std::min(outcome.refused.size(), mostNames); ++i) {
-        text += (i == 0 ? " " : ", ") + outcome.refused[i];
-    }
-    return outcome.refused.size() > mostNames ? text + ", ..." : text;
+    for (std::size_t i = 0; i < std::min(items.size(), mostNames); ++i) text += (i == 0 ? " " : ", ") + items[i];
+    return items.size() > mostNames ? text + ", ..." : text;
+}
+
+std::string exceptions(const Outcome& outcome) {
+    return namesOf(outcome.refused, "refused") + namesOf(outcome.different, "different") +
+           namesOf(outcome.unconfirmed, "not confirmed");
 }
 
 std::string whole(const Outcome& outcome, const ItemWords& words) {
     return number(outcome.done) + " " + (outcome.done == 1 ? words.one : words.many) +
-           (words.toRadio ? " written" : " read") + refusals(outcome);
+           (words.toRadio ? " written" : " read") + exceptions(outcome);
 }
 
 std::string cause(const Outcome& outcome) {
@@ -45,14 +49,15 @@ std::string kept(const Outcome& outcome, const ItemWords& words) {
 }  // namespace
 
 std::string inWords(const Outcome& outcome, const ItemWords& words) {
-    if (outcome.isDone()) return whole(outcome, words);
+    // What was not confirmed is told when all has gone out.
+    if (outcome.isDone() || !outcome.unconfirmed.empty()) return whole(outcome, words);
     if (outcome.of == 0 && !outcome.reason.empty()) return outcome.reason;  // it never began
     std::string text = cause(outcome);
     if (outcome.of > 0) {
         const int at = outcome.done < outcome.of ? outcome.done + 1 : outcome.of;
         text += " at " + words.one + " " + number(at) + " of " + number(outcome.of) + "; " + kept(outcome, words);
     }
-    text += refusals(outcome) + ".";
+    text += exceptions(outcome) + ".";
     return outcome.reason.empty() ? text : text + " " + outcome.reason;
 }
 

@@ -24,10 +24,12 @@ struct Outcome {
     operator Kind() const { return kind; }
 
     Kind kind = Kind::Done;
-    int done = 0;                      ///< items that are where they belong, in the file or in the radio
-    int of = 0;                        ///< items that there are; 0 where nothing is counted
-    std::vector<std::string> refused;  ///< names of the items that the radio refused, UTF-8
-    std::string reason;                ///< UTF-8, for a person; empty where the kind says it all
+    int done = 0;                          ///< items that are where they belong, in the file or in the radio
+    int of = 0;                            ///< items that there are; 0 where nothing is counted
+    std::vector<std::string> refused;      ///< names of the items that the radio refused, UTF-8
+    std::string reason;                    ///< UTF-8, for a person; empty where the kind says it all
+    std::vector<std::string> different;    ///< items that were written, and the radio shows another value
+    std::vector<std::string> unconfirmed;  ///< items that were sent, and the radio does not tell of them
 
     bool isDone() const { return kind == Kind::Done; }
 };

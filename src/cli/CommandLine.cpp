@@ -28,6 +28,14 @@ OptionParser::Take intoLine(std::optional<std::string>& settings) {
     };
 }
 
+OptionParser::Take intoPace(Pace& pace) {
+    return [&pace](const std::string& value) -> Failure {
+        if (value != "100" && value != "answered") return wrong("--pace is 100 or answered");
+        pace = value == "100" ? Pace::Every100Ms : Pace::Answered;
+        return {};
+    };
+}
+
 /// How the radio is reached and where Korvex's own files are.
 void addPlaces(OptionParser& parser, Command& command) {
     parser.option("-r,--device", "DEVICE",
@@ -38,6 +46,9 @@ void addPlaces(OptionParser& parser, Command& command) {
                   intoLine(command.settings));
     parser.option("--handshaking", "N", "0 none, 1 XON/XOFF, 2 RTS, 3 RTS and XON/XOFF",
                   intoWhole(command.handshaking, 0, 3));
+    parser.option("--pace", "PACE",
+                  "answered: the next command when the answer has come (the default);\n100: one every 100 ms",
+                  intoPace(command.pace));
     parser.option("--database", "FILE", "the menu descriptions (else those in Korvex's program folder)",
                   into(command.database));
     parser.option("--settings", "FILE", "the settings file of Korvex", into(command.settingsFile));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "cat/Pace.h"
 
 namespace korvex::cli {
 
@@ -24,14 +25,15 @@ struct Command {
         DescriptionImport
     };
     Verb verb = Verb::Print;
-    std::string kind;                         ///< of file; of Compare only where it is given
-    std::string file;                         ///< or folder, as the verb has it
-    std::string otherFile;                    ///< for Compare; "radio" is the radio
-    std::string text;                         ///< for Send, wire text; for Print
-    bool demo = false;                        ///< the simulated radio instead of a real one
-    std::optional<std::string> device;        ///< -r; else the port that the windows use
-    std::optional<std::string> settings;      ///< -s; else as the windows use it
-    std::optional<int> handshaking;           ///< 0..3
+    std::string kind;                     ///< of file; of Compare only where it is given
+    std::string file;                     ///< or folder, as the verb has it
+    std::string otherFile;                ///< for Compare; "radio" is the radio
+    std::string text;                     ///< for Send, wire text; for Print
+    bool demo = false;                    ///< the simulated radio instead of a real one
+    std::optional<std::string> device;    ///< -r; else the port that the windows use
+    std::optional<std::string> settings;  ///< -s; else as the windows use it
+    std::optional<int> handshaking;       ///< 0..3
+    Pace pace = Pace::Answered;
     std::optional<std::string> settingsFile;  ///< where the program keeps its settings
     std::optional<std::string> database;      ///< the description database; else that of the program folder
     bool allowTransmit = false;

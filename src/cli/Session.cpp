@@ -62,6 +62,7 @@ void Session::start() {
 
 void Session::configurePort() {
     m_program.terminal.Form_Load();
+    m_program.link.pace = m_command.pace;
     MSComm& port = m_program.MSComm1;
     Failure failure;
     if (m_command.settings) failure = port.setSettings(*m_command.settings);

@@ -34,6 +34,7 @@ void KeyerReader::read() {
     m_operation->onStrange([this](std::string_view piece) { return takeStrange(piece); });
     m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
     began.emit();
+    if (m_link.pace == Pace::Answered) return converse();
     m_operation->every(intervalMs, m_phase, [this] { queryNext(); });
 }
 
@@ -49,6 +50,21 @@ void KeyerReader::queryNext() {
     ++m_asked;
     m_operation->step(m_asked, m_link.progress().value);
     m_operation->send(keyerReadCommand(m_asked));
+}
+
+void KeyerReader::converse() {
+    const auto next = [this]() -> std::optional<Exchange> {
+        if (m_asked == keyerMemories) return std::nullopt;
+        ++m_asked;
+        m_operation->step(m_asked, m_link.progress().value);
+        return Exchange{keyerHead(m_asked), keyerReadCommand(m_asked), {keyerHead(m_asked), 0, true}};
+    };
+    const auto heard = [this](const Reply& reply) {
+        if (reply.kind == Reply::Kind::None) return;
+        m_link.received().append(crLf);
+        store(m_asked, reply.answer, reply.kind == Reply::Kind::Answer ? Told::Memory : Told::Refused);
+    };
+    m_operation->converse({next, heard, [this](const Outcome&) { finish(); }});
 }
 
 /// Whether the answers that are still missing may come: not from a radio that has said nothing at all.

@@ -16,6 +16,8 @@ namespace korvex {
 ///
 ///     400 ms  KM1;   800 ms  KM2;   ...   2000 ms  KM5;   2400 ms  the end
 ///
+/// At the answered pace (CatLink) each query leaves when the answer to the one before has come.
+///
 /// A radio that answers, but late, is waited for at the end, up to 1200 ms without an answer.
 class KeyerReader {
 public:
@@ -45,6 +47,7 @@ private:
 
     void queryNext();
     bool waitsForRest();
+    void converse();
     Rest takeKeyerAnswer(std::string_view answer);
     Rest takeStrange(std::string_view piece);
     void store(int memory, std::string_view answer, Told what);

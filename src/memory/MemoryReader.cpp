@@ -39,6 +39,7 @@ void MemoryReader::read(ActiveOperation code, const std::string& caption) {
     m_operation->expect({"MR", shortestAnswer});
     m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
     m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    if (m_link.pace == Pace::Answered) return converse();
     m_operation->every(intervalMs, m_phase, [this] { sendNext(); });
     m_operation->tick();
 }
@@ -51,9 +52,12 @@ void MemoryReader::sendNext() {
 }
 
 void MemoryReader::ask(int channel) {
-    const std::string command = memoryReadCommand(channel);
-    m_operation->send(command);
-    m_link.sent().append(command);
+    m_operation->send(memoryReadCommand(channel));
+    show(channel);
+}
+
+void MemoryReader::show(int channel) {
+    m_link.sent().append(memoryReadCommand(channel));
     m_link.sent().append(crLf);
     m_link.panels().Error = "Reading Memory " + std::to_string(channel);
     if (!m_again) m_operation->step(channel);
@@ -61,19 +65,46 @@ void MemoryReader::ask(int channel) {
 
 Rest MemoryReader::takeAnswer(std::string_view answer) {
     if (m_answered == m_asked) return Rest::GoOn;  // news that nobody asked for
-    const int channel = m_channels[m_answered++];
     m_silentSteps = 0;
+    return take(m_channels[m_answered++], answer) ? Rest::GoOn : finish();
+}
+
+/// Whether there are more channels to ask.
+bool MemoryReader::take(int channel, std::string_view answer) {
     if (isErrorAnswer(answer)) {
         m_refused.push_back(channel);
     } else {
         keep(channel, answer);
     }
-    if (m_answered < m_channels.size()) return Rest::GoOn;
-    if (m_again || m_refused.empty()) return finish();
+    if (m_answered < m_channels.size()) return true;
+    if (m_again || m_refused.empty()) return false;
     m_again = true;
     m_channels = std::exchange(m_refused, {});
     m_asked = m_answered = 0;
-    return Rest::GoOn;
+    return true;
+}
+
+/// The bar goes on: a slow radio takes a minute for all that it has refused.
+void MemoryReader::showAgain() {
+    m_link.progress().maximum = lastMemoryChannel + static_cast<int>(m_channels.size());
+    m_operation->step(lastMemoryChannel, lastMemoryChannel + static_cast<int>(m_asked));
+}
+
+void MemoryReader::converse() {
+    const auto next = [this]() -> std::optional<Exchange> {
+        if (m_asked == m_channels.size()) return std::nullopt;
+        const int channel = m_channels[m_asked++];
+        const std::string command = memoryReadCommand(channel);
+        show(channel);
+        if (m_again) showAgain();
+        return Exchange{channelText(channel), command, {command.substr(0, command.size() - 1), shortestAnswer}};
+    };
+    const auto heard = [this](const Reply& reply) { take(m_channels[m_answered++], reply.answer); };
+    const auto done = [this](const Outcome& outcome) {
+        if (!outcome.isDone()) return fail();
+        finish();
+    };
+    m_operation->converse({next, heard, done});
 }
 
 void MemoryReader::keep(int channel, std::string_view answer) {

@@ -19,6 +19,8 @@ namespace korvex {
 ///     sends    MR001;       MR002;  MR003;  ...  MR099;  MR002;       the end comes with the last answer;
 ///     answers     MR001..;     ?;      MR003..;  ...        ?;        2 s of silence: "Communication faild "
 ///
+/// At the answered pace (CatLink) each command leaves when the answer to the one before has come.
+///
 /// A radio slower than 10 answers a second is waited for. Answers of a reading that fails on the way may have been
 /// matched to the wrong commands: they are for nobody.
 class MemoryReader {
@@ -47,7 +49,11 @@ public:
 private:
     void sendNext();
     void ask(int channel);
+    void show(int channel);
+    void showAgain();
     Rest takeAnswer(std::string_view answer);
+    bool take(int channel, std::string_view answer);
+    void converse();
     void keep(int channel, std::string_view answer);
     void fail();
     Rest finish();

@@ -26,6 +26,7 @@ void MenuReader::read(const MenuReading& reading) {
     m_operation->expect({"EX", menuReadCommand(1).size() + 1});  // what is shorter is an adapter's echo
     m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
     m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    if (m_link.pace == Pace::Answered) return converse();
     m_operation->every(intervalMs, m_phase, [this] { work(); });
     m_operation->tick();
 }
@@ -38,9 +39,12 @@ void MenuReader::work() {
 }
 
 void MenuReader::sendNext() {
-    const std::string command = menuReadCommand(++m_asked);
-    m_operation->send(command);
-    m_link.sent().append(command);
+    m_operation->send(menuReadCommand(++m_asked));
+    showNext();
+}
+
+void MenuReader::showNext() {
+    m_link.sent().append(menuReadCommand(m_asked));
     m_link.sent().append(crLf);
     m_operation->step(m_asked);
     m_link.panels().Error = "Reading Menu " + std::to_string(m_asked);
@@ -49,16 +53,31 @@ void MenuReader::sendNext() {
 Rest MenuReader::takeAnswer(std::string_view answer) {
     // One that nobody has asked for would move every later one into the wrong row.
     if (m_answered >= m_asked) return Rest::GoOn;
-    m_answers.setAnswer(++m_answered, std::string(answer));
+    keep(++m_answered, answer);
     m_silentSteps = 0;
     m_answeredLast = m_asked == menuItemCount;
-    constexpr std::size_t head = 5;  // EX042
-    if (answer.starts_with("EX")) {
-        told.emit(std::string(answer.substr(2, 3)), std::string(answer.substr(head, answer.size() - head - 1)));
-    }
     if (m_answered < menuItemCount) return Rest::GoOn;
     complete();
     return Rest::Discard;
+}
+
+void MenuReader::keep(int item, std::string_view answer) {
+    m_answers.setAnswer(item, std::string(answer));
+    constexpr std::size_t head = 5;  // EX042
+    if (!answer.starts_with("EX")) return;
+    told.emit(std::string(answer.substr(2, 3)), std::string(answer.substr(head, answer.size() - head - 1)));
+}
+
+void MenuReader::converse() {
+    const auto next = [this]() -> std::optional<Exchange> {
+        if (m_asked == menuItemCount) return std::nullopt;
+        const std::string command = menuReadCommand(++m_asked);
+        showNext();
+        return Exchange{zeroPadded(m_asked, 3), command, {command.substr(0, command.size() - 1), command.size() + 1}};
+    };
+    const auto take = [this](const Reply& reply) { keep(m_asked, reply.answer); };
+    const auto done = [this](const Outcome&) { m_answers.answer(menuItemCount).empty() ? fail() : complete(); };
+    m_operation->converse({next, take, done});
 }
 
 void MenuReader::complete() {

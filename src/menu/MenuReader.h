@@ -24,6 +24,8 @@ struct MenuReading {
 ///     sends    EX001;  EX002;  ...  EX149;  (2 s of silence)  -> "Communication faild "
 ///     answers     EX0011; EX00205; ...          EX1490;       -> complete
 ///
+/// At the answered pace (CatLink) each command leaves when the answer to the one before has come.
+///
 /// A radio that answers late is waited for: what it still owes would be missing in the file. One that has been silent
 /// for 2 s when the last command is out is not.
 class MenuReader {
@@ -47,7 +49,10 @@ public:
 private:
     void work();
     void sendNext();
+    void showNext();
     Rest takeAnswer(std::string_view answer);
+    void keep(int item, std::string_view answer);
+    void converse();
     void complete();
     void fail();
 

@@ -36,6 +36,7 @@ inline constexpr SettingsKey<int> commPort{portSection, "COM-Anschluß", 1};
 inline constexpr SettingsKey<int> handshaking{portSection, "Handshaking", 0,
                                               -1};  // nonsense is refused like a wrong code
 inline constexpr SettingsKey<bool> echo{portSection, "Echo"};
+inline constexpr SettingsKey<bool> fastTransfers{portSection, "FastTransfers"};
 
 /// Where the next dialog begins: the last file, or the last folder of a backup.
 inline constexpr SettingsKey<OwnersPath> savePath{settingsSection, "SavePath"};  // menus and memories

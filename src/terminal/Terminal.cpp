@@ -31,6 +31,7 @@ void Terminal::Form_Load() {
     if (std::exchange(m_loaded, true)) return;
     m_needs.link.clearTraffic();
     m_needs.files.recall();
+    if (readSetting(m_needs.settings, keys::fastTransfers)) m_needs.link.pace = Pace::Answered;
     if (const auto failure = applyStoredPort(m_needs.settings, m_needs.link.port())) {
         m_needs.files.msgBox().exclamation(failure->text);
         return;
@@ -99,6 +100,12 @@ void Terminal::mnu_print_Click() {
     if (!file) return;
     if (const auto failure = m_needs.shell.openTextEditor(*file)) return m_needs.files.tell(*failure);
     m_needs.files.remember(*file);
+}
+
+void Terminal::mnu_fastTransfers_Click() {
+    const bool fast = m_needs.link.pace != Pace::Answered;
+    m_needs.link.pace = fast ? Pace::Answered : Pace::Every100Ms;
+    writeSetting(m_needs.settings, keys::fastTransfers, fast);
 }
 
 void Terminal::mnu_bandStack_Click() {

@@ -48,6 +48,8 @@ public:
 
     void mnu_print_Click();
     void mnu_exit_Click() { m_needs.windows.terminal.hide(); }
+    /// "Fast verified Transfers": on or off for what begins from now on, and remembered.
+    void mnu_fastTransfers_Click();
     void mnu_bandStack_Click();
     void mnu_description_Click();
     void mnu_memory_Click();

@@ -65,6 +65,31 @@ TEST_F(BandStackTransferTest, ReadsTwentyTwoAnswersOfEachRegister) {
     EXPECT_EQ(bench.cell(23, 33) + bench.cell(24, 33), "");
 }
 
+TEST_F(BandStackTransferTest, AtTheAnsweredPaceTheBandSelectGoesWithTheFirstQueryAndItsRefusalIsKept) {
+    line.answerDelay = 5;
+    line.answer = [](std::string_view wire) -> std::string {
+        if (wire.starts_with("BS")) return wire == "BS01;AC;" ? "?;AC2;" : "AC2;";
+        return std::string(wire.substr(0, wire.size() - 1)) + "2;";
+    };
+    bench.program.link.pace = Pace::Answered;
+    bench.fileDialog.cancel();
+    window.mnu_readBandStack_Click();
+    EXPECT_EQ(line.story(), "0 BS00;AC;");
+    clock.advance(33 * 22 * 5);
+    ASSERT_EQ(line.writes.size(), 33U * 22);
+    EXPECT_EQ(line.writes.at(1), (Write{5, "BC0;"}));
+    EXPECT_EQ(line.writes.at(22), (Write{22 * 5, "BS00;AC;"}));
+    EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::Cancelled});
+    EXPECT_EQ(bench.cell(22, 33), "AN02;");
+    EXPECT_EQ(bench.cell(1, 4) + bench.cell(2, 4), "?;BC02;");
+
+    line.answer = [](std::string_view wire) { return wire.starts_with("BS") ? "AC2;" : ""; };
+    window.mnu_readBandStack_Click();
+    clock.advance(10'000);
+    EXPECT_EQ(bench.ends.back(), Outcome::Kind::NoAnswer);
+    EXPECT_EQ(bench.error(), "The radio has stopped answering at register 1 of 33; nothing was read.");
+}
+
 TEST_F(BandStackTransferTest, ASilentRadioIsAskedAgainUntilThePortCloses) {
     line.answer = nullptr;
     window.mnu_readBandStack_Click();

@@ -64,6 +64,8 @@ TEST(CommandLine, TakesAValueInEveryFormAndOptionsOnBothSidesOfTheCommand) {
     EXPECT_EQ(parseArguments({"compare", "-", "ports"})->otherFile, "ports");
     EXPECT_EQ(parseArguments({"--handshaking=2", "ports"})->verb, Command::Verb::Ports);
     EXPECT_EQ(parseArguments({"ports", "--handshaking=2"})->handshaking, 2);
+    EXPECT_EQ(parseArguments({"ports"})->pace, Pace::Answered);
+    EXPECT_EQ(parseArguments({"ports", "--pace", "100"})->pace, Pace::Every100Ms);
     const auto command = parseArguments({"--database", "x.mdb", "description", "--settings", "x.ini", "export", "t"});
     ASSERT_TRUE(command) << command.error().text;
     EXPECT_EQ(command->verb, Command::Verb::DescriptionExport);

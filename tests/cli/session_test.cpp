@@ -168,7 +168,7 @@ TEST(Session, GivesASilentRadioUpAfterFiveSeconds) {
         bench.clock.after(14'800, [&bench] { EXPECT_FALSE(bench.code); });
         bench.clock.after(15'300, [&bench] { EXPECT_TRUE(bench.code); });
     };
-    EXPECT_EQ(bench.run({"save", "bandstack", bench.folder.file("shack.bsr")}), ExitCode::Answers);
+    EXPECT_EQ(bench.run({"--pace", "100", "save", "bandstack", bench.folder.file("shack.bsr")}), ExitCode::Answers);
 }
 
 TEST(Session, TellsOfATargetThatCannotBeWrittenBeforeItReads) {
@@ -187,7 +187,7 @@ TEST(Session, EachFailureHasItsTrueReason) {
         std::filesystem::create_directory(dir);
         const std::string file = dir + "/mine";
         bench.meanwhile = [&](Session&) { bench.clock.after(1'500, [&] { std::filesystem::remove_all(dir); }); };
-        EXPECT_EQ(bench.run({"save", kind, file}), ExitCode::File);
+        EXPECT_EQ(bench.run({"--pace", "100", "save", kind, file}), ExitCode::File);
         const std::string told = bench.err.str();
         EXPECT_NE(told.find("Path not found: " + file), std::string::npos) << kind << ": " << told;
         EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << told;

@@ -54,6 +54,20 @@ TEST_F(TerminalTest, PastedLinesWaitForEnterAndForeignCharactersAreRefused) {
     EXPECT_EQ(terminal.Label1.get(), "EX001;TX1;\xE4");
 }
 
+TEST_F(TerminalTest, FastTransfersAreRemembered) {
+    terminal.Form_Load();
+    EXPECT_EQ(bench.program.link.pace, Pace::Every100Ms);
+    terminal.mnu_fastTransfers_Click();
+    EXPECT_EQ(bench.program.link.pace, Pace::Answered);
+    Bench next;
+    next.settings.values = bench.settings.values;
+    next.program.terminal.Form_Load();
+    EXPECT_EQ(next.program.link.pace, Pace::Answered);
+    next.program.terminal.mnu_fastTransfers_Click();
+    EXPECT_EQ(next.program.link.pace, Pace::Every100Ms);
+    EXPECT_FALSE(readSetting(next.settings, keys::fastTransfers));
+}
+
 TEST_F(TerminalTest, PrintStartsTheEditorAndRemembersTheFile) {
     bench.settings.values["Settings/SavePath"] = "/home/om/ft2000";
     terminal.Form_Load();

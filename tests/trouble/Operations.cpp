@@ -345,11 +345,11 @@ const std::vector<TriedOperation>& operations() {
     return all;
 }
 
-const Healthy& healthy(const TriedOperation& operation) {
-    static std::map<std::string_view, Healthy> known;
-    const auto found = known.find(operation.name);
+const Healthy& healthy(const TriedOperation& operation, Pace pace) {
+    static std::map<std::pair<std::string_view, Pace>, Healthy> known;
+    const auto found = known.find({operation.name, pace});
     if (found != known.end()) return found->second;
-    TroubleBench bench;
+    TroubleBench bench(pace);
     bench.openPort();
     operation.prepare(bench);
     const auto before = linesOf(operation.result(bench));
@@ -362,7 +362,7 @@ const Healthy& healthy(const TriedOperation& operation) {
     for (const auto& line : linesOf(operation.result(bench))) {
         if (std::find(before.begin(), before.end(), line) == before.end()) found2.facts.push_back(line);
     }
-    return known[operation.name] = found2;
+    return known[{operation.name, pace}] = found2;
 }
 
 }  // namespace korvex

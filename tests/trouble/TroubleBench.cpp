@@ -24,7 +24,8 @@ std::vector<std::string> linesOf(const std::string& text) {
     return lines;
 }
 
-TroubleBench::TroubleBench() {
+TroubleBench::TroubleBench(Pace pace) {
+    program.link.pace = pace;
     fileDialog.whileShown = [this] {
         using Mode = FileDialogRequest::Mode;
         const Mode mode = fileDialog.shown.back().mode;

@@ -17,7 +17,7 @@ struct TriedOperation;
 struct TroubleBench : fakes::ProgramBench<fakes::TalkativePorts> {
     static constexpr const char* oldContent = "an old file\r\n";
 
-    TroubleBench();
+    explicit TroubleBench(Pace pace = Pace::Every100Ms);
 
     const std::string source = folder.file("source");  ///< what an operation loads
     const std::string target = folder.file("target");  ///< what it saves into; holds an old file
@@ -69,7 +69,7 @@ struct Healthy {
     std::string target;              ///< the content of the target file
 };
 
-const Healthy& healthy(const TriedOperation& operation);
+const Healthy& healthy(const TriedOperation& operation, Pace pace = Pace::Every100Ms);
 
 /// What can go wrong with the radio and its line, for whatever sends that many commands and, among them, one item.
 struct LineTrouble {

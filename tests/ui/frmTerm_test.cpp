@@ -89,6 +89,16 @@ TEST(TerminalEntries, BackupWholeRadio) {
     bench.program.end();
 }
 
+TEST_F(TerminalWindow, FastTransfersAreTheLastEntryOfThePortMenu) {
+    auto* entry = control<QAction>("mnu_fastTransfers");
+    EXPECT_EQ(qobject_cast<QMenu*>(entry->parent())->actions().constLast(), entry);
+    EXPECT_FALSE(entry->isChecked());
+    entry->trigger();
+    settle();
+    EXPECT_TRUE(entry->isChecked());
+    EXPECT_EQ(bench.program.link.pace, Pace::Answered);
+}
+
 TEST_F(TerminalWindow, ShowsWhatCameWhateverItIs) {
     bench.program.link.togglePort();
     bench.program.link.clearTraffic();

@@ -23,6 +23,13 @@ Result<Options> parseOptions(const std::vector<std::string>& arguments) {
                   into(options.stateFile));
     parser.option("--turnaround", "MS", "from the end of a command to its answer (30)",
                   intoWhole(options.turnaroundMs, 0, 60'000));
+    parser.option("--line", "SPEED,P,D,S", "characters take as long as on such a line: 38400,n,8,2 (else no time)",
+                  [&options](const std::string& value) -> Failure {
+                      const auto line = parseLineSettings(value);
+                      if (!line) return line.error();
+                      options.line = *line;
+                      return {};
+                  });
     parser.option("--fault", "NAME[=VALUE]", "lets something go wrong; may be given again and again",
                   [&options](const std::string& value) { return setFault(options.faults, value); });
     parser.option("--log", "FILE", "writes down what is said, with the time in seconds", into(options.logFile));

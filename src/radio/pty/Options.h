@@ -1,9 +1,11 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "platform/LineSettings.h"
 #include "radio/Faults.h"
 
 namespace korvex::pty {
@@ -13,6 +15,7 @@ struct Options {
     std::string stateFile;  ///< empty: nothing is kept
     std::string logFile;    ///< empty: no log
     int turnaroundMs = 30;
+    std::optional<LineSettings> line;  ///< how fast characters come and go; else they take no time
     Faults faults;
     std::string print;  ///< of --help or --version: to be printed in place of a run
 };

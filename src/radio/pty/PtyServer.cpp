@@ -21,6 +21,7 @@ PtyServer::PtyServer(const Options& options)
     : m_options(options), m_stateFile(m_radio, options.stateFile), m_startMs(steadyMs()) {
     m_line.faults = options.faults;
     m_line.turnaroundMs = options.turnaroundMs;
+    if (options.line) m_line.characterTimeMs = options.line->characterTime();
 }
 
 double PtyServer::now() const {
@@ -50,14 +51,24 @@ void PtyServer::serve() {
 
 void PtyServer::waitForSomething() {
     auto due = m_line.nextDue();
+    if (!m_coming.empty()) due = due ? std::min(*due, m_coming.front().at) : m_coming.front().at;
     if (const auto save = m_stateFile.nextDue()) due = due ? std::min(*due, *save) : save;
     m_pty.wait(due ? std::optional(*due - now()) : std::nullopt, endsignals::descriptor());
 }
 
-void PtyServer::exchange() {
+/// A character has come when it has come altogether.
+void PtyServer::hear() {
     const std::string heard = m_pty.read();
     m_log.write(now(), '<', heard);
-    m_line.hear(now(), heard);
+    double at = std::max(now(), m_coming.empty() ? 0 : m_coming.back().at);
+    for (const char c : heard) m_coming.push_back({at += m_line.characterTimeMs, c});
+    for (; !m_coming.empty() && m_coming.front().at <= now(); m_coming.pop_front()) {
+        m_line.hear(m_coming.front().at, std::string_view(&m_coming.front().character, 1));
+    }
+}
+
+void PtyServer::exchange() {
+    hear();
     // What a program has set before it left counts; answers to it must not reach the next program.
     if (m_pty.lastUserLeft()) m_line.clear();
     m_stateFile.lookForChanges(now());

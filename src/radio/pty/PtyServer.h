@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <string>
 
 #include "platform/posix/Pty.h"
@@ -26,14 +27,22 @@ public:
     Failure finish() { return m_stateFile.writeNow(); }
 
 private:
+    /// A character on its way to the radio.
+    struct Coming {
+        double at;
+        char character;
+    };
+
     void waitForSomething();
     void exchange();
+    void hear();
     double now() const;
 
     Options m_options;
     SimulatedRadio m_radio;
     RadioLine m_line{m_radio};
     Pty m_pty;
+    std::deque<Coming> m_coming;
     StateFile m_stateFile;
     TrafficLog m_log;
     double m_startMs;

@@ -89,6 +89,11 @@ void frmTerm::makePortMenu() {
     m_portSwitch->add(openPort);
     menu->addSeparator();
     entry(menu, "mnu_portSettings", QStringLiteral("&RS-232 Port Settings"), m_actions.portSettings);
+    menu->addSeparator();
+    QAction* fast = entry(menu, "mnu_fastTransfers", QStringLiteral("Fast verified Transfers"),
+                          [this] { m_terminal.mnu_fastTransfers_Click(); });
+    fast->setCheckable(true);
+    m_connections += m_link.pace.bind([fast](Pace pace) { fast->setChecked(pace == Pace::Answered); });
 }
 
 void frmTerm::makeMoreMenu(ToolWindows& windows) {
