@@ -89,11 +89,17 @@ void BandStackWindow::tellStrangeAnswers() {
     if (!text.empty()) m_link.received().set(text);
 }
 
+bool BandStackWindow::mayBeIncomplete(const std::string& question) {
+    const std::string missing = missingRegisters(m_stack.cells());
+    return missing.empty() || m_files.msgBox().confirm(missing + "\r\n" + question);
+}
+
 void BandStackWindow::mnu_writeBandStack_Click() {
-    const BandStackCells cells = m_stack.cells();
-    const std::string missing = missingRegisters(cells);
-    if (!missing.empty() && !m_files.msgBox().confirm(missing + "\r\nWrite the band stack all the same?")) return;
-    m_writer.write(cells);
+    if (mayBeIncomplete("Write the band stack all the same?")) m_writer.write(m_stack.cells());
+}
+
+void BandStackWindow::mnu_saveDatafromHD_Click() {
+    if (mayBeIncomplete("Save the band stack all the same?")) saveBandStackFile();
 }
 
 /// What was broken off half-way has left the radio neither as it was nor as it should be.
@@ -118,8 +124,9 @@ void BandStackWindow::closeBox() {
 }
 
 Outcome::Kind BandStackWindow::saveBandStackFile() {
-    const FileEnd saved = m_files.write({"", "bsr"}, bandStackFileText(m_stack.cells()),
-                                        [this](const RuntimeError& error) { tellSaveError(error); });
+    const FileEnd saved =
+        m_files.write({"", "bsr", !missingRegisters(m_stack.cells()).empty()}, bandStackFileText(m_stack.cells()),
+                      [this](const RuntimeError& error) { tellSaveError(error); });
     const auto kind = outcomeOf(saved);
     if (kind == Outcome::Kind::Done) dateipath = *saved.file;
     return kind;

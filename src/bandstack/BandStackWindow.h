@@ -21,10 +21,10 @@ public:
 
     /// A reading asks for a file at its end.
     void mnu_readBandStack_Click() { m_reader.read(); }
-    /// Asks first when registers are missing.
+    /// Writing and saving ask first when registers are missing.
     void mnu_writeBandStack_Click();
     void mnu_loadDatafromHD_Click() { loadBandStackFile(); }
-    void mnu_saveDatafromHD_Click() { saveBandStackFile(); }
+    void mnu_saveDatafromHD_Click();
     void mnu_closeWindow_Click();
     void closeBox();
 
@@ -57,6 +57,7 @@ private:
     void onWriteEnded(const Outcome& outcome);
     void tellSilence();
     void tellStrangeAnswers();
+    bool mayBeIncomplete(const std::string& question);
     Failure take(const std::string& content);
     void tellSaveError(const RuntimeError& error);
     void tellLoadError(const RuntimeError& error);

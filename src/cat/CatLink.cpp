@@ -157,7 +157,9 @@ bool CatLink::freeLine() {
     if (!m_operation) return true;
     const Operation* asked = m_operation;
     const bool mayStop = m_msgBox.confirm(standing() + ". Stop it?");
+    m_givesWay = true;
     if (mayStop && m_operation == asked) m_operation->breakOff(Outcome::Kind::Cancelled);
+    m_givesWay = false;
     return mayStop && !m_operation;
 }
 

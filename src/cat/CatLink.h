@@ -46,6 +46,8 @@ public:
     std::unique_ptr<Operation> begin(OperationPlan plan);
     /// Whether the line is free now: nothing runs, or the person has just let it be stopped.
     bool freeLine();
+    /// An operation is being ended because another one wants the line, or the program its end, and the person said so.
+    bool givesWay() const { return m_givesWay; }
     /// What the operations are a part of, for the person who is asked: "Backup"; empty for one by itself.
     void workFor(std::string task) { m_task = std::move(task); }
     /// Who has the line, if anybody.
@@ -109,6 +111,7 @@ private:
 
     std::string m_task;
     Operation* m_operation = nullptr;  // the one that has the line; owned by whoever began it
+    bool m_givesWay = false;
     bool m_draining = false;
     Connections m_connections;
 };

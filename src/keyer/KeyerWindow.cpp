@@ -109,8 +109,17 @@ Outcome::Kind KeyerWindow::saveKeyerFile() {
     finishEditing.emit();
     hint = "";
     if (!canBeStored()) return Outcome::Kind::FileFailed;
-    return outcomeOf(m_files.write({"", "kem"}, keyerFileText(m_table.fileRows()),
-                                   [this](const RuntimeError& error) { tellSaveError(error); }));
+    const auto saved = outcomeOf(m_files.write({"", "kem"}, keyerFileText(m_table.fileRows()),
+                                               [this](const RuntimeError& error) { tellSaveError(error); }));
+    if (saved == Outcome::Kind::Done) hint = emptyMemories(keyerMemories);
+    return saved;
+}
+
+std::string KeyerWindow::emptyMemories(int last) const {
+    const KeyerTexts texts = m_table.texts();
+    const std::string empty =
+        memoriesThat([&](int memory) { return memory <= last && keyerText(texts, memory).size() == 0; });
+    return empty.empty() ? "" : "Without a text in the file: " + empty + ". ";
 }
 
 void KeyerWindow::tellSaveError(const RuntimeError& error) {
@@ -139,6 +148,7 @@ void KeyerWindow::tellLoaded(int inFile) {
     if (inFile < keyerMemories) {
         text = "The file holds only " + std::to_string(inFile) + " of " + std::to_string(keyerMemories) + " memories. ";
     }
+    text += emptyMemories(inFile);
     if (!bad.empty()) text += "The radio could not take these texts as they are: " + bad + ".";
     hint = text;
 }

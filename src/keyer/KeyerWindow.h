@@ -53,6 +53,7 @@ private:
     void tellSaveError(const RuntimeError& error);
     Failure take(const std::string& content);
     void tellLoaded(int inFile);
+    std::string emptyMemories(int last) const;
     /// The memories for which `test` holds, as "KM2, KM4"; empty when there are none.
     template <class Test>
     std::string memoriesThat(Test test) const;

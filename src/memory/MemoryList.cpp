@@ -137,23 +137,43 @@ void MemoryList::placeAnswer(int row, const MemoryRecord& record) {
     noteChange();
 }
 
-void MemoryList::placeReading(int row, const MemoryRecord& record) {
-    if (!isChannelRow(row)) return;
+bool MemoryList::isTheChannelOf(int row, const MemoryRecord& record) const {
     MemoryRecord now = channelFields(row);
     now[MemoryField::Remark] = record[MemoryField::Remark];
-    if (now == record) return noteSafe(row, false);
+    return now == record;
+}
+
+void MemoryList::placeReading(int row, const MemoryRecord& record) {
+    if (isTheChannelOf(row, record)) return noteSafe(row, false);
     fillRow(row, record);
     noteSafe(row, true);
 }
 
-void MemoryList::fillListFromMemoryTable(const MemoryTable& table) {
+void MemoryList::fillListFromMemoryTable(const MemoryTable& table, const std::set<int>& kept) {
     const OneRedraw quiet(FlexGrid1);
     for (int slot = 1; slot <= lastMemoryChannel; ++slot) {
-        if (const auto record = parseMemoryString(table[slot])) {
-            placeReading(memoryListRow((*record)[MemoryField::Channel]), *record);
-        }
+        const auto record = parseMemoryString(table[slot]);
+        const int row = record ? memoryListRow((*record)[MemoryField::Channel]) : 0;
+        if (row > 0 && !kept.contains(row)) placeReading(row, *record);
     }
     noteChange();
+}
+
+void MemoryList::noteReading() {
+    m_beforeReading.assign(1, {});
+    for (int row = 1; row <= rows; ++row) m_beforeReading.push_back(cellsOf(row));
+}
+
+std::set<int> MemoryList::rowsChangedMeanwhile(const MemoryTable& table) const {
+    std::set<int> changed;
+    for (int slot = 1; slot <= lastMemoryChannel; ++slot) {
+        const auto record = parseMemoryString(table[slot]);
+        const int row = record ? memoryListRow((*record)[MemoryField::Channel]) : 0;
+        if (row > 0 && cellsOf(row) != m_beforeReading.at(static_cast<std::size_t>(row)) &&
+            !isTheChannelOf(row, *record))
+            changed.insert(row);
+    }
+    return changed;
 }
 
 void MemoryList::replaceAll(const std::map<int, MemoryRecord>& records) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,8 +42,11 @@ public:
     void placeAnswer(int row, const MemoryRecord& record);
 
     /// Every channel that the table names gets its row filled, later slots over earlier ones; the other rows stay. The
-    /// radio knows no remarks: a row keeps its own when its channel has not changed.
-    void fillListFromMemoryTable(const MemoryTable& table);
+    /// radio knows no remarks: a row keeps its own when its channel has not changed. The rows in `kept` stay, too.
+    void fillListFromMemoryTable(const MemoryTable& table, const std::set<int>& kept = {});
+    /// A reading begins. The rows that the user has changed since, and that the table would change again.
+    void noteReading();
+    std::set<int> rowsChangedMeanwhile(const MemoryTable& table) const;
     /// Empties the list, then fills it with records by row, as a file has them.
     void replaceAll(const std::map<int, MemoryRecord>& records);
 
@@ -71,6 +75,7 @@ private:
     bool isChannelRow(int row) const { return row >= 1 && row <= rows; }
     Row cellsOf(int row) const;
     void fillRow(int row, const MemoryRecord& record);
+    bool isTheChannelOf(int row, const MemoryRecord& record) const;
     void placeReading(int row, const MemoryRecord& record);
     void noteSafe(int row, bool withRemark);
     void noteChange();
@@ -80,7 +85,8 @@ private:
     void renumberFilledRows();
 
     bool m_copied = false;
-    std::vector<Row> m_safe;  // what a file holds or the radio has said, by row
+    std::vector<Row> m_safe;           // what a file holds or the radio has said, by row
+    std::vector<Row> m_beforeReading;  // by row
 };
 
 /// The number of the row that a channel text names; 0 when it names none.

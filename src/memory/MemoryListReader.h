@@ -8,7 +8,8 @@
 namespace korvex {
 
 /// "Read Memories of FT-2000": reads all memories into the list and closes the port at the end. The table takes over
-/// what was read.
+/// what was read. Rows that the person has changed meanwhile are replaced only with leave. Of a reading that did not
+/// come to its end the list takes what is certain, if the person wants it.
 class MemoryListReader {
 public:
     MemoryListReader(CatLink& link, MsgBox& msgBox, MemoryTable& table, MemoryList& list);
@@ -22,6 +23,7 @@ public:
     Signal<const Outcome&> ended;
 
 private:
+    void onRead(const Outcome& reading);
     void fillList();
 
     CatLink& m_link;

@@ -36,10 +36,6 @@ public:
     MemoryListFiles listFiles;
     MemoryEditor editor;
 
-    bool transferRuns() const {
-        return saver.running() || restorer.running() || listReader.running() || listWriter.running();
-    }
-
     /// One of the two windows was closed by its own menu: the start window's button goes back to its normal colour.
     Signal<> buttonBackToNormal;
 

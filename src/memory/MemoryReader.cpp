@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/Lines.h"
+#include "base/NumberText.h"
 #include "memory/MemoryFile.h"
 #include "memory/MemoryRecord.h"
 
@@ -35,10 +36,11 @@ void MemoryReader::read(ActiveOperation code, const std::string& caption) {
     m_again = false;
     m_refused.clear();
     m_found.clear();
+    m_named.clear();
     m_silentSteps = m_damaged = 0;
     m_operation->expect({"MR", shortestAnswer});
     m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
-    m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    m_operation->onEnd([this](const Outcome& outcome) { onEnd(outcome); });
     if (m_link.pace == Pace::Answered) return converse();
     m_operation->every(intervalMs, m_phase, [this] { sendNext(); });
     m_operation->tick();
@@ -107,7 +109,14 @@ void MemoryReader::converse() {
     m_operation->converse({next, heard, done});
 }
 
+void MemoryReader::onEnd(const Outcome& outcome) {
+    if (!outcome.isDone()) m_found = std::exchange(m_named, {});
+    ended.emit(outcome);
+}
+
 void MemoryReader::keep(int channel, std::string_view answer) {
+    const int named = isUndamaged(answer) ? parseWhole(memoryFieldIn(answer, MemoryField::Channel)).value_or(0) : 0;
+    if (named >= 1 && named <= lastMemoryChannel) m_named[named] = answer;
     const std::string command = memoryReadCommand(channel);
     const auto stored = storedMemoryString(command, answer);
     if (!stored) return;

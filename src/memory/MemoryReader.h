@@ -22,7 +22,7 @@ namespace korvex {
 /// At the answered pace (CatLink) each command leaves when the answer to the one before has come.
 ///
 /// A radio slower than 10 answers a second is waited for. Answers of a reading that fails on the way may have been
-/// matched to the wrong commands: they are for nobody.
+/// matched to the wrong commands: of these there stay the ones that are whole, each as the channel that it names.
 class MemoryReader {
 public:
     explicit MemoryReader(CatLink& link) : m_link(link) {}
@@ -55,6 +55,7 @@ private:
     bool take(int channel, std::string_view answer);
     void converse();
     void keep(int channel, std::string_view answer);
+    void onEnd(const Outcome& outcome);
     void fail();
     Rest finish();
 
@@ -66,6 +67,7 @@ private:
     bool m_again = false;                // it is the second time
     std::vector<int> m_refused;          // this time
     std::map<int, std::string> m_found;  // the stored strings by channel
+    std::map<int, std::string> m_named;  // undamaged answers by the channel that they name
     int m_silentSteps = 0;               // since all commands are out, or since the last answer after that
     int m_damaged = 0;
     std::unique_ptr<Operation> m_operation;

@@ -9,7 +9,7 @@
 namespace korvex {
 
 /// "Save Memories of  FT-2000": reads all memories, then asks for a file and writes them. The table takes over what was
-/// read.
+/// read. Of a reading that did not come to its end the file holds what is certain, if the person wants it.
 class MemorySaver {
 public:
     MemorySaver(CatLink& link, OwnersFiles& files, MemoryTable& table);
@@ -22,7 +22,8 @@ public:
     Signal<const Outcome&> ended;
 
 private:
-    Outcome save(const Outcome& reading);
+    Outcome onRead(const Outcome& reading);
+    Outcome::Kind save(bool incomplete);
 
     CatLink& m_link;
     OwnersFiles& m_files;
@@ -31,7 +32,8 @@ private:
     Connection m_read;
 };
 
-/// Tells in the receive display what a reading has not brought.
-void tellRemarks(TrafficDisplay& display, const MemoryReader& reader);
+/// Tells in the receive display what a reading has not brought, and in the panel why one did not come to its end.
+void tellRemarks(CatLink& link, const MemoryReader& reader);
+void tellBrokenOff(CatLink& link, const Outcome& reading);
 
 }  // namespace korvex

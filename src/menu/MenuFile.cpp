@@ -97,6 +97,15 @@ MenuLines apartFromCatLines(const std::vector<std::string>& lines) {
     return apart;
 }
 
+MenuCommandTable namedAnswers(const MenuCommandTable& table) {
+    MenuCommandTable named;
+    for (int row = 1; row <= menuItemCount; ++row) {
+        const std::string& answer = table.answer(row);
+        if (isItem(answer)) named.setAnswer(parseWhole(itemInLine(answer)).value_or(0), answer);
+    }
+    return named;
+}
+
 int answersInPlace(const MenuCommandTable& table) {
     int count = 0;
     for (int item = 1; item <= menuItemCount; ++item) {

@@ -33,6 +33,10 @@ struct MenuLines {
 };
 MenuLines apartFromCatLines(const std::vector<std::string>& lines);
 
+/// Each answer that names its item, in the place of that item: what is certain of a reading that did not come to its
+/// end. Refusals, which name none, are not among them.
+MenuCommandTable namedAnswers(const MenuCommandTable& table);
+
 /// How many of the answers are the right item's own: "EX", its number, a value, ";".
 int answersInPlace(const MenuCommandTable& table);
 

@@ -1,6 +1,7 @@
 #include "menu/MenuSave.h"
 
 #include "cat/FileToRestore.h"
+#include "cat/KeptReading.h"
 #include "menu/MenuFile.h"
 
 namespace korvex {
@@ -13,17 +14,17 @@ void MenuSave::onRead(const Outcome& outcome) {
     Outcome told = outcome;
     if (outcome.isDone()) {
         told.kind = saveMenuFile();
-    } else if (outcome.kind != Outcome::Kind::NoAnswer) {
-        m_link.panels().Error = inWords(outcome, {});
+    } else {
+        if (outcome.kind != Outcome::Kind::NoAnswer) m_link.panels().Error = inWords(outcome, {});
+        const auto named = namedAnswers(answers());
+        if (mayKeep(m_link, m_files.msgBox(), outcome, {answersInPlace(named), {}, keepInFile})) saveIncomplete(named);
     }
     ended.emit(told);
 }
 
 Outcome::Kind MenuSave::saveMenuFile() {
-    const FileEnd saved = m_files.write({"Save FT-2000 Menu", "mnu"}, menuFileText(answers()),
-                                        [this](const RuntimeError& error) { m_files.tell(error, "Path wrong "); });
-    if (outcomeOf(saved) != Outcome::Kind::Done) return outcomeOf(saved);
-    m_link.received().clear();
+    const auto saved = write(answers(), false);
+    if (saved != Outcome::Kind::Done) return saved;
     if (const int inPlace = answersInPlace(answers()); inPlace != menuItemCount) {
         // The file is what the radio said, but the owner must know that it is not the whole menu.
         m_link.received().set(" Attention: only " + std::to_string(inPlace) + " of " + std::to_string(menuItemCount) +
@@ -32,6 +33,20 @@ Outcome::Kind MenuSave::saveMenuFile() {
     }
     m_link.panels().Error = "Terminated";
     return Outcome::Kind::Done;
+}
+
+void MenuSave::saveIncomplete(const MenuCommandTable& named) {
+    if (write(named, true) != Outcome::Kind::Done) return;
+    m_link.received().set(" Attention: the file holds only " + std::to_string(answersInPlace(named)) + " of " +
+                          std::to_string(menuItemCount) + " menu items. \r\n");
+}
+
+Outcome::Kind MenuSave::write(const MenuCommandTable& table, bool incomplete) {
+    const auto saved =
+        outcomeOf(m_files.write({"Save FT-2000 Menu", "mnu", incomplete}, menuFileText(table),
+                                [this](const RuntimeError& error) { m_files.tell(error, "Path wrong "); }));
+    if (saved == Outcome::Kind::Done) m_link.received().clear();
+    return saved;
 }
 
 }  // namespace korvex

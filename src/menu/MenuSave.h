@@ -6,7 +6,7 @@
 namespace korvex {
 
 /// "Save Menu of  FT-2000": reads the menu, then asks for a file and writes it. What was read incompletely is kept,
-/// too, and said to be incomplete.
+/// too, and said to be incomplete; when the reading did not come to its end, if the person wants it.
 class MenuSave {
 public:
     MenuSave(CatLink& link, OwnersFiles& files);
@@ -21,6 +21,8 @@ public:
 
 private:
     void onRead(const Outcome& outcome);
+    void saveIncomplete(const MenuCommandTable& named);
+    Outcome::Kind write(const MenuCommandTable& table, bool incomplete);
 
     CatLink& m_link;
     OwnersFiles& m_files;

@@ -1,5 +1,7 @@
 #include "platform/OwnersFiles.h"
 
+#include <filesystem>
+
 #include "platform/TextFile.h"
 
 namespace korvex {
@@ -10,6 +12,26 @@ FileDialogRequest request(FileDialogRequest::Mode mode, const FileWanted& wanted
     const std::string pattern = "*." + wanted.ending;
     return {mode, wanted.title, "Flat File (" + pattern + ")|" + pattern + "|All Files (*.*)|*.*", start,
             wanted.ending};
+}
+
+constexpr std::string_view mark = "-incomplete";
+
+std::string withoutMark(const std::string& stem) {
+    return stem.ends_with(mark) ? stem.substr(0, stem.size() - mark.size()) : stem;
+}
+
+/// The remembered path, where a file of its kind has the mark of what is incomplete just when it is. What is incomplete
+/// has a name in any case.
+std::string proposed(const std::string& path, const FileWanted& wanted) {
+    const std::filesystem::path remembered(path);
+    const std::string extension = "." + wanted.ending;
+    const bool hasName = remembered.extension() == extension;
+    if (!hasName && !wanted.incomplete) return path;
+    std::error_code ignored;
+    const bool isFolder = std::filesystem::is_directory(remembered, ignored) || !remembered.has_extension();
+    const auto folder = isFolder ? remembered : remembered.parent_path();
+    const std::string stem = hasName ? withoutMark(remembered.stem().string()) : "radio";
+    return (folder / (stem + (wanted.incomplete ? std::string(mark) : "") + extension)).string();
 }
 
 }  // namespace
@@ -39,7 +61,7 @@ FileEnd OwnersFiles::read(const FileWanted& wanted, const std::function<Failure(
 FileEnd OwnersFiles::write(const FileWanted& wanted, std::string_view content, const Tell& tell,
                            const MayReplace& mayReplace) {
     FileEnd end;
-    auto asked = request(FileDialogRequest::Mode::Save, wanted, path);
+    auto asked = request(FileDialogRequest::Mode::Save, wanted, proposed(path, wanted));
     while (const auto file = m_desk.dialog.show(asked)) {
         if (mayReplace && !mayReplace(*file)) return {};
         end = {file, textfile::write(*file, content)};

@@ -23,8 +23,9 @@ struct OwnersDesk {
 
 /// A file that is wanted of the owner.
 struct FileWanted {
-    std::string title;   ///< of the dialog, UTF-8; empty: the system's own
-    std::string ending;  ///< "mnu"
+    std::string title;        ///< of the dialog, UTF-8; empty: the system's own
+    std::string ending;       ///< "mnu"
+    bool incomplete = false;  ///< a save proposes a name that says so, "my-incomplete.mnu"
 };
 
 /// How it ended when the owner was asked for a file.

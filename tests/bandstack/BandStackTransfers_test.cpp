@@ -242,7 +242,12 @@ TEST_F(BandStackWriteTest, EmptyRegistersAreAskedForBeforeAnythingIsSent) {
         EXPECT_EQ(bench.msgBox.shown.back().buttons, MsgButtons::YesNoCareful);
         clock.advance(300);
         EXPECT_EQ(line.writes.empty(), !yes);
+        bench.msgBox.foresee("1 is incomplete: 05.1.\r\nSave the band stack all the same?",
+                             yes ? MsgAnswer::Yes : MsgAnswer::No);
+        if (yes) bench.fileDialog.cancel();
+        window.mnu_saveDatafromHD_Click();
     }
+    EXPECT_EQ(bench.fileDialog.shown.back().start, bench.folder.file("files/radio-incomplete.bsr"));
 }
 
 TEST_F(BandStackWriteTest, ARadioThatDoesNotTellItsAntennaIsAskedThreeTimes) {

@@ -38,6 +38,7 @@ TEST_F(KeyerFileTest, AFileGivesEveryCellBack) {
     EXPECT_EQ(content,
               "|Mem.|Keyer Text|Char. Count|\r\n|KM1;|CQ CQ DE|8|\r\n|KM2;| \"\xFC\",;\r\n\x01 ||\r\n|KM3;|||\r\n"
               "|KM4;|||\r\n|KM5;|x||\r\n|\r\n\r\n");
+    EXPECT_EQ(bench.window.hint.get(), "Without a text in the file: KM3, KM4. ");
     EXPECT_EQ(bench.settings.values["Settings/SaveKeyer"], file);
     EXPECT_EQ(bench.fileDialog.shown.back().start, bench.folder.path() + "/files");
 

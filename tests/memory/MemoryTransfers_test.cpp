@@ -69,6 +69,7 @@ TEST_F(MemoryBench, TheLastAnswerHasTwoSeconds) {
     constexpr int lastCommandMs = 9'850;
     clock.advance(lastCommandMs + 1'999);
     EXPECT_TRUE(memory.saver.running());
+    msgBox.foresee("The radio has stopped answering", MsgAnswer::No);
     clock.advance(1);
     EXPECT_EQ(ends, Ends{Outcome::Kind::NoAnswer});
 }
@@ -125,12 +126,62 @@ TEST_F(MemoryBench, AnAnswerThatIsMissingWritesNoFile) {
     openPort();
     ports.faults().deafOnce = 50;
     memory.saver.mnu_saveMem_Click();
+    msgBox.foresee("; 24 memories were read.", MsgAnswer::No);
     ASSERT_TRUE(endsWithin(13'000));
     EXPECT_EQ(ends, Ends{Outcome::Kind::NoAnswer});
     EXPECT_EQ(link.panels().Error.get(), "Communication faild ");
     EXPECT_FALSE(progress.visible);
     EXPECT_TRUE(sentIn(link).ends_with("MR099; "));
     EXPECT_EQ(memory.table[1], "");  // nothing that a later reading could take for its own
+}
+
+TEST_F(MemoryBench, OfABrokenOffReadingIsKeptWhatNamesItsChannel) {
+    openPort();
+    ports.faults().deafOnce = 3;  // every later answer is counted for the channel before its own
+    memory.saver.mnu_saveMem_Click();
+    clock.advance(1'010);
+    msgBox.foresee("The reading was stopped at memory 10 of 99; ", MsgAnswer::Yes);
+    fileDialog.choose(path("radio-incomplete.mem"));
+    progress.cancelled.emit();
+    EXPECT_EQ(fileDialog.shown.back().start, path("files/radio-incomplete.mem"));
+    std::string expected;
+    for (const int channel : {1, 2, 4, 5, 6, 7, 8, 9}) {
+        if (!record(channel).empty()) expected += "MR" + channelText(channel) + record(channel) + ";\r\n";
+    }
+    EXPECT_EQ(contentOf("radio-incomplete.mem"), expected);
+    EXPECT_EQ(ends, Ends{Outcome::Kind::Cancelled});
+    EXPECT_TRUE(link.panels().Error.get().starts_with("Stopped at memory 10 of 99"));
+
+    memory.listReader.mnu_MemSaveFromFT2000_Click();
+    clock.advance(1'010);
+    msgBox.foresee("Put them into the list? Its other rows stay as they are.", MsgAnswer::Yes);
+    progress.cancelled.emit();
+    EXPECT_EQ(memory.list.cell(2, MemoryField::Frequency), record(2).substr(0, 8));
+    EXPECT_FALSE(memory.list.filled(99));
+}
+
+TEST_F(MemoryBench, AListReadingReplacesWhatWasChangedMeanwhileOnlyWithLeave) {
+    for (const MsgAnswer answer : {MsgAnswer::No, MsgAnswer::Yes}) {
+        ends.clear();
+        openPort();
+        memory.listReader.mnu_MemSaveFromFT2000_Click();
+        ASSERT_TRUE(endsWithin(20'000));
+        openPort();
+        ends.clear();
+        memory.listReader.mnu_MemSaveFromFT2000_Click();
+        clock.advance(5'000);
+        memory.list.clearRow(1);
+        memory.list.setRemark(2, "mine");
+        memory.list.clearRow(6);  // the radio has none there
+        msgBox.foresee("you have changed row 1, for which the radio told something else", answer);
+        ASSERT_TRUE(endsWithin(20'000));
+        const bool replaced = answer == MsgAnswer::Yes;
+        EXPECT_EQ(memory.list.filled(1), replaced);
+        EXPECT_EQ(memory.list.modified, !replaced);
+        EXPECT_EQ(memory.list.cell(2, MemoryField::Remark), "mine");
+        EXPECT_TRUE(memory.list.filled(99));
+        memory.list.noteSaved();
+    }
 }
 
 TEST_F(MemoryBench, ReadsIntoTheListAndClosesThePort) {
@@ -175,6 +226,8 @@ TEST_F(MemoryBench, ClosingThePortInTheMiddleEndsEveryTransferForGood) {
             ends.clear();
             starts[i]();
             clock.advance(160);
+            if (i == 0) msgBox.foresee("at memory 2 of 99; 1 memory was read.\r\nKeep", MsgAnswer::No);
+            if (i == 1) msgBox.foresee("Put them into the list?", MsgAnswer::No);
             if (unplugged) {
                 msgBox.foresee("");
                 ports.unplug();
