@@ -144,10 +144,25 @@ void Program::openTool(int tool) {
     }
 }
 
+bool Program::mayEndSession(bool mayAsk) {
+    constexpr std::int64_t soonMs = 60'000;
+    using Reason = DescriptionDatabase::UnloadReason;
+    const bool mayEnd = !mayAsk || (mayLoseEdits(memory.list, m_machine.msgBox) &&
+                                    menuManager.database().Form_QueryUnload(Reason::SessionEnd));
+    m_sessionEndsBefore = mayEnd ? m_machine.clock.now() + soonMs : 0;
+    return mayEnd;
+}
+
+bool Program::mayEnd() {
+    return mayLoseEdits(memory.list, m_machine.msgBox) && menuManager.mayLoseEdits() && link.freeLine();
+}
+
 bool Program::end() {
-    if (!mayLoseEdits(memory.list, m_machine.msgBox) || !link.freeLine()) return false;
+    const bool withSession = m_machine.clock.now() < m_sessionEndsBefore;
+    if (!withSession && !mayEnd()) return false;
+    link.stopOperation();
     if (!terminal.Form_Unload()) return false;
-    backupEntry.tellNow();
+    if (!withSession) backupEntry.tellNow();
     eqWindow.closePort();
     unloadingWindows.emit();
     ended.emit();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -80,6 +81,9 @@ public:
 
     /// Ends the program: output drains, the port closes, every window is unloaded. False when the user stays.
     bool end();
+    /// The desktop's session is about to end: whether it may, as far as the program is concerned. Where the program may
+    /// ask it asks about what is unsaved. The end itself, which comes soon after, then asks nothing more.
+    bool mayEndSession(bool mayAsk);
     Signal<> unloadingWindows;  ///< windows store their places, the last loaded first
     Signal<> ended;
 
@@ -94,8 +98,10 @@ private:
     std::string whyNoBackup();
     WindowState* toolWindow(int tool);
     void openTool(int tool);
+    bool mayEnd();
 
     Machine m_machine;
+    std::int64_t m_sessionEndsBefore = 0;  // by the clock; it may also have been stopped by another program
     Connections m_connections;
 };
 

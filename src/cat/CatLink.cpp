@@ -157,10 +157,14 @@ bool CatLink::freeLine() {
     if (!m_operation) return true;
     const Operation* asked = m_operation;
     const bool mayStop = m_msgBox.confirm(standing() + ". Stop it?");
-    m_givesWay = true;
-    if (mayStop && m_operation == asked) m_operation->breakOff(Outcome::Kind::Cancelled);
-    m_givesWay = false;
+    if (mayStop && m_operation == asked) stopOperation();
     return mayStop && !m_operation;
+}
+
+void CatLink::stopOperation() {
+    m_givesWay = true;
+    if (m_operation) m_operation->breakOff(Outcome::Kind::Cancelled);
+    m_givesWay = false;
 }
 
 std::string CatLink::standing() const {

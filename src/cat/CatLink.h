@@ -46,7 +46,9 @@ public:
     std::unique_ptr<Operation> begin(OperationPlan plan);
     /// Whether the line is free now: nothing runs, or the person has just let it be stopped.
     bool freeLine();
-    /// An operation is being ended because another one wants the line, or the program its end, and the person said so.
+    /// Ends what runs without asking: the person has said so, or cannot be asked.
+    void stopOperation();
+    /// An operation is being ended because another one wants the line, or the program its end.
     bool givesWay() const { return m_givesWay; }
     /// What the operations are a part of, for the person who is asked: "Backup"; empty for one by itself.
     void workFor(std::string task) { m_task = std::move(task); }

@@ -154,6 +154,17 @@ SettingsRows DescriptionDatabase::rowsInGrid() const {
     return rows;
 }
 
+bool DescriptionDatabase::isModified() const {
+    const auto keys = rowKeys(m_numbers);
+    for (std::size_t row = 0; row < keys.size(); ++row) {
+        int column = firstSavedField - 1;
+        for (const auto& text : m_loaded.at(keys[row])) {
+            if (m_needs.grid.TextMatrix(static_cast<int>(row), column++) != text) return true;
+        }
+    }
+    return false;
+}
+
 Failure DescriptionDatabase::write(const SettingsRows& rows) {
     if (auto failure = m_connection->BeginTrans()) return failure;
     const auto keys = rowKeys(numbersInFile());

@@ -42,6 +42,8 @@ public:
     /// written, each into the row of its item, and the grid then shows what the file holds. Where another program has
     /// changed the same cells the user is asked. A failure has been told.
     bool saveDescriptionGrid();
+    /// The settings columns of the grid hold what neither a load nor a save has seen.
+    bool isModified() const;
     /// The first column of the rows that were loaded, the titles' first.
     const std::vector<std::string>& numbers() const { return m_numbers; }
 

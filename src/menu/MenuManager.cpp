@@ -93,7 +93,12 @@ bool MenuManager::toldBusy(const std::string& title) {
 }
 
 void MenuManager::mnu_loadFlexgrid_Click() {
-    if (!toldBusy("Loading Datafile")) m_database.loadDescriptionGrid();
+    if (!toldBusy("Loading Datafile") && mayLoseEdits()) m_database.loadDescriptionGrid();
+}
+
+bool MenuManager::mayLoseEdits() {
+    return !m_database.isModified() ||
+           m_needs.msgBox.confirm("The Menu Manager has settings that are not in its file. Go on without them?");
 }
 
 void MenuManager::Flexgrid_toGrid_Click() {

@@ -33,6 +33,7 @@ public:
     /// Once, when the window is first needed. The grid is filled at the next tick.
     void Form_Load();
 
+    /// Asks first when settings would be lost.
     void mnu_loadFlexgrid_Click();
     void Flexgrid_toGrid_Click();
     void mnu_readSettings_Click();
@@ -41,6 +42,9 @@ public:
     /// Asks for the dialog with the title of the selected column; Command1_Click is its "Write Title".
     void mnu_editTitle_Click();
     void Command1_Click(const std::string& title);
+
+    /// Whether settings that are not in the file may go: there are none, or the person is asked and lets them go.
+    bool mayLoseEdits();
 
     /// A column is on its way to the radio.
     bool writing() const { return m_writer.running(); }

@@ -75,11 +75,48 @@ TEST_F(MenuManagerTest, TheGridIsFilledAtTheFirstTickInOneRedraw) {
     const auto counted = grid.allChanged.connect([&redraws] { ++redraws; });
     const auto single = grid.cellChanged.connect([&redraws](int, int) { ++redraws; });
     grid.setTextMatrix(5, 8, "x");
+    bench.msgBox.foresee("not in its file", MsgAnswer::Yes);
     manager.mnu_loadFlexgrid_Click();
     EXPECT_EQ(redraws, 2);
     EXPECT_EQ(cell(5, 8), "");
     EXPECT_FALSE(bench.program.progress.visible);
     EXPECT_EQ(bench.program.progress.maximum, 2600);
+}
+
+TEST_F(MenuManagerTest, SettingsThatAreNotInTheFileAreAskedAboutBeforeTheyGo) {
+    for (const auto& lose : {std::function([this] { manager.mnu_loadFlexgrid_Click(); }),
+                             std::function([this] { EXPECT_FALSE(bench.program.end()); })}) {
+        grid.setTextMatrix(0, 11, "Contest");
+        bench.msgBox.foresee("settings that are not in its file", MsgAnswer::No);
+        lose();
+        EXPECT_EQ(bench.msgBox.shown.back().buttons, MsgButtons::YesNoCareful);
+        EXPECT_EQ(cell(0, 11), "Contest");
+    }
+    manager.Flexgrid_toGrid_Click();
+    EXPECT_TRUE(bench.program.end());
+}
+
+TEST_F(MenuManagerTest, TheEndOfTheSessionAsksOnceOrNeverAndIsNotHeldUp) {
+    auto& program = bench.program;
+    program.memory.list.clearRow(1);
+    grid.setTextMatrix(5, 8, "x");
+    bench.msgBox.foresee("The memory list has changes", MsgAnswer::No);
+    EXPECT_FALSE(program.mayEndSession(true));
+    bench.msgBox.foresee("The memory list has changes", MsgAnswer::No);  // the owner's own end asks as ever
+    EXPECT_FALSE(program.end());
+
+    bench.msgBox.foresee("The memory list has changes", MsgAnswer::Yes);
+    bench.msgBox.foresee("Wollen Sie Windows trotzdem beenden?", MsgAnswer::Yes);
+    EXPECT_TRUE(program.mayEndSession(true));
+    bench.clock.advance(60'000);  // another program has stopped it
+    bench.msgBox.foresee("The memory list has changes", MsgAnswer::No);
+    EXPECT_FALSE(program.end());
+
+    program.menuSave.mnu_Store_Click();
+    bench.clock.advance(1'000);
+    EXPECT_TRUE(program.mayEndSession(false));
+    EXPECT_TRUE(program.end());
+    EXPECT_FALSE(program.link.PortOpen());
 }
 
 TEST_F(MenuManagerTest, ReadsTheRadioIntoTheSecondColumnAndLeavesTheFirst) {

@@ -85,11 +85,9 @@ std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
 }
 
 void Desktop::onSessionEnd(QSessionManager& session) {
-    if (!session.allowsInteraction()) return;
-    const bool mayEnd =
-        m_program.menuManager.database().Form_QueryUnload(DescriptionDatabase::UnloadReason::SessionEnd);
-    if (!mayEnd) session.cancel();
-    session.release();
+    const bool mayAsk = session.allowsInteraction();
+    if (!m_program.mayEndSession(mayAsk)) session.cancel();
+    if (mayAsk) session.release();
 }
 
 QWidget* Desktop::terminalWindow() const {
