@@ -84,7 +84,8 @@ std::string Backup::whyNotKept(const Outcome& outcome) const {
         case Outcome::Kind::Cancelled: return outcome.reason.empty() ? "it was stopped" : outcome.reason;
         default: break;
     }
-    if (const std::string objection = reading().objection(); !objection.empty()) return who + objection;
+    const std::string objection = reading().ruin ? reading().ruin() : reading().objection();
+    if (!objection.empty()) return who + objection;
     return wasTold(outcome) ? "" : who + "the radio's answers did not come in time";
 }
 

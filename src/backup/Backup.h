@@ -15,7 +15,8 @@ namespace korvex {
 ///     folder "....incomplete" -> reading -> its files -> next reading ...
 ///                             -> equalizer and summary -> folder without that ending -> ended: Done
 ///
-/// What the radio refuses to tell is left out and named in the summary (`missingLines`).
+/// What the radio refuses to tell, and a memory that came damaged, is left out and named in the summary
+/// (`missingLines`).
 ///
 /// Without a folder that stays end: a radio that tries the `Patience`, answers that no radio gives (NoAnswer), a closed
 /// port (PortClosed), Cancel (Cancelled), a file or folder that cannot be written (FileFailed).

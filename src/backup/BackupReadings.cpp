@@ -5,6 +5,7 @@
 #include "backup/Objections.h"
 #include "bandstack/BandStackFile.h"
 #include "keyer/KeyerFile.h"
+#include "memory/MemoryFile.h"
 #include "memory/MemoryListFile.h"
 #include "menu/MenuFile.h"
 
@@ -52,19 +53,26 @@ BackupReading BackupReadings::memoryReading() {
             [this] { m_memoryReader.stop(); },
             &m_memoryReader.ended,
             [this] { return objections::toMemories(m_memoryReader); },
-            [this] {
-                return std::vector<BackupFile>{{"memory", m_memoryReader.fileText()}, {"list", listFileText()}};
-            },
+            [this] { return memoryFiles(); },
             {},
+            [this] {
+                const bool all = static_cast<int>(m_memoryReader.damaged().size()) == m_memoryReader.found();
+                return all ? objections::toMemories(m_memoryReader) : "";
+            },
             [this] { return m_memoryReader.remarks(); }};
 }
 
-/// A list that is filled from the answers says the same as one that the radio is asked for a second time.
-std::string BackupReadings::listFileText() {
+/// A list that is filled from the answers says the same as one that the radio is asked for a second time. A channel
+/// that came through damaged is in neither.
+std::vector<BackupFile> BackupReadings::memoryFiles() {
+    const MemoryTable table = m_memoryReader.undamaged();
+    std::vector<std::string> missing;
+    for (const auto& channel : m_memoryReader.damaged()) missing.push_back(channel + ", which came through damaged");
     m_list.replaceAll({});
-    m_list.fillListFromMemoryTable(m_memoryReader.table());
-    const auto text = memoryListFileText(m_list);
-    return text ? *text : std::string();  // only remarks can be refused, and a radio has none
+    m_list.fillListFromMemoryTable(table);
+    const auto list = memoryListFileText(m_list);  // only remarks can be refused, and a radio has none
+    const int count = m_memoryReader.found() - static_cast<int>(missing.size());
+    return {{"memory", memoryFileText(table, count), missing}, {"list", list ? *list : std::string()}};
 }
 
 BackupReading BackupReadings::bandStackReading() {

@@ -30,6 +30,8 @@ struct BackupReading {
     std::function<std::vector<BackupFile>()> files;
     /// As `objection`, and also when something is missing in the files. Without it `objection` holds.
     std::function<std::string()> gap = {};
+    /// Why not even a part of it is worth a backup, which names what is missing. Without it `objection` holds.
+    std::function<std::string()> ruin = {};
     /// What the owner should know of the files all the same, a line each.
     std::function<std::vector<std::string>()> remarks = {};
 };
@@ -51,7 +53,7 @@ private:
     BackupReading memoryReading();
     BackupReading bandStackReading();
     BackupReading keyerReading();
-    std::string listFileText();
+    std::vector<BackupFile> memoryFiles();
     BackupFile keyerFile() const;
 
     ModelReader m_modelReader;

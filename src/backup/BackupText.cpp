@@ -34,12 +34,13 @@ std::size_t registersOf(const DataItems& items) {
 }
 
 std::string holds(const BackupSummary::Part& part) {
-    const std::size_t items = part.items.size();
+    const auto refused = std::count_if(part.items.begin(), part.items.end(), wasRefused);
+    const std::size_t items = part.items.size() - static_cast<std::size_t>(refused);
     if (part.kind == "menu") return count(items, "menu items");
     if (part.kind == "memory") return count(items, "channels");
     if (part.kind == "list") return count(items, "channels, the same, with room for remarks");
     if (part.kind == "bandstack") return count(registersOf(part.items), "registers");
-    return count(items, "texts");
+    return count(items - part.missing.size(), "texts");
 }
 
 /// The names of the refused items, and what is missing as a whole.
@@ -82,8 +83,9 @@ std::vector<std::string> missingLines(const BackupSummary& summary) {
 std::vector<std::string> refusedLines(const BackupSummary& summary) {
     auto lines = missingLines(summary);
     for (const auto& part : summary.parts) {
-        if (part.kind != "memory" || part.items.size() >= std::size_t{lastMemoryChannel}) continue;
-        lines.push_back(count(std::size_t{lastMemoryChannel} - part.items.size(), "memory channels: they are empty"));
+        const std::size_t told = part.items.size() + part.missing.size();
+        if (part.kind != "memory" || told >= std::size_t{lastMemoryChannel}) continue;
+        lines.push_back(count(std::size_t{lastMemoryChannel} - told, "memory channels: they are empty"));
     }
     return lines;
 }

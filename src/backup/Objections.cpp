@@ -19,8 +19,8 @@ std::string toMenuWithRefusals(const MenuCommandTable& table) {
 }
 
 std::string toMemories(const MemoryReader& reader) {
-    if (reader.damaged() == 0) return {};
-    return std::to_string(reader.damaged()) + " memories came through damaged";
+    const std::size_t damaged = reader.damaged().size();
+    return damaged == 0 ? "" : std::to_string(damaged) + " memories came through damaged";
 }
 
 std::string toBandStack(const BandStackCells& cells) {

@@ -37,7 +37,7 @@ void MemoryReader::read(ActiveOperation code, const std::string& caption) {
     m_refused.clear();
     m_found.clear();
     m_named.clear();
-    m_silentSteps = m_damaged = 0;
+    m_silentSteps = 0;
     m_operation->expect({"MR", shortestAnswer});
     m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
     m_operation->onEnd([this](const Outcome& outcome) { onEnd(outcome); });
@@ -120,7 +120,6 @@ void MemoryReader::keep(int channel, std::string_view answer) {
     const std::string command = memoryReadCommand(channel);
     const auto stored = storedMemoryString(command, answer);
     if (!stored) return;
-    if (!isUndamaged(*stored)) ++m_damaged;
     m_found[channel] = *stored;
     m_link.received().append(command + *stored + std::string(crLf));
 }
@@ -144,6 +143,23 @@ MemoryTable MemoryReader::table() const {
     return table;
 }
 
+MemoryTable MemoryReader::undamaged() const {
+    MemoryTable table;
+    int slot = 0;
+    for (const auto& [channel, stored] : m_found) {
+        if (isUndamaged(stored)) table.set(++slot, stored);
+    }
+    return table;
+}
+
+std::vector<std::string> MemoryReader::damaged() const {
+    std::vector<std::string> names;
+    for (const auto& [channel, stored] : m_found) {
+        if (!isUndamaged(stored)) names.push_back(channelText(channel));
+    }
+    return names;
+}
+
 std::string MemoryReader::fileText() const {
     return memoryFileText(table(), found());
 }
@@ -152,8 +168,8 @@ std::vector<std::string> MemoryReader::remarks() const {
     std::vector<std::string> remarks;
     const int refused = static_cast<int>(m_refused.size());
     if (refused > 0) remarks.push_back("refused or empty: " + channels(refused));
-    if (m_damaged > 0) {
-        remarks.push_back("Attention: " + channels(m_damaged) + " came damaged.");
+    if (const int count = static_cast<int>(damaged().size()); count > 0) {
+        remarks.push_back("Attention: " + channels(count) + " came damaged.");
         remarks.emplace_back("Please read the memories again.");
     }
     return remarks;

@@ -39,8 +39,9 @@ public:
     /// What stands in the file of the last reading.
     std::string fileText() const;
     int found() const { return static_cast<int>(m_found.size()); }
-    /// How many answers of the last reading cannot be what the radio said.
-    int damaged() const { return m_damaged; }
+    /// Those of the table that can be what the radio said, and the channels ("007") of the others.
+    MemoryTable undamaged() const;
+    std::vector<std::string> damaged() const;
     /// What the owner should know of what is not in the file: UTF-8, a line each, empty if there is nothing.
     std::vector<std::string> remarks() const;
 
@@ -69,7 +70,6 @@ private:
     std::map<int, std::string> m_found;  // the stored strings by channel
     std::map<int, std::string> m_named;  // undamaged answers by the channel that they name
     int m_silentSteps = 0;               // since all commands are out, or since the last answer after that
-    int m_damaged = 0;
     std::unique_ptr<Operation> m_operation;
 };
 

@@ -97,7 +97,7 @@ TEST_F(WholeBackup, SavesTheRadioAndLeavesWhatTheWindowsHold) {
     EXPECT_EQ(program.progress.caption.get(), "Backup 2 of 4: memories");
     const std::string text = toldAtTheEnd();
     for (const char* part :
-         {"/backups/korvex-2026-11-22-234254\r\n", "149 menu items\r\n", "bandstack.bsr: 30 registers",
+         {"/backups/korvex-2026-11-22-234254\r\n", "148 menu items\r\n", "bandstack.bsr: 30 registers",
           "It is not complete.\r\nThe radio refused to tell:\r\nmenu 042\r\n", "the band stack of band 02"}) {
         EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
     }
@@ -109,6 +109,27 @@ TEST_F(WholeBackup, SavesTheRadioAndLeavesWhatTheWindowsHold) {
     EXPECT_EQ(std::distance(fs::directory_iterator(dir), {}), 1);
     click();
     EXPECT_NE(toldAtTheEnd().find("is there already"), std::string::npos) << "the same second";
+}
+
+TEST_F(WholeBackup, OneDamagedMemoryOrRefusedTextIsNamedAndLeftOut) {
+    bench.openPort();
+    bench.ports.faults().refusesItems = {"KM3"};
+    click();
+    bench.clock.advanceUntil([&] { return program.progress.caption.get().starts_with("Backup 2"); }, 60'000);
+    bench.ports.faults().eighthBit = true;
+    bench.clock.advance(120);
+    bench.ports.faults().eighthBit = false;
+    const std::string text = toldAtTheEnd();
+    for (const char* part :
+         {"memory.mem: 24 channels\r\n", "list.mef: 24 channels,", "keyer.kem: 4 texts\r\n", "not complete",
+          "memory 001, which came through damaged\r\nkeyer KM3\r\n", "74 memory channels: they are empty"}) {
+        EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
+    }
+    EXPECT_EQ(end, Outcome::Kind::Done);
+    for (const char* file : {"/memory.mem", "/list.mef"}) {
+        const std::string content = fakes::fileContent(program.backup.path() + file);
+        EXPECT_EQ(content.substr(2, 3), "002") << content;
+    }
 }
 
 TEST_F(WholeBackup, WhateverGoesWrongIsToldAndLeavesNothing) {
