@@ -104,6 +104,19 @@ std::string bandSelectCommand(int column) {
     return "BS" + zeroPadded((column - 1) / registersPerBand, 2) + ";";
 }
 
+std::string settableAnswer(int row, const std::string& answer) {
+    constexpr std::size_t digit = 3;
+    const auto above = [&](char highest) {
+        return answer.size() > digit && isDigit(answer[digit]) && answer[digit] > highest;
+    };
+    switch (row) {
+        case 12: return above('4') ? "GT04;" : answer;
+        case 13: return above('4') ? "GT14;" : answer;
+        case 19: return above('3') ? "RF00;" : answer;
+        default: return answer;
+    }
+}
+
 std::string bandStackCommand(const std::string& cell) {
     if (cell.starts_with("AN05")) return {};  // no answer: it would toggle the receive antenna
     if (cell.starts_with("AN0")) return cell.substr(0, 4) + ";";

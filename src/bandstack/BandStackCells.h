@@ -51,6 +51,9 @@ std::string cellName(const BandStackCells& cells, int row, int column);
 /// "BS05;", which steps to the register of a column.
 std::string bandSelectCommand(int column);
 
+/// An answer to a row's query as the radio takes it back: in automatic it tells what it has chosen by itself.
+std::string settableAnswer(int row, const std::string& answer);
+
 /// What a cell is written to the radio as. The antenna is told with more digits than it is set with. And what was read
 /// while the tuner tuned, or news of a pressed key that took a row, must not key the transmitter now: the tuner is
 /// switched on instead of started, the rest is left out.

@@ -1,7 +1,6 @@
 #include "bandstack/BandStackReader.h"
 
 #include "base/Lines.h"
-#include "base/NumberText.h"
 #include "cat/Noise.h"
 
 namespace korvex {
@@ -10,20 +9,6 @@ namespace {
 
 constexpr int intervalMs = 50;  // of which every second tick works
 constexpr int silenceMs = 5'000;
-
-/// In automatic the radio tells what it has chosen by itself, in digits that it does not take back.
-std::string settable(int row, const std::string& answer) {
-    constexpr std::size_t digit = 3;
-    const auto above = [&](char highest) {
-        return answer.size() > digit && isDigit(answer[digit]) && answer[digit] > highest;
-    };
-    switch (row) {
-        case 12: return above('4') ? "GT04;" : answer;
-        case 13: return above('4') ? "GT14;" : answer;
-        case 19: return above('3') ? "RF00;" : answer;
-        default: return answer;
-    }
-}
 
 }  // namespace
 
@@ -162,7 +147,7 @@ std::optional<Exchange> BandStackReader::nextExchange() {
 }
 
 void BandStackReader::keep(int row, int column, const std::string& answer) {
-    m_cells.set(row, column, settable(row, answer));
+    m_cells.set(row, column, settableAnswer(row, answer));
     told.emit(row, column);
 }
 

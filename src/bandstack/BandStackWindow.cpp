@@ -105,7 +105,8 @@ void BandStackWindow::mnu_saveDatafromHD_Click() {
 /// What was broken off half-way has left the radio neither as it was nor as it should be.
 void BandStackWindow::onWriteEnded(const Outcome& outcome) {
     const ItemWords registers = {"register", "registers", true};
-    m_link.report(outcome, outcome.isDone() ? ItemWords{"setting", "settings", true} : registers);
+    m_link.report(outcome, outcome.wentThrough() ? ItemWords{"setting", "settings", true} : registers);
+    if (outcome.wentThrough()) return;
     const std::string text = inWords(outcome, registers);
     using Kind = Outcome::Kind;
     if (outcome.kind == Kind::Refused || outcome.kind == Kind::NoAnswer) m_files.msgBox().exclamation(text);

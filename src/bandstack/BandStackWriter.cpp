@@ -1,7 +1,9 @@
 #include "bandstack/BandStackWriter.h"
 
+#include <algorithm>
 #include <optional>
 
+#include "bandstack/QueryLedger.h"
 #include "base/Lines.h"
 #include "base/NumberText.h"
 
@@ -19,6 +21,7 @@ constexpr int antennaStepMs = 200;
 constexpr int mostTries = 3;
 constexpr int mostLooks = 6;  // 2200 ms: a slow radio answers in half a second
 constexpr const char* antennaQuery = "AN0;";
+constexpr std::size_t shortestAntennaAnswer = std::string_view("AN01;").size();  // shorter is an adapter's echo
 constexpr const char* toggleReceiveAntenna = "AN05;";
 
 /// "AN010;": whether the receive antenna is on. Nothing for a radio that does not tell it ("AN01;"), nor where no
@@ -47,11 +50,11 @@ void BandStackWriter::write(const BandStackCells& cells) {
     m_link.port().clearInBuffer();
     m_link.clearTraffic();
     m_link.lineWritten = "";
-    // Shorter is an adapter's echo of the question.
-    m_operation->expect({"AN", std::string_view("AN01;").size()});
+    m_operation->expect({"AN", shortestAntennaAnswer});
     m_operation->onAnswer([this](std::string_view answer) { return takeAntenna(answer); });
     m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
     began.emit();
+    if (m_link.pace == Pace::Answered) return converse();
     beginRegister(1);
 }
 
@@ -89,21 +92,25 @@ bool BandStackWriter::skipRefusedBand() {
 
 void BandStackWriter::writeCell() {
     if (!skipRefusedBand()) return finish();
-    const std::string& cell = m_cells.at(m_row, m_column);
-    const std::string command = bandStackCommand(cell) + std::string(crLf);
-    sendsCell.emit(command);
+    const std::string command = bandStackCommand(m_cells.at(m_row, m_column)) + std::string(crLf);
     m_operation->write(cellName(m_cells, m_row, m_column), command);
     ++m_written;
-    m_operation->step(m_column, m_link.progress().value + 1);
-    m_link.panels().Error = "Writing Band Stack Regiters";
-    m_link.sent().set(cell);
-    m_link.received().append(cell + std::string(crLf));
+    show(command);
     ++m_row;
     if (m_row <= BandStackCells::lastQueried) {
         go(Step::Cell, cellMs);
     } else {
         go(Step::AskAntenna, beforeAntennaMs);
     }
+}
+
+void BandStackWriter::show(const std::string& command) {
+    const std::string& cell = m_cells.at(m_row, m_column);
+    sendsCell.emit(command);
+    m_operation->step(m_column, m_link.progress().value + 1);
+    m_link.panels().Error = "Writing Band Stack Regiters";
+    m_link.sent().set(cell);
+    m_link.received().append(cell + std::string(crLf));
 }
 
 void BandStackWriter::askAntenna() {
@@ -130,15 +137,23 @@ void BandStackWriter::awaitAntenna() {
     const std::string& answer = m_cells.at(BandStackCells::antennaAnswer, m_column);
     if (answer.empty() && ++m_looks < mostLooks) return go(Step::AwaitAntenna, lookMs);
     if (answer.empty() || answer == "?;") return askAntennaAgain();
+    if (shouldToggle(answer)) fill(BandStackCells::antennaCommand, toggleReceiveAntenna);
+    go(Step::Toggle, antennaStepMs);
+}
+
+/// Where file and radio both tell the receive antenna, and differ.
+bool BandStackWriter::shouldToggle(const std::string& answer) const {
     const auto stored = receiveAntenna(m_cells.at(BandStackCells::lastQueried, m_column));
     const auto present = receiveAntenna(answer);
-    if (stored && present && *stored != *present) fill(BandStackCells::antennaCommand, toggleReceiveAntenna);
-    go(Step::Toggle, antennaStepMs);
+    return stored && present && *stored != *present;
 }
 
 void BandStackWriter::askAntennaAgain() {
     if (m_tries < mostTries) return go(Step::AskAntenna, beforeAntennaMs);
-    const bool refused = !m_cells.at(BandStackCells::antennaAnswer, m_column).empty();
+    breakOffAtAntenna(!m_cells.at(BandStackCells::antennaAnswer, m_column).empty());
+}
+
+void BandStackWriter::breakOffAtAntenna(bool refused) {
     m_operation->breakOff(
         refused ? Outcome::Kind::Refused : Outcome::Kind::NoAnswer,
         "It was asked for its antenna (AN0;) three times. The antenna of this register may differ from the file's.");
@@ -154,6 +169,90 @@ void BandStackWriter::sendToggle() {
 void BandStackWriter::fill(int row, const std::string& text) {
     m_cells.set(row, m_column, text);
     told.emit(row, m_column);
+}
+
+void BandStackWriter::converse() {
+    m_column = 1;
+    m_row = m_tries = 0;
+    m_step = Step::Cell;
+    const auto next = [this] { return nextExchange(); };
+    const auto heard = [this](const Reply& reply) { take(reply); };
+    m_operation->converse({next, heard, [this](Outcome outcome) { onTalked(std::move(outcome)); }});
+}
+
+std::optional<Exchange> BandStackWriter::nextExchange() {
+    switch (m_step) {
+        case Step::Cell: return cellExchange();
+        case Step::AskAntenna: m_step = Step::AwaitAntenna; return antennaExchange("");
+        case Step::AwaitAntenna: return std::nullopt;  // it was not told
+        case Step::Toggle:
+            m_step = Step::NextRegister;
+            m_link.sent().append(toggleReceiveAntenna + std::string(crLf));
+            return antennaExchange(toggleReceiveAntenna);
+        case Step::NextRegister: break;
+    }
+    m_step = Step::Cell;
+    ++m_column;
+    m_row = m_tries = 0;
+    return cellExchange();
+}
+
+/// The next cell that has anything to send; behind the last of a register comes its antenna.
+std::optional<Exchange> BandStackWriter::cellExchange() {
+    if (m_column >= BandStackCells::columns || !skipRefusedBand()) return std::nullopt;
+    std::string command;
+    for (; command.empty() && m_row <= BandStackCells::lastQueried; ++m_row) {
+        command = bandStackCommand(m_cells.at(m_row, m_column));
+        if (command == "?;") command.clear();
+        show(command + std::string(crLf));
+    }
+    if (command.empty()) {
+        m_step = Step::AwaitAntenna;
+        return antennaExchange("");
+    }
+    const int row = m_row - 1;
+    const std::string query = m_cells.query(std::max(row, 1));
+    Exchange exchange{
+        cellName(m_cells, row, m_column), query, {std::string(queryHead(query)), query.size() + 1}, command};
+    if (row == 0) return exchange;
+    exchange.confirms = [row, command](std::string_view answer) {
+        return bandStackCommand(settableAnswer(row, std::string(answer))) == command;
+    };
+    return exchange;
+}
+
+Exchange BandStackWriter::antennaExchange(const std::string& command) const {
+    const auto confirms = [this](std::string_view answer) { return !shouldToggle(std::string(answer)); };
+    return {cellName(m_cells, BandStackCells::lastQueried, m_column),
+            antennaQuery,
+            {"AN", shortestAntennaAnswer},
+            command,
+            false,
+            confirms};
+}
+
+void BandStackWriter::take(const Reply& reply) {
+    const bool isAntenna =
+        m_step == Step::AwaitAntenna || (m_step == Step::Cell && m_row > BandStackCells::lastQueried);
+    if (!isAntenna) return;
+    if (reply.answer.starts_with("AN")) return takeTold(reply.answer);
+    m_step = m_tries++ < mostTries ? Step::AskAntenna : Step::AwaitAntenna;
+}
+
+void BandStackWriter::takeTold(const std::string& answer) {
+    fill(BandStackCells::antennaAnswer, answer);
+    m_link.progress().value = m_link.progress().value + 1;
+    m_step = shouldToggle(answer) ? Step::Toggle : Step::NextRegister;
+    if (m_step == Step::Toggle) fill(BandStackCells::antennaCommand, toggleReceiveAntenna);
+}
+
+void BandStackWriter::onTalked(Outcome outcome) {
+    if (m_step == Step::AwaitAntenna) return breakOffAtAntenna(outcome.isDone());
+    if (outcome.wentThrough()) {
+        m_link.panels().Error = "Terminated";
+        m_link.lineWritten = "Terminated";
+    }
+    m_operation->end(std::move(outcome));
 }
 
 void BandStackWriter::finish() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,9 @@ namespace korvex {
 ///     50 ms -> Cell, again every 100 ms: the band-select command, then rows 1 to 22, with CR LF; no answer is expected
 ///     row 22 is out -> 600 ms -> AskAntenna -> 200 ms -> AwaitAntenna, again every 400 ms until it is answered
 ///     answered -> 200 ms -> Toggle: AN05; if the receive antenna is not as it was -> 200 ms -> NextRegister
+///
+/// At the answered pace (CatLink) each command has its row's query behind it, whose answer confirms it; that of row 22
+/// tells the antenna, and AN05; is confirmed as well.
 ///
 /// A register whose first answer the radio had refused ("?;") is skipped, and the two after it. A radio that refuses to
 /// tell its antenna, or does not answer, is asked three times; then the writing is over, with a reason.
@@ -41,10 +45,20 @@ private:
     void beginRegister(int column);
     bool skipRefusedBand();
     void writeCell();
+    void show(const std::string& command);
+    void converse();
+    std::optional<Exchange> nextExchange();
+    std::optional<Exchange> cellExchange();
+    Exchange antennaExchange(const std::string& command) const;
+    void take(const Reply& reply);
+    void takeTold(const std::string& answer);
+    void onTalked(Outcome outcome);
+    bool shouldToggle(const std::string& answer) const;
     void askAntenna();
     Rest takeAntenna(std::string_view answer);
     void awaitAntenna();
     void askAntennaAgain();
+    void breakOffAtAntenna(bool refused);
     void sendToggle();
     void fill(int row, const std::string& text);
     void finish();

@@ -178,11 +178,17 @@ Outcome CatLink::notBegun() const {
 
 void CatLink::report(const Outcome& outcome, const ItemWords& words) {
     const std::string text = inWords(outcome, words);
-    if (outcome.isDone() && outcome.refused.empty()) {
+    if (outcome.isFlawless()) {
         m_received.append("\r\n " + text + " \r\n");
     } else {
         m_panels.Error = text;
     }
+}
+
+void CatLink::showTerminated() {
+    m_panels.Error = "Terminated";
+    lineWritten = "Terminated";
+    m_sent.append("Terminated\r\n");
 }
 
 void CatLink::giveBack(const Operation& operation) {

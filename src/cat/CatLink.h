@@ -58,6 +58,8 @@ public:
     Outcome notBegun() const;
     /// What a writing has come to, for the person: in the receive display when all is well, else in the panel.
     void report(const Outcome& outcome, const ItemWords& words);
+    /// All has been written.
+    void showTerminated();
     /// Called by the operation that ends.
     void giveBack(const Operation& operation);
 

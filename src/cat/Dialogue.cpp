@@ -12,7 +12,7 @@ namespace {
 constexpr int mostTries = 4;
 constexpr int mostTriesOnACutLine = 2;
 constexpr int mostSets = 2;
-constexpr int mostSilent = 2;  // exchanges in a row
+constexpr int blindMs = 100;  // between commands that nothing is asked about
 
 }  // namespace
 
@@ -24,6 +24,10 @@ void Dialogue::begin() {
         self->take(answer);
         return Rest::GoOn;
     });
+    m_operation.onStrange([self = shared_from_this()](std::string_view) {
+        self->m_talks = true;
+        return Rest::GoOn;
+    });
     next();
 }
 
@@ -33,8 +37,9 @@ void Dialogue::later(int ms, void (Dialogue::*step)()) {
 
 void Dialogue::next() {
     auto exchange = m_conversation.next();
-    if (!exchange) return finish(m_missing ? Outcome::Kind::NoAnswer : Outcome::Kind::Done);
+    if (!exchange) return finish();
     m_exchange = std::move(*exchange);
+    if (m_blind && sets()) m_exchange.query.clear();
     m_timesSet = 0;
     m_operation.expect(m_exchange.answer);
     start();
@@ -48,7 +53,7 @@ void Dialogue::start() {
     if (!sets() || (m_tempo.spacing() == 0 && !m_exchange.query.empty())) return ask(m_exchange.command);
     m_state = State::Asking;
     m_operation.send(m_exchange.command);
-    if (m_exchange.query.empty()) return later(m_tempo.patience(m_exchange.command.size(), 1), &Dialogue::onPatience);
+    if (m_exchange.query.empty()) return later(blindMs, &Dialogue::onPatience);
     later(m_tempo.spacing(), &Dialogue::askAlone);
 }
 
@@ -79,18 +84,24 @@ void Dialogue::takeRefusal() {
 void Dialogue::takeAnswer(const std::string& answer) {
     using Kind = Reply::Kind;
     m_onLine += answer.size();
-    const bool compares = static_cast<bool>(m_exchange.confirms);
+    const bool compares = sets() && m_exchange.confirms;
     if (compares && m_exchange.confirms(answer)) return settle({Kind::Answer, answer});
     if (m_refusals > 0) return settle({Kind::Refused, answer});
     if (!compares) return settle({Kind::Answer, answer});
-    if (m_timesSet == mostSets) return settle({Kind::Different, answer});
+    takeOther(answer);
+}
+
+/// The command did not take, and nothing was said against it: it may have been lost.
+void Dialogue::takeOther(const std::string& answer) {
+    if (m_timesSet == mostSets) return settle({Reply::Kind::Different, answer});
     m_startsAgain = true;
-    drain(1);
+    drain(answer == "?;" ? 0 : 1);
 }
 
 void Dialogue::onPatience() {
     using Kind = Reply::Kind;
     const bool onlyQueryRefused = m_refusals > 0 && m_queries > 1 && m_refusals >= m_queries;
+    if (onlyQueryRefused && m_exchange.refusedIfEmpty) return takeOther("?;");
     if (m_exchange.query.empty() || onlyQueryRefused) return settle({Kind::Unconfirmed});
     if (m_queries < (m_exchange.mayCutLine ? mostTriesOnACutLine : mostTries)) {
         if (m_refusals == 0) m_tempo.lost();
@@ -100,17 +111,40 @@ void Dialogue::onPatience() {
 }
 
 void Dialogue::settle(const Reply& reply) {
-    const bool answered = !reply.answer.empty();
-    m_silent = reply.kind == Reply::Kind::None ? m_silent + 1 : 0;
+    const bool silent = reply.kind == Reply::Kind::None;
+    const bool silentBefore = m_unanswered.has_value();
+    if (!silent) notePassedOver();
     note(reply.kind);
     m_conversation.told(reply);
-    if (m_silent == mostSilent) return finish(Outcome::Kind::NoAnswer);
-    drain(answered && reply.answer != "?;" ? 1 : 0);
+    if (silent && silentBefore && !goesOnBlind()) return giveUp();
+    if (silent && !silentBefore) onUnanswered();
+    drain(reply.answer.empty() || reply.answer == "?;" ? 0 : 1);
+}
+
+void Dialogue::onUnanswered() {
+    m_unansweredAt = m_operation.item();
+    m_unanswered = m_exchange;
+}
+
+/// Whether the radio talks, in words that say nothing, and something can be set all the same.
+bool Dialogue::goesOnBlind() {
+    if (!m_talks || !sets() || m_unanswered->command.empty()) return false;
+    m_blind = true;
+    for (const auto& item : {m_unanswered->item, m_exchange.item}) m_operation.note(&Outcome::unconfirmed, item);
+    m_unanswered.reset();
+    return true;
+}
+
+/// An exchange without an answer, and the radio has answered after it.
+void Dialogue::notePassedOver() {
+    if (!m_unanswered) return;
+    m_missing = true;
+    if (!m_unanswered->command.empty()) m_operation.note(&Outcome::unconfirmed, m_unanswered->item);
+    m_unanswered.reset();
 }
 
 void Dialogue::note(Reply::Kind kind) {
     using Kind = Reply::Kind;
-    if (kind == Kind::None) m_missing = true;
     if (kind == Kind::Answer) ++m_confirmed;
     if (!sets()) return;
     if (kind == Kind::Refused) m_operation.note(&Outcome::refused, m_exchange.item);
@@ -146,10 +180,20 @@ void Dialogue::proceed() {
     m_startsAgain ? start() : next();
 }
 
-void Dialogue::finish(Outcome::Kind kind) {
+void Dialogue::finish() {
+    notePassedOver();
+    end(m_missing ? Outcome::Kind::NoAnswer : Outcome::Kind::Done, m_confirmed);
+}
+
+/// Two in a row: the radio has gone. What came before them is done.
+void Dialogue::giveUp() {
+    end(Outcome::Kind::NoAnswer, std::max(m_unansweredAt - 1, 0));
+}
+
+void Dialogue::end(Outcome::Kind kind, int done) {
     Outcome outcome = m_operation.noted();
     outcome.kind = kind;
-    outcome.done = m_confirmed;
+    outcome.done = done;
     outcome.of = m_operation.plan().items;
     m_conversation.done(std::move(outcome));
 }

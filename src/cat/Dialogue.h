@@ -22,6 +22,8 @@ class Operation;
 ///     EX0421;EX042;      ->  (patience)    EX042; alone: the command may have been heard
 ///
 /// A question without an answer is asked up to four times, with more patience and more room in front of each next one.
+/// Two exchanges in a row without one end the conversation, unless the radio talks, and only in words that say nothing:
+/// what sets goes on every 100 ms then, not confirmed.
 class Dialogue : public std::enable_shared_from_this<Dialogue> {
 public:
     /// `characterMs` is what one character takes on the line.
@@ -45,14 +47,20 @@ private:
     void take(std::string_view answer);
     void takeRefusal();
     void takeAnswer(const std::string& answer);
+    void takeOther(const std::string& answer);
     void takeLate();
     void onPatience();
     void settle(const Reply& reply);
     void note(Reply::Kind kind);
+    void notePassedOver();
+    void onUnanswered();
+    bool goesOnBlind();
     void drain(int answers);
     void goOn();
     void proceed();
-    void finish(Outcome::Kind kind);
+    void finish();
+    void giveUp();
+    void end(Outcome::Kind kind, int done);
     void later(int ms, void (Dialogue::*step)());
 
     Operation& m_operation;
@@ -69,9 +77,12 @@ private:
     std::int64_t m_firstAsked = 0;
     std::int64_t m_lastAsked = 0;
     std::int64_t m_answeredAt = 0;
-    int m_confirmed = 0;  // exchanges
-    int m_silent = 0;     // exchanges in a row
-    bool m_missing = false;
+    int m_confirmed = 0;                   // exchanges
+    std::optional<Exchange> m_unanswered;  // the last exchange, if it had no answer
+    int m_unansweredAt = 0;                // the operation's item then
+    bool m_talks = false;                  // something has come since that was no answer
+    bool m_blind = false;                  // nothing is asked any more where something is set
+    bool m_missing = false;                // an exchange before it had none
 };
 
 }  // namespace korvex

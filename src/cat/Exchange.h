@@ -19,6 +19,7 @@ struct Exchange {
     bool mayCutLine = false;   ///< the command may cut the line: silence behind it is no failure
     /// Whether an answer shows that the command took; without it the answer is not compared.
     std::function<bool(std::string_view answer)> confirms = {};
+    bool refusedIfEmpty = false;  ///< a refused query tells that nothing is there: the command did not take
 };
 
 /// What has come of an exchange.

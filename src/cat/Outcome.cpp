@@ -49,8 +49,7 @@ std::string kept(const Outcome& outcome, const ItemWords& words) {
 }  // namespace
 
 std::string inWords(const Outcome& outcome, const ItemWords& words) {
-    // What was not confirmed is told when all has gone out.
-    if (outcome.isDone() || !outcome.unconfirmed.empty()) return whole(outcome, words);
+    if (outcome.wentThrough()) return whole(outcome, words);
     if (outcome.of == 0 && !outcome.reason.empty()) return outcome.reason;  // it never began
     std::string text = cause(outcome);
     if (outcome.of > 0) {

@@ -32,6 +32,9 @@ struct Outcome {
     std::vector<std::string> unconfirmed;  ///< items that were sent, and the radio does not tell of them
 
     bool isDone() const { return kind == Kind::Done; }
+    /// All has gone out, be it that the radio did not tell of every item.
+    bool wentThrough() const { return isDone() || (kind == Kind::NoAnswer && !unconfirmed.empty()); }
+    bool isFlawless() const { return isDone() && refused.empty() && different.empty() && unconfirmed.empty(); }
 };
 
 /// What an operation counts, and which way it goes: for the words about it.

@@ -23,6 +23,7 @@ struct Step {
     bool refusalsAreTold = true;  ///< by the session; else the job looks at the outcome itself
     /// The transfer has ended well.
     std::function<void(const Outcome&)> after;
+    bool mayCutLine = false;  ///< what the radio does not confirm is no failure
 };
 
 /// What a job works with.

@@ -47,7 +47,9 @@ Step MenuRestoreSteps::itemsStep(Program& program) const {
 }
 
 Step MenuRestoreSteps::catStep(Program& program) const {
-    return writing("CAT settings", program, m_catItems);
+    Step step = writing("CAT settings", program, m_catItems);
+    step.mayCutLine = true;
+    return step;
 }
 
 }  // namespace korvex::cli

@@ -191,10 +191,7 @@ void Session::onListened() {
 }
 
 void Session::stepDone() {
-    if (step().writes && step().refusalsAreTold && !m_outcome.refused.empty()) {
-        tell("the radio refused " + std::to_string(m_outcome.refused.size()) + " of the lines");
-        m_worst = ExitCode::Answers;
-    }
+    if (step().writes && step().refusalsAreTold && !m_outcome.isFlawless()) tellFlaws();
     if (step().after) step().after(m_outcome);
     if (m_stepIndex + 1 == m_steps.size()) {
         conclude();
@@ -202,6 +199,16 @@ void Session::stepDone() {
         ++m_stepIndex;
         beginNext();
     }
+}
+
+/// The lines of the CAT settings may cut the line: nobody answers behind them.
+void Session::tellFlaws() {
+    if (!m_outcome.refused.empty()) {
+        tell("the radio refused " + std::to_string(m_outcome.refused.size()) + " of the lines");
+    }
+    tell(inWords(m_outcome, {"item", "items", true}));
+    const bool isSent = m_outcome.refused.empty() && m_outcome.different.empty() && step().mayCutLine;
+    if (!isSent) m_worst = ExitCode::Answers;
 }
 
 void Session::conclude() {

@@ -57,6 +57,7 @@ private:
     void stepDone();
     void listen(int ms);
     void onListened();
+    void tellFlaws();
     void conclude();
     void finish(ExitCode code);
     void tell(const std::string& text);

@@ -26,6 +26,7 @@ void KeyerWriter::write(const KeyerTexts& texts) {
     m_written = 0;
     m_operation->expect({"KM", 0, true});
     m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    if (m_link.pace == Pace::Answered) return converse();
     m_operation->every(intervalMs, m_phase, [this] { writeNext(); });
 }
 
@@ -43,9 +44,35 @@ void KeyerWriter::writeNext() {
         m_operation->write(keyerHead(memory), command);
         ++m_written;
     }
+    show(command);
+}
+
+void KeyerWriter::show(const std::string& command) {
     m_link.sent().append(command);
     m_link.sent().append(crLf);
-    m_operation->step(memory, m_link.progress().value + 1);
+    m_operation->step(m_operation->item() + 1, m_link.progress().value + 1);
+}
+
+void KeyerWriter::converse() {
+    const auto next = [this]() -> std::optional<Exchange> {
+        while (m_operation->item() < keyerMemories) {
+            const int memory = m_operation->item() + 1;
+            const WireText& text = keyerText(m_texts, memory);
+            const std::string command = keyerWriteCommand(memory, text);
+            show(command);
+            const auto confirms = [command](std::string_view answer) { return answer == command; };
+            const Expectation answer = {keyerHead(memory), 0, true};
+            if (!text.empty()) {
+                return Exchange{keyerHead(memory), keyerReadCommand(memory), answer, command, false, confirms};
+            }
+        }
+        return std::nullopt;
+    };
+    const auto done = [this](Outcome outcome) {
+        m_link.progress().value = 0;
+        m_operation->end(std::move(outcome));
+    };
+    m_operation->converse({next, [](const Reply&) {}, done});
 }
 
 }  // namespace korvex

@@ -7,7 +7,8 @@
 
 namespace korvex {
 
-/// Writes the five memories, one every 400 ms. The radio answers nothing; what it says meanwhile is dropped.
+/// Writes the five memories, one every 400 ms. The radio answers nothing; what it says meanwhile is dropped. At the
+/// answered pace (CatLink) each is asked for right behind its text; an empty text is nothing to send.
 ///
 ///     400 ms  KM1CQ CQ DE;   ...   2000 ms  KM5TU 73;   2400 ms  the end
 class KeyerWriter {
@@ -22,6 +23,8 @@ public:
 
 private:
     void writeNext();
+    void show(const std::string& command);
+    void converse();
 
     CatLink& m_link;
     PhaseFlag m_phase;

@@ -5,6 +5,7 @@
 #include "base/Lines.h"
 #include "base/NumberText.h"
 #include "memory/KeptCaption.h"
+#include "memory/MemoryExchange.h"
 #include "memory/MemoryRecord.h"
 
 namespace korvex {
@@ -37,28 +38,47 @@ void MemoryListWriter::mnu_MemRestoreTOFT2000_Click() {
     for (int row = 1; row <= MemoryList::rows; ++row) m_commands.push_back(memoryListCommand(m_list, row).value_or(""));
     m_operation->expect({"MR"});
     m_operation->onEnd([this](const Outcome& outcome) { onEnd(outcome); });
+    if (m_link.pace == Pace::Answered) return converse();
     m_operation->every(250, m_phase, [this] { writeNext(); });
 }
 
 void MemoryListWriter::writeNext() {
     const int row = m_operation->item() + 1;
     const std::string& command = m_commands.at(static_cast<std::size_t>(row - 1));
+    if (!command.empty()) m_operation->write(channelText(row), command + std::string(crLf));
+    show(row);
+    if (row == MemoryList::rows) finish();
+}
+
+void MemoryListWriter::show(int row) {
+    const std::string& command = m_commands.at(static_cast<std::size_t>(row - 1));
     if (!command.empty()) {
-        const std::string sent = command + std::string(crLf);
-        m_operation->write(channelText(row), sent);
-        m_link.received().append(sent);
-        m_link.sent().append(sent);
+        m_link.received().append(command + std::string(crLf));
+        m_link.sent().append(command + std::string(crLf));
     }
     m_link.panels().Error = "Writing Memory " + std::to_string(row);
     m_operation->step(row);
-    if (row == MemoryList::rows) finish();
+}
+
+void MemoryListWriter::converse() {
+    const auto next = [this]() -> std::optional<Exchange> {
+        while (m_operation->item() < MemoryList::rows) {
+            show(m_operation->item() + 1);
+            const std::string& command = m_commands.at(static_cast<std::size_t>(m_operation->item() - 1));
+            if (!command.empty()) return memoryWriting(command);
+        }
+        return std::nullopt;
+    };
+    const auto done = [this](Outcome outcome) {
+        if (outcome.wentThrough()) m_link.showTerminated();
+        m_operation->end(std::move(outcome));
+    };
+    m_operation->converse({next, [](const Reply&) {}, done});
 }
 
 void MemoryListWriter::finish() {
     m_phase.invert();  // the next writing begins with the half step that works
-    m_link.panels().Error = "Terminated";
-    m_link.lineWritten = "Terminated";
-    m_link.sent().append("Terminated\r\n");
+    m_link.showTerminated();
     const auto unsent = std::count(m_commands.begin(), m_commands.end(), "");
     m_operation->finish(MemoryList::rows - static_cast<int>(unsent));
 }
@@ -69,7 +89,7 @@ void MemoryListWriter::onEnd(const Outcome& outcome) {
         m_link.sent().append(std::string(failure) + std::string(crLf));
         m_link.panels().Error = std::string(failure);
     } else {
-        m_link.report(outcome, outcome.isDone() ? ItemWords{"memory", "memories", true} : rowWords);
+        m_link.report(outcome, outcome.wentThrough() ? ItemWords{"memory", "memories", true} : rowWords);
     }
     ended.emit(outcome);
 }

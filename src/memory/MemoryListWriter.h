@@ -26,6 +26,8 @@ public:
 
 private:
     void writeNext();
+    void show(int row);
+    void converse();
     void finish();
     void onEnd(const Outcome& outcome);
 

@@ -5,6 +5,7 @@
 
 #include "base/Lines.h"
 #include "base/NumberText.h"
+#include "memory/MemoryExchange.h"
 #include "memory/MemoryFile.h"
 #include "memory/MemoryRecord.h"
 
@@ -14,8 +15,6 @@ namespace {
 
 constexpr int intervalMs = 50;  // of which every second tick works
 constexpr int patience = 20;    // steps of 100 ms without an answer
-/// An adapter's echo of the question ("MR001;") is shorter than any answer.
-constexpr std::size_t shortestAnswer = 7;
 
 std::string channels(int count) {
     return std::to_string(count) + (count == 1 ? " channel" : " channels");
@@ -38,7 +37,7 @@ void MemoryReader::read(ActiveOperation code, const std::string& caption) {
     m_found.clear();
     m_named.clear();
     m_silentSteps = 0;
-    m_operation->expect({"MR", shortestAnswer});
+    m_operation->expect({"MR", shortestMemoryAnswer});
     m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
     m_operation->onEnd([this](const Outcome& outcome) { onEnd(outcome); });
     if (m_link.pace == Pace::Answered) return converse();
@@ -96,10 +95,9 @@ void MemoryReader::converse() {
     const auto next = [this]() -> std::optional<Exchange> {
         if (m_asked == m_channels.size()) return std::nullopt;
         const int channel = m_channels[m_asked++];
-        const std::string command = memoryReadCommand(channel);
         show(channel);
         if (m_again) showAgain();
-        return Exchange{channelText(channel), command, {command.substr(0, command.size() - 1), shortestAnswer}};
+        return memoryReading(channel);
     };
     const auto heard = [this](const Reply& reply) { take(m_channels[m_answered++], reply.answer); };
     const auto done = [this](const Outcome& outcome) {

@@ -6,6 +6,7 @@
 #include "base/Lines.h"
 #include "base/NumberText.h"
 #include "cat/FileToRestore.h"
+#include "memory/MemoryExchange.h"
 #include "memory/MemoryFile.h"
 #include "memory/MemoryRecord.h"
 
@@ -50,28 +51,44 @@ void MemoryRestorer::write(std::vector<std::string> lines) {
         m_link.report(outcome, words);
         ended.emit(outcome);
     });
+    if (m_link.pace == Pace::Answered) return converse();
     m_operation->every(50, m_phase, [this] { writeNext(); });
 }
 
 void MemoryRestorer::writeNext() {
-    const int done = m_operation->item();
-    const std::string& line = m_lines.at(static_cast<std::size_t>(done));
-    m_link.lineWritten = utf8FromWire(line);
-    const std::string sent = memoryWriteCommand(line) + std::string(crLf);
+    const std::string& line = m_lines.at(static_cast<std::size_t>(m_operation->item()));
+    m_operation->write(std::string(memoryFieldIn(line, MemoryField::Channel)),
+                       memoryWriteCommand(line) + std::string(crLf));
+    show(line);
+    if (static_cast<std::size_t>(m_operation->item()) == m_lines.size()) finish();
+}
+
+void MemoryRestorer::show(const std::string& line) {
     const std::string channel(memoryFieldIn(line, MemoryField::Channel));
-    m_operation->write(channel, sent);
+    m_link.lineWritten = utf8FromWire(line);
     m_link.panels().Error = "Writing Memory " + channel;
-    m_link.sent().append(sent);
+    m_link.sent().append(memoryWriteCommand(line) + std::string(crLf));
     m_link.received().append(line + std::string(crLf));
-    m_operation->step(done + 1, parseWhole(channel).value_or(0));
-    if (static_cast<std::size_t>(done) + 1 == m_lines.size()) finish();
+    m_operation->step(m_operation->item() + 1, parseWhole(channel).value_or(0));
+}
+
+void MemoryRestorer::converse() {
+    const auto next = [this]() -> std::optional<Exchange> {
+        const auto done = static_cast<std::size_t>(m_operation->item());
+        if (done == m_lines.size()) return std::nullopt;
+        show(m_lines[done]);
+        return memoryWriting(memoryWriteCommand(m_lines[done]));
+    };
+    const auto done = [this](Outcome outcome) {
+        if (outcome.wentThrough()) m_link.showTerminated();
+        m_operation->end(std::move(outcome));
+    };
+    m_operation->converse({next, [](const Reply&) {}, done});
 }
 
 void MemoryRestorer::finish() {
     m_phase.invert();  // the next writing begins with the half step that works
-    m_link.panels().Error = "Terminated";
-    m_link.lineWritten = "Terminated";
-    m_link.sent().append("Terminated\r\n");
+    m_link.showTerminated();
     m_operation->finish(static_cast<int>(m_lines.size()));
 }
 

@@ -28,6 +28,8 @@ public:
 
 private:
     void writeNext();
+    void show(const std::string& line);
+    void converse();
     void finish();
 
     CatLink& m_link;

@@ -13,6 +13,14 @@ namespace {
 
 constexpr int intervalMs = 50;  // of which every second tick works
 
+Exchange exchangeOf(const std::string& line) {
+    constexpr std::size_t headLength = 5;  // EX042
+    const std::string head = line.substr(0, headLength);
+    const std::string query = head == "EX028" ? "" : head + ";";
+    const auto confirms = [line](std::string_view answer) { return answer == line; };
+    return {itemInLine(line), query, {head, headLength + 2}, line, head == "EX030", confirms};
+}
+
 }  // namespace
 
 void MenuWriter::write(std::vector<std::string> lines) {
@@ -38,6 +46,7 @@ void MenuWriter::begin(OperationPlan plan, std::vector<std::string> lines) {
     m_link.panels().Error = "";
     m_operation->expect({"EX"});
     m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
+    if (m_link.pace == Pace::Answered && !m_closes) return converse();
     m_operation->every(intervalMs, m_closes ? m_closingPhase : m_phase, [this] { work(); });
 }
 
@@ -54,22 +63,40 @@ void MenuWriter::work() {
 }
 
 void MenuWriter::sendNext() {
-    const int done = m_operation->item();
-    const std::string& line = m_lines[static_cast<std::size_t>(done)];
+    const std::string& line = m_lines[static_cast<std::size_t>(m_operation->item())];
     const std::string sent = line + std::string(crLf);
-    if (!m_closes) m_link.lineWritten = utf8FromWire(line);
     m_operation->write(itemInLine(line), sent);
+    show(line, sent);
+}
+
+void MenuWriter::show(const std::string& line, const std::string& sent) {
+    if (!m_closes) m_link.lineWritten = utf8FromWire(line);
     m_link.panels().Error = "Writing Menu " + itemInLine(line);
     m_link.sent().append(sent);
     m_link.received().append(line + "  ");
-    m_operation->step(done + 1, done + 1 + m_operation->plan().value);
+    const int item = m_operation->item() + 1;
+    m_operation->step(item, item + m_operation->plan().value);
+}
+
+void MenuWriter::converse() {
+    const auto next = [this]() -> std::optional<Exchange> {
+        while (static_cast<std::size_t>(m_operation->item()) < m_lines.size()) {
+            const std::string& line = m_lines[static_cast<std::size_t>(m_operation->item())];
+            show(line, line + std::string(crLf));
+            if (!line.empty()) return exchangeOf(line);
+        }
+        return std::nullopt;
+    };
+    const auto done = [this](Outcome outcome) {
+        if (outcome.wentThrough()) m_link.showTerminated();
+        m_operation->end(std::move(outcome));
+    };
+    m_operation->converse({next, [](const Reply&) {}, done});
 }
 
 void MenuWriter::finish() {
     m_phase.invert();  // the next writing begins with the half step that works
-    m_link.panels().Error = "Terminated";
-    m_link.lineWritten = "Terminated";
-    m_link.sent().append("Terminated\r\n");
+    m_link.showTerminated();
     const auto empty = std::count(m_lines.begin(), m_lines.end(), "");
     m_operation->finish(static_cast<int>(m_lines.size()) - static_cast<int>(empty));
 }

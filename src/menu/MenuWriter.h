@@ -13,6 +13,13 @@ inline const ItemWords menuItemsWritten = {"item", "items", true};
 
 /// Writes lines into the radio's menu: one every 100 ms, each followed by CR LF, without waiting for anything; the
 /// radio says nothing to a set that it takes. An empty line is CR LF alone, which the radio passes over.
+///
+/// At the answered pace (CatLink) `write` sends each line with the question for its item behind it, and the answer
+/// confirms it:
+///
+///     EX0421;EX042;  ->  EX0421;
+///
+/// Behind EX028, which sets the line's speed, nothing is asked.
 class MenuWriter {
 public:
     explicit MenuWriter(CatLink& link) : m_link(link) {}
@@ -29,6 +36,8 @@ private:
     void begin(OperationPlan plan, std::vector<std::string> lines);
     void work();
     void sendNext();
+    void show(const std::string& line, const std::string& sent);
+    void converse();
     void finish();
     void finishAndClose();
 

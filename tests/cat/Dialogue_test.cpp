@@ -199,6 +199,19 @@ TEST_F(WritingTest, WhereNeitherWasHeardTheQueryGoesFirstAndApartFromTheNextComm
     deafToSet["001"] = deafToQuery["001"] = 1;
     EXPECT_EQ(outcome(), "EX0015; | 1 item written | EX0015;EX001; EX001; EX0015; EX001; ");
 }
+/// Its answers begin with noise: it is written into as at the fixed pace, and nothing is said to be confirmed.
+TEST_F(WritingTest, GoesOnBlindWhereTheRadioTalksButSaysNothing) {
+    line.answer = [](std::string_view wire) {
+        return wire.find("EX002;") == wire.npos ? "E\xD8"
+                                                  "0010;"
+                                                : "?;";
+    };
+    begin(5, true);
+    bench.clock.advance(20'000);
+    ASSERT_TRUE(end);
+    EXPECT_EQ(inWords(*end, {"item", "items", true}), "0 items written, 5 not confirmed: 001, 002, 003, 004, 005");
+}
+
 TEST_F(WritingTest, ASlowRefusalOfBothIsNotTakenForTheNextItems) {
     refusesSet = refusesQuery = {"001"};
     line.answerDelay = 530;

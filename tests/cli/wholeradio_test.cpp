@@ -162,7 +162,7 @@ TEST_F(WholeRadio, RestoreTellsOfEachItemWhetherItTook) {
     EXPECT_TRUE(said("list: 1 refused 24 written\n")) << bench.out.str();
     bench.ports.faults() = {};
     bench.ports.faults().forgetsWrite = 2;
-    EXPECT_EQ(bench.run({"restore", "keyer", "--verify", file("keyer.kem")}), ExitCode::Different);
+    EXPECT_EQ(bench.run({"--pace", "100", "restore", "keyer", "--verify", file("keyer.kem")}), ExitCode::Different);
     EXPECT_TRUE(said("KM2: different, wanted \"DE DL1XYZ\", the radio has \"QRX\"\n")) << bench.out.str();
     bench.ports.faults() = {};
     EXPECT_EQ(bench.run({"restore", "bandstack", "--verify", file("bandstack.bsr")}), ExitCode::Done);
@@ -176,7 +176,7 @@ TEST_F(WholeRadio, DryRunSaysWhatWouldBeSentWithoutARadio) {
     ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
     for (const std::string name : {"menu.mnu", "memory.mem", "list.mef", "bandstack.bsr", "keyer.kem"}) {
         const std::string kind = name.substr(0, name.find('.'));
-        ASSERT_EQ(bench.run({"restore", kind, file(name)}), ExitCode::Done) << kind;
+        ASSERT_EQ(bench.run({"--pace", "100", "restore", kind, file(name)}), ExitCode::Done) << kind;
         std::string sent = bench.sent;
         // What is sent for the antennas depends on how the radio stands.
         for (const std::string query : {"AN0;\n", "AN05;\n"}) {
@@ -188,7 +188,7 @@ TEST_F(WholeRadio, DryRunSaysWhatWouldBeSentWithoutARadio) {
         EXPECT_EQ(bench.out.str(), sent) << kind;
         bench.ports.plugIn();
     }
-    ASSERT_EQ(bench.run({"restore", "menu", "--with-cat", file("menu.mnu")}), ExitCode::Done);
+    ASSERT_EQ(bench.run({"--pace", "100", "restore", "menu", "--with-cat", file("menu.mnu")}), ExitCode::Done);
     EXPECT_TRUE(bench.sent.ends_with("EX0291;\nEX0300;\nEX0283;\n")) << bench.sent;
     EXPECT_EQ(bench.run({"restore-all", "--dry-run", backup}), ExitCode::Done);
     EXPECT_TRUE(said("EX031")) << bench.out.str();

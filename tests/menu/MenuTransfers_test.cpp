@@ -268,6 +268,25 @@ TEST_F(MenuTransferTest, RestoresALineEvery100MsAndSaysTerminated) {
     EXPECT_EQ(ends, (std::vector<Outcome::Kind>{Outcome::Kind::Done, Outcome::Kind::Done}));
 }
 
+TEST_F(MenuTransferTest, AtTheAnsweredPaceEachItemIsConfirmedAndBehindTheSpeedNothingIsAsked) {
+    line.answerDelay = 5;
+    line.answer = [](std::string_view wire) -> std::string {
+        if (wire.starts_with("EX005")) return "?;EX0050;";
+        return wire.size() == 13 ? std::string(wire.substr(0, 7)) : "";
+    };
+    program.link.pace = Pace::Answered;
+    restore(wholeFile());
+    EXPECT_EQ(line.story(), "0 EX0011;EX001;");
+    bench.clock.advance(148 * 5);
+    ASSERT_EQ(line.writes.size(), 149U);
+    EXPECT_EQ(line.writes.at(147).text, "EX0301;EX030;");
+    EXPECT_EQ(line.writes.back(), (fakes::ScriptedLine::Write{148 * 5, "EX0281;"}));
+    bench.clock.advance(100);
+    EXPECT_EQ(line.writes.size(), 149U);
+    EXPECT_EQ(bench.error(), "147 items written, 1 refused: 005, 1 not confirmed: 028");
+    EXPECT_EQ(ends, std::vector{Outcome::Kind::Done});
+}
+
 TEST_F(MenuTransferTest, AnIncompleteFileIsAskedAboutAndFollowedByBareLineEnds) {
     const std::string text = "holds 3 of 149";
     bench.msgBox.foresee(text, MsgAnswer::No);

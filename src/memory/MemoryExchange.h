@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cat/Exchange.h"
+
+namespace korvex {
+
+/// An adapter's echo of the question ("MR001;") is shorter than any answer.
+inline constexpr std::size_t shortestMemoryAnswer = 7;
+
+/// Asks for a channel.
+Exchange memoryReading(int channel);
+/// Writes a channel ("MW007...;") and asks for it. The digit that tells where the radio has it from may be another.
+Exchange memoryWriting(const std::string& command);
+
+}  // namespace korvex
