@@ -7,6 +7,7 @@
 #include "app/StartWindow.h"
 #include "backup/Backup.h"
 #include "backup/BackupEntry.h"
+#include "backup/Restore.h"
 #include "bandstack/BandStackWindow.h"
 #include "cat/CatLink.h"
 #include "cat/PortSettings.h"
@@ -45,6 +46,7 @@ struct Machine {
     std::string programFolder;  ///< UTF-8; holds `files`, `helpfile` and the description database
     std::function<std::string()> timeOfDay = localTimeOfDay;
     std::string shippedDescriptions = {};  ///< the description database that came with the program, if any
+    Backup::Checksum checksum = {};        ///< the SHA-256 of what a file holds, in hexadecimal digits
 };
 
 /// Makes the parts of the program and introduces them to each other. It owns all logic; windows are made by whoever
@@ -70,7 +72,9 @@ public:
     EqWindow eqWindow;
     BandStackWindow bandStackWindow;
     KeyerWindow keyerWindow;
+    KindTransfers transfers;
     Backup backup;
+    Restore restore;
     BackupEntry backupEntry;
     StartWindow startWindow;
 

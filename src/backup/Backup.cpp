@@ -1,5 +1,8 @@
 #include "backup/Backup.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "platform/TextFile.h"
 
 namespace korvex {
@@ -18,26 +21,43 @@ bool wasTold(const Outcome& outcome) {
 
 }  // namespace
 
-Backup::Backup(CatLink& link, Clock& clock)
-    : m_link(link), m_readings(link, clock), m_patience(m_link, clock, [this] { onSilence(); }) {}
+Backup::Backup(CatLink& link, KindTransfers& transfers, Clock& clock, Checksum checksum)
+    : m_link(link),
+      m_transfers(transfers),
+      m_checksum(std::move(checksum)),
+      m_patience(link, clock, [this] { onSilence(); }) {}
 
-Failure Backup::makeFolder(const std::string& dir, const std::string& timeOfDay) {
+Failure Backup::makeFolder(const BackupOrder& order) {
     m_summary = {};
-    m_summary.timeOfDay = timeOfDay;
-    return m_folder.make(dir, timeOfDay);
+    m_summary.timeOfDay = order.timeOfDay;
+    return m_folder.make(order.dir, order.timeOfDay, order.suffix);
 }
 
-void Backup::start(const std::string& dir, const std::string& timeOfDay) {
+void Backup::start(const BackupOrder& order) {
     if (m_running) return;
-    if (const auto failure = makeFolder(dir, timeOfDay)) return finish(Outcome::Kind::FileFailed, failure->text);
-    read();
+    if (const auto failure = makeFolder(order)) return finish(Outcome::Kind::FileFailed, failure->text);
+    read(order.kinds);
 }
 
-void Backup::read() {
+bool Backup::isWanted(std::string_view kind) const {
+    return m_kinds.empty() ||
+           std::any_of(m_kinds.begin(), m_kinds.end(), [&](const FileKind* one) { return one->name == kind; });
+}
+
+void Backup::read(const std::vector<const FileKind*>& kinds) {
     m_running = true;
+    m_kinds = kinds;
+    m_queue.clear();
+    for (const auto& one : m_transfers.readings()) {
+        const bool wanted =
+            std::any_of(one.kinds.begin(), one.kinds.end(), [this](auto kind) { return isWanted(kind); });
+        if (wanted || one.kinds.empty()) m_queue.push_back(&one);
+    }
     m_step = 0;
     m_link.panels().Error = "";
     m_summary.port = portText(m_link.port());
+    m_summary.parts.clear();
+    m_checksums.clear();
     beginStep();
 }
 
@@ -56,7 +76,7 @@ void Backup::beginStep() {
 }
 
 void Backup::showProgress() {
-    const std::size_t last = m_readings.all().size() - 1;
+    const std::size_t last = m_queue.size() - 1;
     if (m_step == 0) return;
     m_link.progress().caption =
         "Backup " + std::to_string(m_step) + " of " + std::to_string(last) + ": " + reading().name;
@@ -71,7 +91,7 @@ void Backup::onStepEnded(const Outcome& outcome) {
     for (const auto& file : reading().files()) {
         if (!keep(file)) return;
     }
-    if (m_step + 1 == m_readings.all().size()) return conclude();
+    if (m_step + 1 == m_queue.size()) return conclude();
     ++m_step;
     beginStep();
 }
@@ -90,13 +110,14 @@ std::string Backup::whyNotKept(const Outcome& outcome) const {
 }
 
 bool Backup::keep(const BackupFile& file) {
-    auto items = dataItems(file.kind, file.content);
+    if (!isWanted(file.kind->name)) return true;
+    auto items = file.kind->items(file.content);
     if (!items) {
         fail(Outcome::Kind::NoAnswer, reading().name + ": " + items.error().text);
         return false;
     }
-    const std::string name = backupFileName(file.kind);
-    if (const auto failure = textfile::write(m_folder.file(name), file.content)) {
+    const std::string name = backupFileName(*file.kind);
+    if (const auto failure = write(name, file.content)) {
         fail(Outcome::Kind::FileFailed, failure->text);
         return false;
     }
@@ -104,22 +125,32 @@ bool Backup::keep(const BackupFile& file) {
     return true;
 }
 
+Failure Backup::write(const std::string& name, const std::string& content) {
+    if (!m_folder.isMade()) return {};
+    if (m_checksum) m_checksums += m_checksum(content) + "  " + name + "\n";
+    return textfile::write(m_folder.file(name), content);
+}
+
 void Backup::onSilence() {
     fail(Outcome::Kind::NoAnswer, reading().name + ": the radio has stopped answering");
 }
 
 void Backup::conclude() {
-    m_summary.radio = m_readings.model();
+    m_summary.radio = m_transfers.model();
+    if (!m_folder.isMade()) return finish(Outcome::Kind::Done, "");
     if (const auto failure = writeTexts()) return fail(Outcome::Kind::FileFailed, failure->text);
     if (const auto failure = m_folder.keep()) return fail(Outcome::Kind::FileFailed, failure->text);
     m_link.panels().Error = missingLines(m_summary).empty() ? "Backup saved" : "Backup saved, not complete";
     finish(Outcome::Kind::Done, "");
 }
 
-Failure Backup::writeTexts() const {
-    const auto text = equalizerText(m_summary.parts.front().items);
-    if (auto failure = textfile::write(m_folder.file("equalizer.txt"), text)) return failure;
-    return textfile::write(m_folder.file("summary.txt"), summaryText(m_summary));
+Failure Backup::writeTexts() {
+    for (const auto& part : m_summary.parts) {
+        if (part.kind->name != "menu") continue;
+        if (auto failure = write("equalizer.txt", equalizerText(part.items))) return failure;
+    }
+    if (auto failure = write("summary.txt", summaryText(m_summary))) return failure;
+    return m_checksum ? textfile::write(m_folder.file(checksumFileName), m_checksums) : Failure();
 }
 
 void Backup::fail(Outcome::Kind kind, const std::string& why) {

@@ -1,19 +1,29 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "backup/BackupFolder.h"
-#include "backup/BackupReadings.h"
 #include "backup/BackupText.h"
+#include "backup/KindTransfers.h"
 #include "backup/Patience.h"
 
 namespace korvex {
 
-/// The whole radio into a new folder: the model, then menu, memories, band stack and keyer, one reading after the
-/// other, each file written as soon as it is read; a summary at the end. For the windows and for korvexctl.
+/// What a backup reads, and where it keeps that.
+struct BackupOrder {
+    std::string dir;        ///< the folder for the backup's own folder, UTF-8
+    std::string timeOfDay;  ///< "2026-11-22 23:42:54", which the folder is named after
+    std::string suffix = {};
+    std::vector<const FileKind*> kinds = {};  ///< empty: all
+};
+
+/// The whole radio into a new folder, or some kinds of it: the model, then one reading after the other, each file
+/// written as soon as it is read; a summary at the end. For the windows and for korvexctl.
 ///
 ///     folder "....incomplete" -> reading -> its files -> next reading ...
-///                             -> equalizer and summary -> folder without that ending -> ended: Done
+///                             -> equalizer, summary, checksums -> folder without that ending -> ended: Done
 ///
 /// What the radio refuses to tell, and a memory that came damaged, is left out and named in the summary
 /// (`missingLines`).
@@ -22,18 +32,21 @@ namespace korvex {
 /// port (PortClosed), Cancel (Cancelled), a file or folder that cannot be written (FileFailed).
 class Backup {
 public:
-    Backup(CatLink& link, Clock& clock);
+    /// The SHA-256 of what a file holds, in hexadecimal digits. Without it no checksums are kept.
+    using Checksum = std::function<std::string(std::string_view)>;
 
-    /// Makes the folder for `read` in `dir`, named after the time of day, "2026-11-22 23:42:54".
-    Failure makeFolder(const std::string& dir, const std::string& timeOfDay);
-    void read();
+    Backup(CatLink& link, KindTransfers& transfers, Clock& clock, Checksum checksum);
+
+    /// Makes the folder for `read`. Without this one `read` keeps what it has read in `summary` alone.
+    Failure makeFolder(const BackupOrder& order);
+    void read(const std::vector<const FileKind*>& kinds = {});
     /// Both. Nothing happens while a backup is going on.
-    void start(const std::string& dir, const std::string& timeOfDay);
+    void start(const BackupOrder& order);
     /// Nothing is left of the folder. Ends as Cancelled if it was running.
     void stop();
     bool running() const { return m_running; }
 
-    /// `ended` may come during `start`.
+    /// `ended` may come during `start` and `read`.
     Signal<const Outcome&> ended;
     /// Why there is no backup, UTF-8, for the owner; empty after Done.
     const std::string& why() const { return m_why; }
@@ -41,31 +54,38 @@ public:
     const std::string& path() const { return m_folder.path(); }
     /// What is in it; whole after Done.
     const BackupSummary& summary() const { return m_summary; }
-    /// What the backup reads, for those who want one of them by itself.
-    const BackupReadings& readings() const { return m_readings; }
 
 private:
-    const BackupReading& reading() const { return m_readings.all()[m_step]; }
+    const KindReading& reading() const { return *m_queue[m_step]; }
+    bool isWanted(std::string_view kind) const;
     void beginStep();
     void showProgress();
     void onStepEnded(const Outcome& outcome);
     std::string whyNotKept(const Outcome& outcome) const;
     bool keep(const BackupFile& file);
+    Failure write(const std::string& name, const std::string& content);
     void onSilence();
     void conclude();
-    Failure writeTexts() const;
+    Failure writeTexts();
     void fail(Outcome::Kind kind, const std::string& why);
     void finish(Outcome::Kind kind, const std::string& why);
 
     CatLink& m_link;
-    BackupReadings m_readings;
+    KindTransfers& m_transfers;
+    Checksum m_checksum;
     BackupFolder m_folder;
     BackupSummary m_summary;
+    std::string m_checksums;  // a line for each file
     Patience m_patience;
     bool m_running = false;
+    std::vector<const FileKind*> m_kinds;
+    std::vector<const KindReading*> m_queue;
     std::size_t m_step = 0;
     std::string m_why;
     Connection m_readingEnd;
 };
+
+/// In a backup's folder: a line for each file, as sha256sum writes and checks it.
+inline constexpr const char* checksumFileName = "SHA256SUMS";
 
 }  // namespace korvex

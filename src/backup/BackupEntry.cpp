@@ -25,7 +25,7 @@ void BackupEntry::mnu_BackupRadio_Click() {
     m_folders.remember(*folder);
     if (!hasLine() || !m_needs.freeLine()) return;
     m_started = true;
-    m_needs.backup.start(*folder, m_needs.timeOfDay());
+    m_needs.backup.start({*folder, m_needs.timeOfDay()});
 }
 
 bool BackupEntry::hasLine() {

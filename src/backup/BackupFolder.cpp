@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "backup/DataItems.h"
-
 namespace korvex {
 
 namespace {
@@ -17,28 +15,41 @@ std::string folderName(std::string timeOfDay) {
     return "korvex-" + timeOfDay;
 }
 
+constexpr int mostNumber = 99;  // of copies in a second
+
+Failure taken(const std::string& path) {
+    return RuntimeError{errors::PermissionDenied, path + " is there already"};
+}
+
+bool isTaken(const Failure& failure) {
+    return failure && failure->number == errors::PermissionDenied;
+}
+
 Failure failed(const std::string& path, const std::error_code& error) {
     return RuntimeError{errors::PathFileAccess, path + ": " + error.message()};
 }
 
 }  // namespace
 
-std::string backupFileName(const std::string& kind) {
-    return kind + "." + endingOf(kind);
-}
-
-Failure BackupFolder::make(const std::string& dir, const std::string& timeOfDay) {
-    m_path = dir + "/" + folderName(timeOfDay);
-    const std::string incomplete = m_path + ".incomplete";
+Failure BackupFolder::make(const std::string& dir, const std::string& timeOfDay, const std::string& suffix) {
     std::error_code error;
-    if (fs::exists(m_path, error)) return RuntimeError{errors::PathFileAccess, m_path + " is there already"};
     fs::create_directories(dir, error);
     if (error) return failed(dir, error);
-    // One that is there belongs to another backup, or is what a power cut has left: it is not ours to remove.
-    if (!fs::create_directory(incomplete, error)) {
-        if (error) return failed(incomplete, error);
-        return RuntimeError{errors::PathFileAccess, incomplete + " is there already"};
+    const std::string first = dir + "/" + folderName(timeOfDay) + suffix;
+    Failure failure = makeNamed(first);
+    for (int number = 2; number <= mostNumber && !suffix.empty() && isTaken(failure); ++number) {
+        failure = makeNamed(first + "-" + std::to_string(number));
     }
+    return failure;
+}
+
+/// One that is there belongs to another backup, or is what a power cut has left: it is not ours to remove.
+Failure BackupFolder::makeNamed(const std::string& path) {
+    m_path = path;
+    const std::string incomplete = path + ".incomplete";
+    std::error_code error;
+    if (fs::exists(path, error)) return taken(path);
+    if (!fs::create_directory(incomplete, error)) return error ? failed(incomplete, error) : taken(incomplete);
     m_incomplete = incomplete;
     return {};
 }

@@ -28,34 +28,22 @@ std::string count(std::size_t number, const std::string& what) {
     return std::to_string(number) + " " + what;
 }
 
-std::size_t registersOf(const DataItems& items) {
-    return static_cast<std::size_t>(
-        std::count_if(items.begin(), items.end(), [](const DataItem& item) { return item.name.ends_with(" BS"); }));
-}
-
 std::string holds(const BackupSummary::Part& part) {
-    const auto refused = std::count_if(part.items.begin(), part.items.end(), wasRefused);
-    const std::size_t items = part.items.size() - static_cast<std::size_t>(refused);
-    if (part.kind == "menu") return count(items, "menu items");
-    if (part.kind == "memory") return count(items, "channels");
-    if (part.kind == "list") return count(items, "channels, the same, with room for remarks");
-    if (part.kind == "bandstack") return count(registersOf(part.items), "registers");
-    return count(items - part.missing.size(), "texts");
+    DataItems told = part.items;
+    std::erase_if(told, wasRefused);
+    return part.kind->holds(told, part.missing.size());
 }
 
 /// The names of the refused items, and what is missing as a whole.
 std::vector<std::string> refusals(const BackupSummary::Part& part) {
+    const std::string kind = std::string(part.kind->name) + " ";
     std::vector<std::string> lines;
     for (const auto& item : part.items) {
-        if (wasRefused(item)) lines.push_back(part.kind + " " + utf8FromWire(item.name));
+        if (wasRefused(item)) lines.push_back(kind + utf8FromWire(item.name));
     }
-    for (const auto& name : part.missing) lines.push_back(part.kind + " " + name);
-    for (int band = 0; part.kind == "bandstack" && band <= 10; ++band) {
-        const std::string name = zeroPadded(band, 2);
-        const bool told = std::any_of(part.items.begin(), part.items.end(),
-                                      [&](const DataItem& item) { return item.name.starts_with(name); });
-        if (!told) lines.push_back("the band stack of band " + name);
-    }
+    for (const auto& name : part.missing) lines.push_back(kind + name);
+    const auto whole = part.kind->refusedAsAWhole(part.items);
+    lines.insert(lines.end(), whole.begin(), whole.end());
     return lines;
 }
 
@@ -84,7 +72,7 @@ std::vector<std::string> refusedLines(const BackupSummary& summary) {
     auto lines = missingLines(summary);
     for (const auto& part : summary.parts) {
         const std::size_t told = part.items.size() + part.missing.size();
-        if (part.kind != "memory" || told >= std::size_t{lastMemoryChannel}) continue;
+        if (part.kind->name != "memory" || told >= std::size_t{lastMemoryChannel}) continue;
         lines.push_back(count(std::size_t{lastMemoryChannel} - told, "memory channels: they are empty"));
     }
     return lines;

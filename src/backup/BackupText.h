@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "backup/DataItems.h"
+#include "backup/FileKind.h"
 
 namespace korvex {
 
@@ -13,7 +13,7 @@ struct BackupSummary {
     std::string radio;  ///< the answer to ID;, empty when there was none
     std::string port;   ///< number and settings
     struct Part {
-        std::string kind;
+        const FileKind* kind;
         std::string file;
         DataItems items;
         std::vector<std::string> missing = {};  ///< what is not among the items, by name

@@ -1,11 +1,7 @@
 #pragma once
 
-#include <array>
 #include <string>
-#include <string_view>
 #include <vector>
-
-#include "base/RuntimeError.h"
 
 namespace korvex {
 
@@ -18,21 +14,6 @@ struct DataItem {
 };
 
 using DataItems = std::vector<DataItem>;
-
-/// A kind of data file and its ending, as the dialogs propose it.
-struct DataKind {
-    std::string_view name;
-    std::string_view ending;
-};
-inline constexpr std::array<DataKind, 5> dataKinds = {
-    {{"menu", "mnu"}, {"memory", "mem"}, {"list", "mef"}, {"bandstack", "bsr"}, {"keyer", "kem"}}};
-
-/// Empty for a kind that there is not.
-std::string endingOf(std::string_view kind);
-
-/// What a file of this kind ("menu", "memory", "list", "bandstack", "keyer") says, in the order in which it is sent.
-/// Refused is what the kind's own restore refuses.
-Result<DataItems> dataItems(const std::string& kind, std::string_view content);
 
 /// The value of an item that the radio has refused to tell.
 bool wasRefused(const DataItem& item);

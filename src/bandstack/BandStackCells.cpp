@@ -20,8 +20,6 @@ constexpr std::array<const char*, 20> earlierQueries = {"FA;",  "AC;",  "BC0;", 
                                                         "ML0;", "NA0;", "NA1;", "GT0;",  "GT1;",  "KR;",  "BI;",
                                                         "NR0;", "PA0;", "RA0;", "RF0;",  "NB0;",  "NB1;"};
 
-constexpr int registersPerBand = 3;
-
 enum class Filling { Empty, Part, Whole };
 
 Filling fillingOf(const BandStackCells& cells, int column) {
@@ -92,7 +90,8 @@ bool BandStackCells::answersItsQuery(int row, int column) const {
 }
 
 std::string registerName(int column) {
-    return zeroPadded((column - 1) / registersPerBand, 2) + "." + std::to_string((column - 1) % registersPerBand + 1);
+    return zeroPadded((column - 1) / BandStackCells::perBand, 2) + "." +
+           std::to_string((column - 1) % BandStackCells::perBand + 1);
 }
 
 std::string cellName(const BandStackCells& cells, int row, int column) {
@@ -101,7 +100,7 @@ std::string cellName(const BandStackCells& cells, int row, int column) {
 }
 
 std::string bandSelectCommand(int column) {
-    return "BS" + zeroPadded((column - 1) / registersPerBand, 2) + ";";
+    return "BS" + zeroPadded((column - 1) / BandStackCells::perBand, 2) + ";";
 }
 
 std::string settableAnswer(int row, const std::string& answer) {

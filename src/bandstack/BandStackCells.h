@@ -16,6 +16,7 @@ public:
     static constexpr int allRows = 25;
     static constexpr int columns = 34;
     static constexpr int registers = columns - 1;
+    static constexpr int perBand = 3;
     static constexpr int lastQueried = 22;
     static constexpr int antennaAnswer = 23;
     static constexpr int antennaCommand = 24;

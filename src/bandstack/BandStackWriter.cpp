@@ -11,7 +11,6 @@ namespace korvex {
 
 namespace {
 
-constexpr int columnsPerBand = 3;
 constexpr int firstCellMs = 50;
 constexpr int cellMs = 100;
 constexpr int beforeAntennaMs = 600;
@@ -86,7 +85,7 @@ void BandStackWriter::beginRegister(int column) {
 bool BandStackWriter::skipRefusedBand() {
     if (m_cells.at(1, m_column) != "?;") return true;
     m_row = 0;
-    m_column += columnsPerBand;
+    m_column += BandStackCells::perBand;
     return m_column < BandStackCells::columns;
 }
 

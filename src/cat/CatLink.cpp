@@ -29,9 +29,7 @@ CatLink::CatLink(MSComm& port, Clock& clock, MsgBox& msgBox, ProgressWindow& pro
     m_connections += m_timer2->tick.connect([this] { Timer2_Timer(); });
     m_connections += m_port.OnComm.connect([this](CommEvent event) { onComm(event); });
     m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
-    m_connections += m_progress.cancelled.connect([this] {
-        if (m_operation) m_operation->breakOff(Outcome::Kind::Cancelled);
-    });
+    m_connections += m_progress.cancelled.connect([this] { breakOff(Outcome::Kind::Cancelled); });
 }
 
 void CatLink::togglePort() {
@@ -83,7 +81,7 @@ void CatLink::showClosed() {
     m_port.clearOutBuffer();
     m_panels.Error = "";
     // Last: what its owner has to say of it stays to be read.
-    if (m_operation) m_operation->breakOff(Outcome::Kind::PortClosed);
+    breakOff(Outcome::Kind::PortClosed);
 }
 
 void CatLink::clearTraffic() {
@@ -163,8 +161,12 @@ bool CatLink::freeLine() {
 
 void CatLink::stopOperation() {
     m_givesWay = true;
-    if (m_operation) m_operation->breakOff(Outcome::Kind::Cancelled);
+    breakOff(Outcome::Kind::Cancelled);
     m_givesWay = false;
+}
+
+void CatLink::breakOff(Outcome::Kind kind) {
+    if (m_operation) m_operation->breakOff(kind);
 }
 
 std::string CatLink::standing() const {

@@ -52,6 +52,8 @@ public:
     bool givesWay() const { return m_givesWay; }
     /// What the operations are a part of, for the person who is asked: "Backup"; empty for one by itself.
     void workFor(std::string task) { m_task = std::move(task); }
+    /// Ends the operation that runs, if any, without a question.
+    void breakOff(Outcome::Kind kind);
     /// Who has the line, if anybody.
     const Operation* operation() const { return m_operation; }
     /// For an operation that could not begin: why.

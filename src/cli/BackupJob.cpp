@@ -3,7 +3,7 @@
 namespace korvex::cli {
 
 std::optional<ExitCode> BackupJob::prepare() {
-    const auto failure = m_backup.makeFolder(m_workshop.command.file, m_workshop.program.machine().timeOfDay());
+    const auto failure = m_backup.makeFolder({m_workshop.command.file, m_workshop.program.machine().timeOfDay()});
     if (!failure) return std::nullopt;
     m_workshop.tell(failure->text);
     abandon();
@@ -11,12 +11,10 @@ std::optional<ExitCode> BackupJob::prepare() {
 }
 
 std::vector<Step> BackupJob::steps() {
-    Transfer transfer;
-    transfer.start = [this] { m_backup.read(); };
-    transfer.ended = &m_backup.ended;
-    transfer.givesUpByItself = true;
-    transfer.why = [this] { return m_backup.why(); };
-    return {{"backup", transfer, false, true, {}}};
+    Step step{"backup", [this] { m_backup.read(); }, &m_backup.ended};
+    step.watchesTheRadio = true;
+    step.why = [this] { return std::vector{m_backup.why()}; };
+    return {step};
 }
 
 ExitCode BackupJob::conclude() {

@@ -57,7 +57,12 @@ void addPlaces(OptionParser& parser, Command& command) {
 /// What belongs to one command or two.
 void addChoices(OptionParser& parser, Command& command) {
     parser.group("For restore and restore-all");
-    parser.flag("--verify", "reads back what was written and tells of every item", command.verify);
+    parser.flag("--verify", "tells of every item, not only of those that are not as they should be", command.verify);
+    parser.flag("--json", "the report for programs", command.json);
+    parser.flag("--all", "writes what the radio has already, too", command.writesAll);
+    parser.option("--safety-copy", "DIR", "where what the radio has now is kept first (else beside what is restored)",
+                  into(command.safetyFolder));
+    parser.flag("--no-safety-copy", "does not keep it", command.withoutSafetyCopy);
     parser.flag("--dry-run", "prints what would be sent, and sends nothing", command.dryRun);
     parser.flag("--with-cat", "restore menu, restore-all: the radio's CAT settings (menu items 028 to 030)\ntoo, last",
                 command.withCat);
@@ -117,6 +122,13 @@ Failure checkOptions(const Command& command) {
     const bool restoresMenu = command.verb == Verb::RestoreAll || (restores && command.kind == "menu");
     if (command.withCat && !restoresMenu) return wrong("--with-cat belongs to restore-all and restore menu");
     if (command.force && !restores) return wrong("--force belongs to a restore");
+    const bool keeps = command.withoutSafetyCopy || command.safetyFolder;
+    if ((command.json || command.writesAll || keeps) && !restores) {
+        return wrong("--json, --all, --safety-copy and --no-safety-copy belong to a restore");
+    }
+    if (command.withoutSafetyCopy && command.safetyFolder) {
+        return wrong("--safety-copy and --no-safety-copy exclude each other");
+    }
     if (command.withSettings && command.verb != Verb::DescriptionImport) {
         return wrong("--with-settings belongs to description import");
     }

@@ -37,11 +37,15 @@ struct Command {
     std::optional<std::string> settingsFile;  ///< where the program keeps its settings
     std::optional<std::string> database;      ///< the description database; else that of the program folder
     bool allowTransmit = false;
-    bool verify = false;        ///< read back what was written
-    bool dryRun = false;        ///< print what would be sent
-    bool withCat = false;       ///< the radio's own CAT settings too
-    bool force = false;         ///< also a file that does not hold everything
-    bool withSettings = false;  ///< the settings columns of the descriptions too
+    bool verify = false;     ///< tell of every item of a restore
+    bool writesAll = false;  ///< also what the radio has already
+    bool withoutSafetyCopy = false;
+    std::optional<std::string> safetyFolder;  ///< for the folder of the safety copy; else beside what is restored
+    bool json = false;                        ///< the report for programs
+    bool dryRun = false;                      ///< print what would be sent
+    bool withCat = false;                     ///< the radio's own CAT settings too
+    bool force = false;                       ///< also a file that does not hold everything
+    bool withSettings = false;                ///< the settings columns of the descriptions too
 };
 
 /// Exit codes, for scripts.

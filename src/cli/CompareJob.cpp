@@ -5,9 +5,9 @@ namespace korvex::cli {
 /// By --kind, else by the ending of the file.
 const FileKind* CompareJob::chosenKind() const {
     const std::string& named = m_workshop.command.kind;
-    if (!named.empty()) return m_workshop.kind(named);
-    for (const auto& kind : m_workshop.kinds) {
-        const std::string ending = "." + endingOf(kind.name);
+    if (!named.empty()) return fileKind(named);
+    for (const auto& kind : fileKinds()) {
+        const std::string ending = "." + std::string(kind.ending);
         if (m_left.file.ends_with(ending) || m_right.file.ends_with(ending)) return &kind;
     }
     return nullptr;
@@ -19,9 +19,9 @@ bool CompareJob::areComparable() const {
 
 bool CompareJob::takeFile(Side& side) {
     if (side.radio) return true;
-    auto content = readFile(m_workshop, m_kind->name, side.file);
-    if (content) side.items = std::move(content->items);
-    return content.has_value();
+    auto items = itemsOfFile(m_workshop, *m_kind, side.file);
+    if (items) side.items = std::move(*items);
+    return items.has_value();
 }
 
 std::optional<ExitCode> CompareJob::prepare() {
@@ -38,18 +38,21 @@ std::optional<ExitCode> CompareJob::prepare() {
 }
 
 std::vector<Step> CompareJob::steps() {
-    return {readStep(*m_kind, m_kind->read, [this](std::string text) { m_read = std::move(text); })};
+    return {readStep(m_workshop, *m_kind, [this](std::string text) { m_read = std::move(text); })};
 }
 
 ExitCode CompareJob::conclude() {
     if (withRadio()) {
-        auto items = itemsRead(m_workshop, m_kind->name, m_read);
-        if (!items) return ExitCode::Answers;
+        auto items = m_kind->items(m_read);
+        if (!items) {
+            m_workshop.tell("what the radio told: " + items.error().text);
+            return ExitCode::Answers;
+        }
         (m_left.radio ? m_left : m_right).items = std::move(*items);
     }
-    const DataItems right = m_kind->name == "bandstack" ? turnedLike(m_left.items, m_right.items) : m_right.items;
+    const DataItems right = m_kind->isCircle ? turnedLike(m_left.items, m_right.items) : m_right.items;
     const auto list = differences(m_left.items, right, withRadio() ? Remarks::Ignore : Remarks::Count);
-    print(m_workshop.out, list, m_kind->name, m_workshop.titles);
+    print(m_workshop.out, list, std::string(m_kind->name), m_workshop.titles);
     return list.empty() ? ExitCode::Done : ExitCode::Different;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -10,33 +11,30 @@
 #include "cli/CommandLine.h"
 #include "cli/Comparison.h"
 #include "cli/Console.h"
-#include "cli/FileKinds.h"
 #include "cli/Files.h"
 
 namespace korvex::cli {
 
-/// One thing to do while the port is open.
+/// Something that goes on between program and radio while the port is open.
 struct Step {
-    std::string name;  ///< for messages
-    Transfer transfer;
-    bool writes = false;          ///< into the radio
-    bool refusalsAreTold = true;  ///< by the session; else the job looks at the outcome itself
-    /// The transfer has ended well.
-    std::function<void(const Outcome&)> after;
-    bool mayCutLine = false;  ///< what the radio does not confirm is no failure
+    std::string name;             ///< for messages
+    std::function<void()> start;  ///< may tell the end before it returns
+    Signal<const Outcome&>* ended = nullptr;
+    bool watchesTheRadio = false;                        ///< and gives it up by itself; else that is done from outside
+    std::function<std::string()> objection = {};         ///< why what was read is not worth a file; empty when it is
+    std::function<std::vector<std::string>()> why = {};  ///< it failed, where it knows more than how it ended
+    std::function<void()> after = {};                    ///< it has ended well
 };
 
 /// What a job works with.
 struct Workshop {
     Program& program;
     const Command& command;
-    std::vector<FileKind>& kinds;
     std::ostream& out;  ///< both show control characters as pictures
     std::ostream& err;
     Files files;
     ItemTitles titles;
 
-    FileKind* kind(const std::string& name) const;
     void tell(const std::string& text) const { err << "korvexctl: " << text << "\n"; }
 };
 
@@ -55,21 +53,13 @@ public:
 
 std::unique_ptr<Job> makeJob(const Workshop& workshop);
 
-Step restoreStep(const FileKind& kind, const std::string& text);
-/// `reading` is one of the kind's; `take` gets what was read, as a file has it.
-Step readStep(const FileKind& kind, const Transfer& reading, const std::function<void(std::string text)>& take);
+/// Nothing, and a word, for a name that no kind has.
+const FileKind* kindNamed(const Workshop& workshop, const std::string& name);
 
-/// A data file, with what it says.
-struct FileContent {
-    std::string text;
-    DataItems items;
-};
-/// A failure is told.
-std::optional<FileContent> readFile(const Workshop& workshop, const std::string& kind, const std::string& file);
-/// What was read from the radio says; a failure is told.
-std::optional<DataItems> itemsRead(const Workshop& workshop, const std::string& kind, const std::string& text);
+/// Reads a kind; `take` gets what was read, as a file has it.
+Step readStep(const Workshop& workshop, const FileKind& kind, const std::function<void(std::string text)>& take);
 
-/// The commands that bring the items into the radio, a line each.
-void printCommands(std::ostream& out, const DataItems& items);
+/// What a data file says. A failure is told.
+std::optional<DataItems> itemsOfFile(const Workshop& workshop, const FileKind& kind, const std::string& file);
 
 }  // namespace korvex::cli

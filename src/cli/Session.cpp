@@ -32,8 +32,7 @@ Session::Session(Program& program, Command command, Surroundings surroundings)
       m_command(std::move(command)),
       m_surroundings(std::move(surroundings)),
       m_poll(program.machine().clock.makeTimer()),
-      m_patience(program.link, program.machine().clock, [this] { onSilence(); }),
-      m_kinds(fileKinds(program)) {
+      m_patience(program.link, program.machine().clock, [this] { onSilence(); }) {
     m_poll->setInterval(pollMs);
     m_connections += m_poll->tick.connect([this] { onPoll(); });
     m_connections += program.link.closed.connect([this] {
@@ -47,7 +46,7 @@ void Session::tell(const std::string& text) {
 
 void Session::start() {
     if (m_command.verb != Command::Verb::Send) {
-        m_job = makeJob({m_program, m_command, m_kinds, m_surroundings.out, m_surroundings.err, m_surroundings.files,
+        m_job = makeJob({m_program, m_command, m_surroundings.out, m_surroundings.err, m_surroundings.files,
                          m_surroundings.titles});
         if (const auto code = m_job->prepare()) {
             finish(*code);
@@ -125,11 +124,10 @@ void Session::beginNext() {
 
 void Session::beginStep() {
     m_stage = Stage::Working;
-    m_transferEnd = step().transfer.ended->connect([this](const Outcome& outcome) { onEnded(outcome); });
+    m_transferEnd = step().ended->connect([this](const Outcome& outcome) { onEnded(outcome); });
     m_program.link.panels().Error = "";
-    const bool writes = step().writes;
-    if (!step().transfer.givesUpByItself) m_patience.begin(writes ? Patience::Of::Writing : Patience::Of::Reading);
-    step().transfer.start();
+    if (!step().watchesTheRadio) m_patience.begin();
+    step().start();
 }
 
 void Session::beginSend() {
@@ -145,28 +143,23 @@ void Session::beginSend() {
 
 void Session::onEnded(const Outcome& outcome) {
     if (m_stage != Stage::Working) return;
-    m_outcome = outcome;
-    const Transfer& transfer = step().transfer;
     // What is missing of a reading, its objection weighs.
-    const bool told = outcome == Outcome::Kind::Done || (outcome == Outcome::Kind::Refused && !step().writes);
-    const std::string objection = told && transfer.objection ? transfer.objection() : "";
+    const bool told = outcome.isDone() || (outcome.kind == Outcome::Kind::Refused && step().objection);
+    const std::string objection = told && step().objection ? step().objection() : "";
     if (!told) {
         onFailed(outcome);
     } else if (!objection.empty()) {
         tell(objection + "; nothing was written");
         finish(ExitCode::Answers);
     } else {
-        // Not from inside the transfer's own end: the next step may be of the same kind.
-        listen(0);
+        listen(0);  // not from inside the transfer's own end: the next step may be of the same kind
     }
 }
 
 void Session::onFailed(const Outcome& outcome) {
-    if (step().transfer.why) {
-        tell(step().transfer.why());
-    } else if (step().writes && outcome != Outcome::Kind::PortClosed) {
-        tell(inWords(outcome, {"item", "items", true}));
-    } else if (outcome != Outcome::Kind::PortClosed) {
+    if (step().why) {
+        for (const auto& line : step().why()) tell(line);
+    } else if (outcome.kind != Outcome::Kind::PortClosed) {
         tell("the radio's answers did not come in time");
     }
     finish(exitCodeFor(outcome));
@@ -191,8 +184,7 @@ void Session::onListened() {
 }
 
 void Session::stepDone() {
-    if (step().writes && step().refusalsAreTold && !m_outcome.isFlawless()) tellFlaws();
-    if (step().after) step().after(m_outcome);
+    if (step().after) step().after();
     if (m_stepIndex + 1 == m_steps.size()) {
         conclude();
     } else {
@@ -201,20 +193,9 @@ void Session::stepDone() {
     }
 }
 
-/// The lines of the CAT settings may cut the line: nobody answers behind them.
-void Session::tellFlaws() {
-    if (!m_outcome.refused.empty()) {
-        tell("the radio refused " + std::to_string(m_outcome.refused.size()) + " of the lines");
-    }
-    tell(inWords(m_outcome, {"item", "items", true}));
-    const bool isSent = m_outcome.refused.empty() && m_outcome.different.empty() && step().mayCutLine;
-    if (!isSent) m_worst = ExitCode::Answers;
-}
-
 void Session::conclude() {
     m_jobGoesOn = false;
-    const ExitCode code = m_job->conclude();
-    finish(code == ExitCode::Done ? m_worst : code);
+    finish(m_job->conclude());
 }
 
 void Session::interrupt() {

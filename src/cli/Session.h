@@ -11,7 +11,6 @@
 #include "backup/Patience.h"
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
-#include "cli/FileKinds.h"
 #include "cli/Files.h"
 #include "cli/Job.h"
 
@@ -73,14 +72,12 @@ private:
     std::unique_ptr<Timer> m_poll;
     std::int64_t m_deadline = 0;
     Patience m_patience;
-    std::vector<FileKind> m_kinds;
-    Outcome m_outcome;  // of the step
+    Outcome m_outcome;  // of what was sent
     std::unique_ptr<Operation> m_sending;
     std::unique_ptr<Job> m_job;  // none for Send
     bool m_jobGoesOn = false;
     std::vector<Step> m_steps;
     std::size_t m_stepIndex = 0;
-    ExitCode m_worst = ExitCode::Done;  // of the steps that went on in spite of it
     Connections m_connections;
     Connection m_transferEnd;
 };

@@ -11,6 +11,7 @@
 #include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
 #include "platform/StandardStreams.h"
+#include "platform/qt/QtChecksum.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtProgramPlaces.h"
@@ -59,7 +60,7 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     NoShell shell;
     QtDatabase database;
     BorrowedSettings borrowed(settings);
-    Program program({clock, ports, borrowed, noFileDialog, msgBox, shell, database, "."});
+    Program program({clock, ports, borrowed, noFileDialog, msgBox, shell, database, ".", localTimeOfDay, {}, sha256});
     std::optional<ProgressLine> progressLine;
     if (standardstreams::errorsAreOnTerminal()) progressLine.emplace(program.progress, std::cerr);
     const std::string descriptions = command.database.value_or(findDescriptionDatabase(programPlaces({})));

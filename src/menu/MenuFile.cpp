@@ -76,10 +76,14 @@ int itemsRefused(const std::vector<std::string>& lines) {
     return static_cast<int>(std::count(lines.begin(), lines.end(), refusal));
 }
 
+int catRank(std::string_view command) {
+    if (command.size() <= headLength + 1) return 0;
+    if (command.starts_with("EX028")) return 2;
+    return command.starts_with("EX029") || command.starts_with("EX030") ? 1 : 0;
+}
+
 bool setsCatLine(std::string_view command) {
-    constexpr std::array<std::string_view, 3> heads = {"EX028", "EX029", "EX030"};
-    return command.size() > headLength + 1 &&
-           std::any_of(heads.begin(), heads.end(), [&](std::string_view head) { return command.starts_with(head); });
+    return catRank(command) > 0;
 }
 
 MenuLines apartFromCatLines(const std::vector<std::string>& lines) {
@@ -92,8 +96,8 @@ MenuLines apartFromCatLines(const std::vector<std::string>& lines) {
             apart.items.push_back(line == refusal ? std::string() : line);
         }
     }
-    std::stable_partition(apart.cat.begin(), apart.cat.end(),
-                          [](const std::string& line) { return !line.starts_with("EX028"); });
+    std::stable_sort(apart.cat.begin(), apart.cat.end(),
+                     [](const std::string& one, const std::string& other) { return catRank(one) < catRank(other); });
     return apart;
 }
 

@@ -25,6 +25,9 @@ int itemsRefused(const std::vector<std::string>& lines);
 
 /// The radio's own CAT settings, menu items 028 to 030: speed, time-out, RTS. Whoever changes them may cut the line.
 bool setsCatLine(std::string_view command);
+/// The order in which commands are sent: 0 leaves those alone, 1 and then 2, the speed, come last of all, because the
+/// radio hears nothing more behind that.
+int catRank(std::string_view command);
 
 /// Menu lines as they are sent: all that leave the radio's CAT settings alone, in the order of the file.
 struct MenuLines {

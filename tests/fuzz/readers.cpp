@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "backup/DataItems.h"
+#include "backup/FileKind.h"
 #include "bandstack/BandStackFile.h"
 #include "base/CodePage.h"
 #include "base/Lines.h"
@@ -30,14 +30,14 @@ namespace {
 /// What holds for a data file of every kind as korvexctl reads it: it is like itself, and what would be sent for its
 /// items keys no transmitter.
 void checkItems(const std::string& kind, std::string_view content) {
-    const auto items = dataItems(kind, content);
+    const auto items = fileKind(kind)->items(content);
     if (!items) {
         EXPECT_FALSE(items.error().text.empty());
         return;
     }
-    EXPECT_TRUE(cli::differences(*items, *items, cli::Remarks::Count).empty());
+    EXPECT_TRUE(differences(*items, *items, Remarks::Count).empty());
     std::ostringstream out;
-    cli::print(out, cli::differences(*items, {}, cli::Remarks::Count), kind, {});
+    cli::print(out, differences(*items, {}, Remarks::Count), kind, {});
     std::string sent;
     for (const auto& item : *items) sent.append(item.command).append(crLf);
     EXPECT_EQ(fuzz::keysTransmitterWith(sent), "");

@@ -265,7 +265,7 @@ TEST(MemoryManagerFromTheStartWindow, SavesWhatTheCommandLineCarriesOn) {
         std::optional<cli::ExitCode> code;
         const auto finished = session.finished.connect([&](cli::ExitCode result) { code = result; });
         session.start();
-        bench.clock.advance(30'000);
+        bench.clock.advance(90'000);
         return code;
     };
     for (auto& channel : bench.ports.radio().state.memories) channel.reset();

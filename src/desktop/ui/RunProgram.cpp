@@ -8,6 +8,7 @@
 #include "app/RememberedPaths.h"
 #include "desktop/ui/Desktop.h"
 #include "platform/ProgramFolder.h"
+#include "platform/qt/QtChecksum.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtProgramPlaces.h"
@@ -55,7 +56,7 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
     }
     rememberNewFolder(settings, folder->former, folder->path);
     Program program({clock, ports, settings, fileDialog, msgBox, shell, database, folder->path, localTimeOfDay,
-                     shippedDescriptions(places(options))});
+                     shippedDescriptions(places(options)), sha256});
     Desktop desktop(program);
     desktop.showStartWindow();
     if (!folder->news.empty()) msgBox.show({folder->news, "", MsgIcon::Information, MsgButtons::Ok});

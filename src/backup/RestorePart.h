@@ -1,0 +1,52 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "backup/FileKind.h"
+
+namespace korvex {
+
+/// What has become of an item of a restore.
+struct RestoredItem {
+    enum class Became { Written, Unchanged, Refused, Different, LeftAlone };
+    const FileKind* kind;
+    std::string name;
+    Became became;
+    std::string wanted;                ///< wire text; empty where the file says nothing of it
+    std::optional<std::string> found;  ///< wire text; nothing where the radio has nothing
+    std::string why = {};              ///< it was left alone, UTF-8
+    bool isAsTheFileSays = true;
+};
+
+/// One file of a restore beside what the radio has.
+class RestorePart {
+public:
+    /// What the radio that was saved had refused to tell is left out.
+    RestorePart(const FileKind& fileKind, DataItems items);
+
+    const FileKind* kind;
+    DataItems wanted;                    ///< in the order in which it is sent
+    DataItems lineItems;                 ///< the same of what may cut the line
+    std::optional<DataItems> present;    ///< what the radio has, as far as it tells
+    DataItems toWrite;                   ///< of `wanted`
+    DataItems lineItemsToWrite;          ///< of `lineItems`
+    std::vector<std::string> refused{};  ///< names of items, by the writing
+
+    /// Chooses what is to be written: what differs from the radio, else all.
+    void plan(bool all, bool withLineItems);
+    /// "3 of 146 items differ: 020, 042, 126".
+    std::string planLine() const;
+    /// Names of items whose value is wider or narrower than the radio's own.
+    std::vector<std::string> otherWidths() const;
+    void report(std::vector<RestoredItem>& report) const;
+
+private:
+    DataItems presentLike(const DataItems& items) const;
+    DataItems differing(const DataItems& items) const;
+    RestoredItem told(const DataItem& item, const DataItem* found) const;
+    RestoredItem toldOfLine(const DataItem& item, const DataItem* found) const;
+};
+
+}  // namespace korvex
