@@ -27,6 +27,8 @@ Program::Program(Machine machine)
       restore(link, backup, transfers, machine.clock),
       backupEntry({backup, machine.clock, desk, machine.timeOfDay, [this] { return whyNoBackup(); },
                    [this] { return link.freeLine(); }}),
+      restoreEntry(
+          {link, restore, machine.clock, desk, machine.checksum, machine.timeOfDay, [this] { return whyNoBackup(); }}),
       startWindow(machine.clock, startWindowCalls()),
       m_machine(std::move(machine)) {
     announceTools();

@@ -8,6 +8,7 @@
 #include "backup/Backup.h"
 #include "backup/BackupEntry.h"
 #include "backup/Restore.h"
+#include "backup/RestoreEntry.h"
 #include "bandstack/BandStackWindow.h"
 #include "cat/CatLink.h"
 #include "cat/PortSettings.h"
@@ -76,6 +77,7 @@ public:
     Backup backup;
     Restore restore;
     BackupEntry backupEntry;
+    RestoreEntry restoreEntry;
     StartWindow startWindow;
 
     /// The logic of one opening of the port settings dialog.

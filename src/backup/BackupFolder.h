@@ -15,8 +15,8 @@ public:
     BackupFolder& operator=(const BackupFolder&) = delete;
     ~BackupFolder() { drop(); }
 
-    /// `timeOfDay` is "2026-11-22 23:42:54"; `suffix` stands behind it, and a number where that is there already; without
-    /// one such a folder is a failure. DIR is made if it is not there.
+    /// `timeOfDay` is "2026-11-22 23:42:54"; `suffix` stands behind it, and a number where that is there already;
+    /// without one such a folder is a failure. DIR is made if it is not there.
     Failure make(const std::string& dir, const std::string& timeOfDay, const std::string& suffix = {});
     bool isMade() const { return !m_incomplete.empty(); }
     std::string file(const std::string& name) const { return m_incomplete + "/" + name; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,12 @@ struct DataItem {
 };
 
 using DataItems = std::vector<DataItem>;
+
+/// What a person calls an item of a kind of file, in UTF-8; empty when nobody knows.
+using ItemTitles = std::function<std::string(const std::string& kind, const std::string& item)>;
+
+/// "042 (Anti-VOX)", or the number alone.
+std::string titled(const std::string& kind, const std::string& item, const ItemTitles& titles);
 
 /// The value of an item that the radio has refused to tell.
 bool wasRefused(const DataItem& item);

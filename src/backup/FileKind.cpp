@@ -5,6 +5,7 @@
 
 #include "bandstack/BandStackFile.h"
 #include "bandstack/BandStackWriter.h"
+#include "base/CodePage.h"
 #include "base/NumberText.h"
 #include "keyer/KeyerFile.h"
 #include "memory/MemoryFile.h"
@@ -226,6 +227,11 @@ std::string backupFileName(const FileKind& kind) {
 
 bool holdsAnything(const FileKind& kind, const DataItems& items) {
     return std::any_of(items.begin(), items.end(), kind.counts);
+}
+
+std::string titled(const std::string& kind, const std::string& item, const ItemTitles& titles) {
+    const std::string title = titles ? titles(kind, item) : "";
+    return utf8FromWire(item) + (title.empty() ? "" : " (" + title + ")");
 }
 
 bool wasRefused(const DataItem& item) {

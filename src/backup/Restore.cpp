@@ -103,6 +103,14 @@ std::vector<std::string> Restore::planLines() const {
     return lines;
 }
 
+std::vector<std::string> Restore::planDetails() const {
+    std::vector<std::string> lines;
+    for (const auto& one : m_parts) {
+        for (auto& line : one.planDetails()) lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
 bool Restore::writesAnything() const {
     return std::any_of(m_parts.begin(), m_parts.end(),
                        [](const RestorePart& one) { return !one.toWrite.empty() || !one.lineItemsToWrite.empty(); });
@@ -132,14 +140,20 @@ void Restore::markSafetyCopy() {
         static_cast<void>(textfile::write(m_safetyCopy + "/" + unfinishedRestoreName,
                                           "A restore was begun behind this copy and has not come to its end.\n"));
     } else {
-        std::error_code ignored;
-        std::filesystem::remove_all(std::exchange(m_safetyCopy, {}), ignored);  // a copy of what stays
+        dropSafetyCopy();
     }
+}
+
+/// It is a copy of what stays.
+void Restore::dropSafetyCopy() {
+    std::error_code ignored;
+    if (!m_safetyCopy.empty()) std::filesystem::remove_all(std::exchange(m_safetyCopy, {}), ignored);
 }
 
 void Restore::stop() {
     m_backup.stop();
     if (m_stage != Stage::Planned) return;
+    dropSafetyCopy();
     m_why = {"Nothing was written."};
     finish(Outcome::Kind::Cancelled);
 }

@@ -51,6 +51,8 @@ public:
 
     /// "menu: 3 of 146 items differ: 020, 042, 126", a line for each kind.
     std::vector<std::string> planLines() const;
+    /// Item by item: what the radio has, and what the file.
+    std::vector<std::string> planDetails() const;
     bool writesAnything() const;
     /// All that could be sent, in its order.
     DataItems commands() const;
@@ -69,6 +71,7 @@ private:
     std::string whyNotThisRadio() const;
     void plan();
     void markSafetyCopy();
+    void dropSafetyCopy();
     void next();
     bool hasWork() const;
     void work();

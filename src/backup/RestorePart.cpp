@@ -113,6 +113,19 @@ std::string RestorePart::planLine() const {
     return count + " of " + all + " items are written: " + listed(namesOf(writes));
 }
 
+std::vector<std::string> RestorePart::planDetails() const {
+    const DataItems has = present ? presentLike(wanted) : DataItems();
+    std::vector<std::string> lines;
+    for (const auto& item : settingsOf(toWrite)) {
+        const DataItem* found = find(has, item.name);
+        if (alike(item, found)) continue;
+        const std::string now = found == nullptr ? "nothing" : "\"" + utf8FromWire(found->value) + "\"";
+        lines.push_back(std::string(kind->name) + " " + utf8FromWire(item.name) + ": the radio has " + now +
+                        ", the file \"" + utf8FromWire(item.value) + "\"");
+    }
+    return lines;
+}
+
 std::vector<std::string> RestorePart::otherWidths() const {
     std::vector<std::string> names;
     for (const auto& item : toWrite) {

@@ -38,6 +38,8 @@ public:
     void plan(bool all, bool withLineItems);
     /// "3 of 146 items differ: 020, 042, 126".
     std::string planLine() const;
+    /// "menu 042: the radio has "2", the file "1"", of what is to be written.
+    std::vector<std::string> planDetails() const;
     /// Names of items whose value is wider or narrower than the radio's own.
     std::vector<std::string> otherWidths() const;
     void report(std::vector<RestoredItem>& report) const;

@@ -12,11 +12,6 @@ std::string printed(const std::optional<std::string>& value) {
 
 }  // namespace
 
-std::string titled(const std::string& kind, const std::string& item, const ItemTitles& titles) {
-    const std::string title = titles ? titles(kind, item) : "";
-    return utf8FromWire(item) + (title.empty() ? "" : " (" + title + ")");
-}
-
 void print(std::ostream& out, const std::vector<Difference>& list, const std::string& kind, const ItemTitles& titles) {
     for (const auto& [name, left, right] : list) {
         out << titled(kind, name, titles) << ": " << printed(left) << " | " << printed(right) << "\n";

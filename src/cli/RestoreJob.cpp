@@ -1,18 +1,10 @@
 #include "cli/RestoreJob.h"
 
-#include <filesystem>
-
-#include "backup/BackupCheck.h"
+#include "backup/RestoreFiles.h"
 #include "base/CodePage.h"
 #include "cli/RestoreReport.h"
 
 namespace korvex::cli {
-
-namespace {
-
-namespace fs = std::filesystem;
-
-}  // namespace
 
 std::optional<ExitCode> RestoreJob::prepare() {
     const Command& command = m_workshop.command;
@@ -38,63 +30,22 @@ std::optional<ExitCode> RestoreJob::prepare() {
     return ExitCode::File;
 }
 
-bool RestoreJob::takeFiles() {
-    if (isWhole()) return takeFolder();
-    return takeFile(*fileKind(m_workshop.command.kind), m_workshop.command.file);
-}
-
 /// Every file is read before anything is sent.
-bool RestoreJob::takeFolder() {
-    const std::string& folder = m_workshop.command.file;
-    if (!isIntact(folder)) return false;
-    bool any = false;
-    for (const auto& kind : fileKinds()) {
-        if (kind.order == 0) continue;
-        const std::string name = backupFileName(kind);
-        std::error_code ignored;
-        if (!fs::exists(folder + "/" + name, ignored)) {
-            m_workshop.tell("there is no " + name + ": the radio keeps what it has");
-            continue;
-        }
-        const auto items = itemsOfFile(m_workshop, kind, folder + "/" + name);
-        if (!items) return false;
-        if (!holdsAnything(kind, *items)) {
-            m_workshop.tell(name + " holds nothing: the radio keeps what it has");
-            continue;
-        }
-        if (!takeFile(kind, folder + "/" + name)) return false;
-        any = true;
+bool RestoreJob::takeFiles() {
+    const Command& command = m_workshop.command;
+    FilesTaken taken;
+    if (isWhole()) {
+        taken = takeFolder(m_restore, command.file, m_workshop.program.machine().checksum);
+    } else if (const auto text = m_workshop.files.read(command.file)) {
+        takeContent(m_restore, *fileKind(command.kind), command.file, *text, taken);
+    } else {
+        taken.refusal = text.error().text;
     }
-    if (!any) m_workshop.tell(folder + " holds no file of a backup");
-    return any;
-}
-
-bool RestoreJob::isIntact(const std::string& folder) const {
-    const auto faults = backupFaults(folder, m_workshop.program.machine().checksum);
-    for (const auto& fault : faults) m_workshop.tell(fault);
-    if (faults.empty() || m_workshop.command.force) return true;
-    m_workshop.tell("nothing was sent; --force restores it all the same");
-    return false;
-}
-
-bool RestoreJob::takeFile(const FileKind& kind, const std::string& file) {
-    const auto text = m_workshop.files.read(file);
-    if (!text) {
-        m_workshop.tell(text.error().text);
-        return false;
-    }
-    if (const auto failure = m_restore.take(kind, *text)) {
-        m_workshop.tell(file + ": " + failure->text);
-        return false;
-    }
-    const auto items = kind.items(*text);
-    if (!items || !holdsAnything(kind, *items)) {
-        m_workshop.tell(file + ": there is nothing in it that could be restored as " + std::string(kind.name));
-        return false;
-    }
-    const std::string lacks = kind.lacks(*text);
-    if (lacks.empty() || m_workshop.command.force) return true;
-    m_workshop.tell(file + ": " + lacks + "; --force restores what is there");
+    for (const auto& note : taken.notes) m_workshop.tell(note);
+    for (const auto& doubt : taken.doubts) m_workshop.tell(doubt);
+    if (!taken.refusal.empty()) m_workshop.tell(taken.refusal);
+    if (!taken.refusal.empty() || taken.doubts.empty() || command.force) return taken.refusal.empty();
+    m_workshop.tell("nothing was sent; --force restores what is there");
     return false;
 }
 
@@ -102,12 +53,7 @@ bool RestoreJob::takeFile(const FileKind& kind, const std::string& file) {
 std::string RestoreJob::safetyFolder() const {
     const Command& command = m_workshop.command;
     if (command.safetyFolder) return *command.safetyFolder;
-    if (command.file == "-") return ".";
-    std::string path = command.file;
-    while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-    const std::string parent = fs::path(path).parent_path().string();
-    if (path == "." || path == "..") return path + "/..";
-    return parent.empty() ? "." : parent;
+    return command.file == "-" ? "." : folderBeside(command.file);
 }
 
 void RestoreJob::tellOfUnfinished(const std::string& folder) const {

@@ -18,9 +18,6 @@ public:
 private:
     bool isWhole() const { return m_workshop.command.verb == Command::Verb::RestoreAll; }
     bool takeFiles();
-    bool takeFolder();
-    bool isIntact(const std::string& folder) const;
-    bool takeFile(const FileKind& kind, const std::string& file);
     std::string safetyFolder() const;
     void tellOfUnfinished(const std::string& folder) const;
     void onPlanned();

@@ -14,6 +14,7 @@ struct MsgBoxRequest {
     std::string title;  ///< UTF-8; empty: the application's title
     MsgIcon icon = MsgIcon::None;
     MsgButtons buttons = MsgButtons::Ok;
+    std::string details = {};  ///< UTF-8; too long for the box, and shown when the person asks for it
 };
 
 /// Shows a box and waits for its answer; the program's other events go on meanwhile.

@@ -32,6 +32,7 @@ protected:
                                                            .portSettings = [this] { started += "settings "; },
                                                            .about = [this] { started += "about "; },
                                                            .backupRadio = [this] { started += "backup "; },
+                                                           .restoreRadio = [this] { started += "restore "; },
                                                            .endProgram = [] { return false; }});
         window->show();
     }
@@ -76,7 +77,8 @@ TEST(TerminalEntries, BackupWholeRadio) {
     auto* entry = control<QAction>(*topLevel("frmTerm"), "mnu_BackupRadio");
     const auto* more = qobject_cast<QMenu*>(entry->parent());
     EXPECT_EQ(more->title(), QStringLiteral("More"));
-    EXPECT_EQ(more->actions().constLast(), entry);
+    EXPECT_EQ(more->actions().at(more->actions().size() - 2), entry);
+    EXPECT_EQ(more->actions().constLast()->objectName(), QStringLiteral("mnu_RestoreRadio"));
     EXPECT_EQ(entry->text(), QStringLiteral("Backup whole Radio..."));
     const std::string dir = bench.folder.file("backups");
     entry->trigger();

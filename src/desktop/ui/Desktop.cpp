@@ -80,6 +80,7 @@ std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
                                          .portSettings = [this] { showPortSettings(); },
                                          .about = [this] { showAboutBox(terminalWindow()); },
                                          .backupRadio = [this] { m_program.backupEntry.mnu_BackupRadio_Click(); },
+                                         .restoreRadio = [this] { m_program.restoreEntry.mnu_RestoreRadio_Click(); },
                                          .endProgram = [this] { return m_program.end(); },
                                      });
 }

@@ -61,6 +61,7 @@ MsgAnswer QtMsgBox::show(const MsgBoxRequest& request) {
     box.setTextFormat(Qt::PlainText);
     box.setText(shown(request.text));
     box.setIcon(iconFor(request.icon));
+    if (!request.details.empty()) box.setDetailedText(shown(request.details));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
     // All in one role: desktops order roles each in their own way, and these stand in a fixed order.

@@ -111,6 +111,7 @@ void frmTerm::makeMoreMenu(ToolWindows& windows) {
     entry(menu, "mnu_about", QStringLiteral("About"), m_actions.about);
     menu->addSeparator();
     entry(menu, "mnu_BackupRadio", QStringLiteral("Backup whole Radio..."), m_actions.backupRadio);
+    entry(menu, "mnu_RestoreRadio", QStringLiteral("Restore whole Radio..."), m_actions.restoreRadio);
 }
 
 QAction* frmTerm::toolButton(const char* key, const QString& tip, const char* icon, const std::function<void()>& run) {

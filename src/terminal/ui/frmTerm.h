@@ -20,6 +20,7 @@ struct TerminalActions {
     std::function<void()> portSettings;
     std::function<void()> about;
     std::function<void()> backupRadio;
+    std::function<void()> restoreRadio;
     std::function<bool()> endProgram;  ///< the close box; false keeps the window
 };
 

@@ -1,0 +1,110 @@
+#include "backup/RestoreFiles.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+
+#include "platform/TextFile.h"
+
+namespace korvex {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// "SUM  NAME", as sha256sum writes it.
+std::string faultOf(const std::string& folder, const std::string& line, const Backup::Checksum& checksum) {
+    const auto gap = line.find("  ");
+    if (gap == std::string::npos) return line.empty() ? "" : std::string(checksumFileName) + " is damaged";
+    const std::string name = line.substr(gap + 2);
+    // A name that leads out of the folder would read what is not ours.
+    if (name.find('/') != std::string::npos) return std::string(checksumFileName) + " is damaged";
+    const auto content = textfile::read(folder + "/" + name);
+    if (!content) return content.error().text;
+    return checksum(*content) == line.substr(0, gap) ? "" : name + " is not as it was saved";
+}
+
+/// A folder without checksums, as earlier versions made them, and a program that cannot make any have nothing to hold
+/// the files against.
+std::vector<std::string> faultsOf(const std::string& folder, const Backup::Checksum& checksum) {
+    std::vector<std::string> faults;
+    const std::string name = fs::path(folder).lexically_normal().string();
+    if (name.find(".incomplete") != std::string::npos) faults.push_back(folder + " is a backup that was cut off");
+    const auto sums = textfile::read(folder + "/" + checksumFileName);
+    if (!sums || !checksum) return faults;
+    std::istringstream lines(*sums);
+    for (std::string line; std::getline(lines, line);) {
+        if (auto fault = faultOf(folder, line, checksum); !fault.empty()) faults.push_back(std::move(fault));
+    }
+    return faults;
+}
+
+bool isThere(const std::string& file) {
+    std::error_code ignored;
+    return fs::exists(file, ignored);
+}
+
+}  // namespace
+
+void takeContent(Restore& restore, const FileKind& kind, const std::string& name, const std::string& content,
+                 FilesTaken& taken) {
+    const auto items = kind.items(content);
+    const auto failure = restore.take(kind, content);
+    if (failure) {
+        taken.refusal = name + ": " + failure->text;
+    } else if (items && !holdsAnything(kind, *items)) {
+        taken.refusal = name + ": there is nothing in it that could be restored as " + std::string(kind.name);
+    } else if (const std::string lacks = kind.lacks(content); !lacks.empty()) {
+        taken.doubts.push_back(name + ": " + lacks);
+    }
+}
+
+/// One that holds nothing is left out, so that a backup without keyer texts is one.
+FilesTaken takeFolder(Restore& restore, const std::string& folder, const Backup::Checksum& checksum) {
+    FilesTaken taken{{}, faultsOf(folder, checksum), folder + " holds no file of a backup"};
+    for (const auto& kind : fileKinds()) {
+        if (kind.order == 0) continue;
+        const std::string name = backupFileName(kind);
+        const auto content = textfile::read(folder + "/" + name);
+        const auto items = content ? kind.items(*content) : Result<DataItems>(content.error());
+        if (!isThere(folder + "/" + name)) {
+            taken.notes.push_back("there is no " + name + ": the radio keeps what it has");
+        } else if (!content) {
+            taken.refusal = content.error().text;
+            return taken;
+        } else if (items && !holdsAnything(kind, *items)) {
+            taken.notes.push_back(name + " holds nothing: the radio keeps what it has");
+        } else {
+            taken.refusal.clear();
+            takeContent(restore, kind, folder + "/" + name, *content, taken);
+            if (!taken.refusal.empty()) return taken;
+        }
+    }
+    return taken;
+}
+
+std::string backupDate(const std::string& folder) {
+    constexpr std::string_view head = "Backup of ";
+    const auto summary = textfile::read(folder + "/summary.txt");
+    if (!summary || !summary->starts_with(head)) return {};
+    return summary->substr(head.size(), summary->find('\n') - head.size());
+}
+
+std::string folderBeside(const std::string& path) {
+    const fs::path normal = fs::path(path).lexically_normal();
+    const fs::path plain = normal.has_filename() ? normal : normal.parent_path();
+    if (plain.filename() == "." || plain.filename() == "..") return (plain / "..").string();
+    return plain.has_parent_path() ? plain.parent_path().string() : ".";
+}
+
+std::vector<std::string> unfinishedRestores(const std::string& folder) {
+    std::vector<std::string> copies;
+    std::error_code ignored;
+    for (fs::directory_iterator entry(folder, ignored), end; entry != end; entry.increment(ignored)) {
+        if (fs::exists(entry->path() / unfinishedRestoreName, ignored)) copies.push_back(entry->path().string());
+    }
+    std::sort(copies.begin(), copies.end());
+    return copies;
+}
+
+}  // namespace korvex
