@@ -169,7 +169,8 @@ void Restore::next() {
 }
 
 bool Restore::hasWork() const {
-    return m_stage == Stage::LineItems ? !part().lineItemsToWrite.empty() : !part().toWrite.empty();
+    if (m_stage == Stage::LineItems) return !part().lineItemsToWrite.empty();
+    return !part().toWrite.empty() && !(m_stage == Stage::ReadingBack && part().isConfirmed);
 }
 
 void Restore::work() {
@@ -191,8 +192,8 @@ void Restore::onStepEnded(const Outcome& outcome) {
     m_stepEnd.end();
     m_patience.end();
     const bool reads = m_stage == Stage::ReadingBack;
-    if (reads ? !wasRead(outcome) || !takeReadBack() : !outcome.isDone()) return breakOff(outcome);
-    if (!reads) part().refused.insert(part().refused.end(), outcome.refused.begin(), outcome.refused.end());
+    if (reads ? !wasRead(outcome) || !takeReadBack() : !outcome.wentThrough()) return breakOff(outcome);
+    if (!reads) part().noteWritten(outcome, m_link.pace == Pace::Answered);
     ++m_part;
     next();
 }

@@ -135,6 +135,12 @@ std::vector<std::string> RestorePart::otherWidths() const {
     return names;
 }
 
+void RestorePart::noteWritten(const Outcome& outcome, bool wasVerified) {
+    refused.insert(refused.end(), outcome.refused.begin(), outcome.refused.end());
+    isConfirmed = kind->isCircle && wasVerified && outcome.isFlawless();
+    if (isConfirmed) present = wanted;
+}
+
 RestoredItem RestorePart::told(const DataItem& item, const DataItem* found) const {
     RestoredItem told{kind, item.name, Became::Unchanged, item.value, valueOf(found)};
     told.isAsTheFileSays = alike(item, found);

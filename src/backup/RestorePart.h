@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "backup/FileKind.h"
+#include "cat/Outcome.h"
 
 namespace korvex {
 
@@ -33,6 +34,7 @@ public:
     DataItems toWrite;                   ///< of `wanted`
     DataItems lineItemsToWrite;          ///< of `lineItems`
     std::vector<std::string> refused{};  ///< names of items, by the writing
+    bool isConfirmed = false;            ///< the writing has seen everything in the radio
 
     /// Chooses what is to be written: what differs from the radio, else all.
     void plan(bool all, bool withLineItems);
@@ -42,6 +44,9 @@ public:
     std::vector<std::string> planDetails() const;
     /// Names of items whose value is wider or narrower than the radio's own.
     std::vector<std::string> otherWidths() const;
+    /// A walk through the band stack leaves each band two registers on, so a band stack that was confirmed as it was
+    /// written is not read back; everything else is.
+    void noteWritten(const Outcome& outcome, bool wasVerified);
     void report(std::vector<RestoredItem>& report) const;
 
 private:

@@ -56,7 +56,6 @@ private:
     void stepDone();
     void listen(int ms);
     void onListened();
-    void tellFlaws();
     void conclude();
     void finish(ExitCode code);
     void tell(const std::string& text);

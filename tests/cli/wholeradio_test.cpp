@@ -167,7 +167,7 @@ TEST_F(WholeRadio, RestoreTellsOfEachItemWhetherItTook) {
     EXPECT_TRUE(said("002: unchanged\n")) << bench.out.str();
     bench.ports.faults() = {};
     bench.ports.faults().forgetsWrite = 2;
-    EXPECT_EQ(bench.run({"restore", "keyer", file("keyer.kem")}), ExitCode::Different);
+    EXPECT_EQ(bench.run({"--pace", "100", "restore", "keyer", file("keyer.kem")}), ExitCode::Different);
     EXPECT_TRUE(said("KM2: different, wanted \"DE DL1XYZ\", the radio has \"QRX\"\n")) << bench.out.str();
     EXPECT_TRUE(said("KM4: left alone, wanted \"\", the radio has \"QRX\"")) << bench.out.str();
     bench.ports.faults() = {};
@@ -213,7 +213,7 @@ TEST_F(WholeRadio, ARestoreThatIsBrokenOffGoesOnFromThere) {
     for (auto channel : {1, 2, 3, 4, 5})
         bench.ports.radio().state.memories.at(static_cast<std::size_t>(channel)) = "07000000+000000300000";
     bench.ports.faults().unplugged = 2 + 99 + 74 + 3;
-    EXPECT_EQ(bench.run({"restore", "memory", file("memory.mem")}), ExitCode::Port);
+    EXPECT_EQ(bench.run({"--pace", "100", "restore", "memory", file("memory.mem")}), ExitCode::Port);
     bench.ports.faults() = {};
     bench.ports.plugIn();
     for (const char* part :
@@ -267,7 +267,9 @@ TEST_F(WholeRadio, DryRunSaysWhatWouldBeSentWithoutARadio) {
     ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
     for (const std::string name : {"menu.mnu", "memory.mem", "list.mef", "bandstack.bsr", "keyer.kem"}) {
         const std::string kind = name.substr(0, name.find('.'));
-        ASSERT_EQ(bench.run({"restore", kind, "--all", "--no-safety-copy", file(name)}), ExitCode::Done) << kind;
+        ASSERT_EQ(bench.run({"--pace", "100", "restore", kind, "--all", "--no-safety-copy", file(name)}),
+                  ExitCode::Done)
+            << kind;
         std::string sent = bench.sent;
         // What is sent for the antennas depends on how the radio stands.
         for (const std::string query : {"AN0;\n", "AN05;\n"}) {
