@@ -63,3 +63,5 @@ at_rest
 receiving "Receiving 25 600 bytes a second for 20 s, terminal visible" 512000 25600 1.25
 receiving "Receiving 10 MB as fast as a pseudo terminal gives them" 10000000 0 1.5
 menu_read
+echo
+"$(dirname "$0")/transfers.sh" "$bin" "$bin/../.."
