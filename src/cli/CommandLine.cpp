@@ -12,9 +12,9 @@ namespace {
 constexpr auto helpEnd =
     "\n"
     "Kinds: menu, memory, list, bandstack, keyer. FILE may be \"-\": standard input or output.\n"
-    "Exit codes: 0 done, 1 compare: different, --verify: not all took, 2 usage, 3 port,\n"
-    "            4 no or wrong answers, or not all (a backup that is made all the same prints its\n"
-    "            folder), 5 file or its own output, 128 + N signal N\n";
+    "Exit codes: 0 done, 1 compare: different, restore: the radio is not as the files say,\n"
+    "            2 usage, 3 port, 4 no or wrong answers, or not all (a backup that is made all the same\n"
+    "            prints its folder), 5 file or its own output, 128 + N signal N\n";
 
 RuntimeError wrong(const std::string& why) {
     return {errors::InvalidPropertyValue, why};

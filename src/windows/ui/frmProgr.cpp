@@ -9,7 +9,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QStyle>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -90,13 +89,15 @@ void frmProgr::showValue() {
 void frmProgr::placeBeside(const QWidget& inUse) {
     const QRect screen = inUse.screen()->availableGeometry();
     const QRect there = inUse.frameGeometry();
-    const QSize frame = size() + QSize(gap, style()->pixelMetric(QStyle::PM_TitleBarHeight) + gap);
+    // Until the window manager has framed this window, a place is that of what stands in the frame.
+    const int title = inUse.geometry().top() - there.top();
+    const QSize frame = size() + QSize(gap, title + gap);
     const int middle = there.center().x() - width() / 2;
     const std::array<QPoint, 4> places = {
         QPoint(middle, there.bottom() + gap), QPoint(middle, there.top() - frame.height()),
         QPoint(there.right() + gap, there.top()), QPoint(there.left() - frame.width(), there.top())};
     for (const QPoint& place : places) {
-        if (screen.contains(QRect(place, frame))) return move(place);
+        if (screen.contains(QRect(place, frame))) return move(place + QPoint(0, title));
     }
     move(screen.bottomRight() - QPoint(frame.width(), frame.height()));
 }
