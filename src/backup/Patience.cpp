@@ -13,7 +13,7 @@ constexpr int standstillMs = 30'000;
 
 }  // namespace
 
-Patience::Patience(CatLink& link, Clock& clock, std::function<void()> lost)
+Patience::Patience(CatLink& link, Clock& clock, const std::function<void()>& lost)
     : m_silence(clock.makeTimer()), m_standstill(clock.makeTimer()) {
     m_silence->setInterval(silenceMs);
     m_standstill->setInterval(standstillMs);

@@ -15,7 +15,7 @@ class CatLink;
 class Patience {
 public:
     /// `lost` is called once; the watch is over then.
-    Patience(CatLink& link, Clock& clock, std::function<void()> lost);
+    Patience(CatLink& link, Clock& clock, const std::function<void()>& lost);
 
     /// A radio that is written into says nothing: each step forward counts as an answer.
     enum class Of { Reading, Writing };

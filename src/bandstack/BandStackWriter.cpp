@@ -251,7 +251,7 @@ void BandStackWriter::onTalked(Outcome outcome) {
         m_link.panels().Error = "Terminated";
         m_link.lineWritten = "Terminated";
     }
-    m_operation->end(std::move(outcome));
+    m_operation->end(outcome);
 }
 
 void BandStackWriter::finish() {

@@ -145,7 +145,7 @@ void Operation::release() {
     m_link.giveBack(*this);
 }
 
-void Operation::end(Outcome outcome) {
+void Operation::end(const Outcome& outcome) {
     if (!m_running) return;
     release();
     if (const auto told = std::exchange(m_onEnd, nullptr)) told(outcome);

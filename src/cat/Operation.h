@@ -101,7 +101,7 @@ public:
 
     /// `done` and `of` are as given. The items that were done before the present one count where nothing was given and
     /// it is broken off.
-    void end(Outcome outcome);
+    void end(const Outcome& outcome);
     /// All `items` that there were to write have gone out. It ends as done, less what was refused, when a slow radio
     /// has had its time to refuse the last one, too; whoever wants the line has it before that.
     void finish(int items);

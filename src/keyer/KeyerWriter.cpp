@@ -68,9 +68,9 @@ void KeyerWriter::converse() {
         }
         return std::nullopt;
     };
-    const auto done = [this](Outcome outcome) {
+    const auto done = [this](const Outcome& outcome) {
         m_link.progress().value = 0;
-        m_operation->end(std::move(outcome));
+        m_operation->end(outcome);
     };
     m_operation->converse({next, [](const Reply&) {}, done});
 }

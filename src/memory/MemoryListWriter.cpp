@@ -69,9 +69,9 @@ void MemoryListWriter::converse() {
         }
         return std::nullopt;
     };
-    const auto done = [this](Outcome outcome) {
+    const auto done = [this](const Outcome& outcome) {
         if (outcome.wentThrough()) m_link.showTerminated();
-        m_operation->end(std::move(outcome));
+        m_operation->end(outcome);
     };
     m_operation->converse({next, [](const Reply&) {}, done});
 }

@@ -79,9 +79,9 @@ void MemoryRestorer::converse() {
         show(m_lines[done]);
         return memoryWriting(memoryWriteCommand(m_lines[done]));
     };
-    const auto done = [this](Outcome outcome) {
+    const auto done = [this](const Outcome& outcome) {
         if (outcome.wentThrough()) m_link.showTerminated();
-        m_operation->end(std::move(outcome));
+        m_operation->end(outcome);
     };
     m_operation->converse({next, [](const Reply&) {}, done});
 }

@@ -79,15 +79,10 @@ void MenuManager::showLabel(const std::string& text, bool isYellow) {
     Label1Yellow = isYellow;
 }
 
-/// A transfer of this window or another one has the port, and this window's has the grid.
-bool MenuManager::busy() const {
-    return m_reader.running() || m_writer.running() || m_link.progress().visible;
-}
-
 // --- grid and database
 
 bool MenuManager::toldBusy(const std::string& title) {
-    const bool isBusy = busy() || m_exchange.running();
+    const bool isBusy = m_reader.running() || m_writer.running() || m_exchange.running();  // it has the grid
     if (isBusy) m_needs.msgBox.exclamation("Please wait until the present transfer has ended.", title);
     return isBusy;
 }
@@ -112,7 +107,7 @@ void MenuManager::saveGrid() {
 // --- the radio -> the selected column
 
 void MenuManager::mnu_readSettings_Click() {
-    if (!columnChecked(selectFirst) || busy()) return;
+    if (!columnChecked(selectFirst) || !m_link.freeLine()) return;
     m_link.panels().Error = "";
     m_readColumn = m_selectedColumn;
     m_rowPointer = 0;
@@ -158,7 +153,7 @@ void MenuManager::readComplete() {
 // --- the selected column -> the radio
 
 void MenuManager::mnuRestore_Click() {
-    if (!columnChecked(selectFirstToWrite) || busy()) return;
+    if (!columnChecked(selectFirstToWrite) || !m_link.freeLine()) return;
     const auto lines = linesOfColumn();
     if (!lines) return;
     m_link.panels().Error = "";
@@ -209,7 +204,6 @@ bool MenuManager::FlexGrid1_KeyDown(int key) {
         return false;
     }
     if (key != keyS && key != keyR) return false;
-    if (busy()) return true;
     const int row = itemRowOf(m_database.numbers(), FlexGrid1.Row());
     if (key == keyS) {
         m_exchange.send(row, FlexGrid1.Col());

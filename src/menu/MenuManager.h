@@ -78,7 +78,6 @@ public:
 private:
     bool isSettingsColumn(int column) const;
     bool columnChecked(const std::string& complaint);
-    bool busy() const;
     bool toldBusy(const std::string& title);
     void prepareGrid();
     void placeAnswer(const std::string& item, const std::string& value);

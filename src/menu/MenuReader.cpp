@@ -85,7 +85,7 @@ void MenuReader::complete() {
     for (int item = 1; item <= menuItemCount; ++item) {
         if (m_answers.answer(item) == "?;") outcome.refused.push_back(zeroPadded(item, 3));
     }
-    m_operation->end(std::move(outcome));
+    m_operation->end(outcome);
 }
 
 void MenuReader::fail() {

@@ -22,7 +22,7 @@ constexpr std::string_view setUpNote =
 
 }  // namespace
 
-Terminal::Terminal(TerminalNeeds needs) : m_needs(std::move(needs)), m_timer10(m_needs.clock.makeTimer()) {
+Terminal::Terminal(const TerminalNeeds& needs) : m_needs(needs), m_timer10(m_needs.clock.makeTimer()) {
     m_timer10->setInterval(200);
     m_connections += m_timer10->tick.connect([this] { Timer10_Timer(); });
 }

@@ -29,7 +29,7 @@ struct TerminalNeeds {
 /// itself is the link's.
 class Terminal {
 public:
-    explicit Terminal(TerminalNeeds needs);
+    explicit Terminal(const TerminalNeeds& needs);
 
     /// Once, when the window is first needed: port configuration and the set-up note. A stored port setting that is
     /// refused is told in a box and leaves the rest undone.

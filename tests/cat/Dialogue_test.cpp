@@ -31,7 +31,7 @@ protected:
             return exchange;
         };
         const auto told = [this](const Reply& reply) { story += nameOf(reply.kind) + reply.answer + " "; };
-        operation->converse({next, told, [this](Outcome outcome) { operation->end(std::move(outcome)); }});
+        operation->converse({next, told, [this](const Outcome& outcome) { operation->end(outcome); }});
     }
 
     static std::string nameOf(Reply::Kind kind) {
