@@ -40,8 +40,8 @@ median() { sort -n | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 korvexctl() { "$bin/korvexctl" --settings "$work/ini" -r "$work/radio" "$@" 2> /dev/null; }
 
 one_transfer() { # SPEED TURNAROUND VERB KIND FIRST
-    local speed=$1 turnaround=$2 verb=$3 kind=$4 first=$5 lines limit took loop=() mine=() rig=() round
-    for round in $(seq "$rounds"); do
+    local speed=$1 turnaround=$2 verb=$3 kind=$4 first=$5 lines limit took loop=() mine=() rig=()
+    for _ in $(seq "$rounds"); do
         lines=$(wc -l < "$work/log")
         korvexctl -s "$speed,n,8,2" "$verb" "$kind" "$work/$kind" || true
         said_since "$lines" "$first" > "$work/said"
@@ -52,7 +52,7 @@ one_transfer() { # SPEED TURNAROUND VERB KIND FIRST
         timeout 60 "$bench/bench_bare_loop" "$work/radio" "$speed" "$work/queries"
         read -r took _ < <(said_since "$lines" "$first" | took_and_limit "$speed" "$turnaround")
         loop+=("$took")
-        [ "$verb $kind" = "save menu" ] && command -v rigctl > /dev/null || continue
+        if [ "$verb $kind" != "save menu" ] || ! command -v rigctl > /dev/null; then continue; fi
         lines=$(wc -l < "$work/log")
         sed 's/.*/W & ;/' "$work/queries" | timeout 60 rigctl -m 1029 -r "$work/radio" -s "$speed" > /dev/null 2>&1 || true
         read -r took _ < <(said_since "$lines" "$first" | took_and_limit "$speed" "$turnaround")
