@@ -176,7 +176,7 @@ void BandStackWriter::converse() {
     m_step = Step::Cell;
     const auto next = [this] { return nextExchange(); };
     const auto heard = [this](const Reply& reply) { take(reply); };
-    m_operation->converse({next, heard, [this](Outcome outcome) { onTalked(std::move(outcome)); }});
+    m_operation->converse({next, heard, [this](const Outcome& outcome) { onTalked(outcome); }});
 }
 
 std::optional<Exchange> BandStackWriter::nextExchange() {
@@ -245,7 +245,7 @@ void BandStackWriter::takeTold(const std::string& answer) {
     if (m_step == Step::Toggle) fill(BandStackCells::antennaCommand, toggleReceiveAntenna);
 }
 
-void BandStackWriter::onTalked(Outcome outcome) {
+void BandStackWriter::onTalked(const Outcome& outcome) {
     if (m_step == Step::AwaitAntenna) return breakOffAtAntenna(outcome.isDone());
     if (outcome.wentThrough()) {
         m_link.panels().Error = "Terminated";

@@ -52,7 +52,7 @@ private:
     Exchange antennaExchange(const std::string& command) const;
     void take(const Reply& reply);
     void takeTold(const std::string& answer);
-    void onTalked(Outcome outcome);
+    void onTalked(const Outcome& outcome);
     bool shouldToggle(const std::string& answer) const;
     void askAntenna();
     Rest takeAntenna(std::string_view answer);

@@ -172,7 +172,7 @@ void Operation::breakOff(Outcome::Kind kind, std::string reason) {
         return end(outcome(Outcome::Kind::Done, *m_finished - static_cast<int>(m_noted.refused.size()), *m_finished));
     Outcome broken = outcome(kind, m_item - 1, m_plan.items);
     broken.reason = std::move(reason);
-    end(std::move(broken));
+    end(broken);
 }
 
 }  // namespace korvex

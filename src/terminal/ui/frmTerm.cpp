@@ -193,26 +193,19 @@ void frmTerm::makePanes() {
     sent->setFocus();
 }
 
-QWidget* frmTerm::makeBufferRow() {
-    auto* row = new QWidget;
-    auto* grid = new QGridLayout(row);
-    grid->setContentsMargins(pixels(50), 0, 4, 0);
-    grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(2);
-
-    auto* heading = new QLabel(QStringLiteral(" Transmit Buffer"), row);
-    heading->setObjectName(QStringLiteral("lblsend"));
+QPushButton* frmTerm::makeClearButton(QWidget* row) {
     auto* clear = new QPushButton(QStringLiteral("clear"), row);
     clear->setObjectName(QStringLiteral("cmd3"));
     clear->setAccessibleName(QStringLiteral("clear"));
     clear->setAccessibleDescription(QStringLiteral("Clears the displays"));
     connect(clear, &QPushButton::clicked, this, [this] { m_terminal.cmd3_Click(); });
-    auto* pathHeading = new QLabel(QStringLiteral("Path"), row);
-    pathHeading->setObjectName(QStringLiteral("Label2"));
+    return clear;
+}
+
+QLineEdit* frmTerm::makePathBox(QWidget* row) {
     auto* path = new QLineEdit(row);
     path->setObjectName(QStringLiteral("txtPath"));
     path->setAccessibleName(QStringLiteral("Save path"));
-    pathHeading->setBuddy(path);
     m_connections += m_terminal.files().path.bind([path](const std::string& text) {
         const QString shown = QString::fromStdString(text);
         if (path->text() != shown) path->setText(shown);
@@ -220,17 +213,26 @@ QWidget* frmTerm::makeBufferRow() {
     });
     connect(path, &QLineEdit::textEdited, this,
             [this](const QString& text) { m_terminal.files().path = text.toStdString(); });
+    return path;
+}
 
+QLabel* frmTerm::makeTypedText(QWidget* row) {
     auto* buffer = new QLabel(row);
     buffer->setObjectName(QStringLiteral("Label1"));
     buffer->setTextFormat(Qt::PlainText);
     buffer->setFrameShape(QFrame::StyledPanel);
     buffer->setAccessibleDescription(QStringLiteral("Typed and not yet sent"));
+    buffer->setMinimumWidth(0);
+    buffer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_connections += m_terminal.Label1.bind([buffer](const std::string& wire) {
         const QString text = QString::fromStdString(utf8FromWire(wire));
         buffer->setText(text);
         buffer->setAccessibleName(text.isEmpty() ? QStringLiteral("Transmit Buffer, empty") : QString());
     });
+    return buffer;
+}
+
+QLineEdit* frmTerm::makeWrittenLine(QWidget* row) {
     auto* line = new QLineEdit(row);
     line->setObjectName(QStringLiteral("Text2"));
     line->setReadOnly(true);
@@ -238,19 +240,33 @@ QWidget* frmTerm::makeBufferRow() {
     line->setAccessibleName(QStringLiteral("Line being written"));
     m_connections += m_terminal.link().lineWritten.bind(
         [line](const std::string& text) { line->setText(QString::fromStdString(text)); });
+    return line;
+}
+
+QWidget* frmTerm::makeBufferRow() {
+    auto* row = new QWidget;
+    auto* grid = new QGridLayout(row);
+    grid->setContentsMargins(pixels(50), 0, 4, 0);
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(2);
+    auto* heading = new QLabel(QStringLiteral(" Transmit Buffer"), row);
+    heading->setObjectName(QStringLiteral("lblsend"));
+    auto* clear = makeClearButton(row);
+    auto* pathHeading = new QLabel(QStringLiteral("Path"), row);
+    pathHeading->setObjectName(QStringLiteral("Label2"));
+    auto* path = makePathBox(row);
+    pathHeading->setBuddy(path);
 
     grid->addWidget(heading, 0, 0);
     grid->addWidget(clear, 0, 1);
     grid->addWidget(pathHeading, 0, 2);
     grid->addWidget(path, 0, 3);
-    grid->addWidget(buffer, 1, 0, 1, 3);
-    grid->addWidget(line, 1, 3);
+    grid->addWidget(makeTypedText(row), 1, 0, 1, 3);
+    grid->addWidget(makeWrittenLine(row), 1, 3);
     grid->setColumnMinimumWidth(0, pixels(1200 - 50) - grid->horizontalSpacing());
     grid->setColumnMinimumWidth(1, pixels(1900 - 1200) - grid->horizontalSpacing());
     grid->setColumnMinimumWidth(2, pixels(2300 - 1900) - grid->horizontalSpacing());
     grid->setColumnStretch(3, 1);
-    buffer->setMinimumWidth(0);
-    buffer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     return row;
 }
 

@@ -7,7 +7,10 @@
 #include "windows/ui/PortSwitch.h"
 #include "windows/ui/ToolWindow.h"
 
+class QLabel;
+class QLineEdit;
 class QMenu;
+class QPushButton;
 
 namespace korvex {
 
@@ -41,6 +44,10 @@ private:
     void makeToolBar();
     void makePanes();
     void makeStatusBar();
+    QPushButton* makeClearButton(QWidget* row);
+    QLineEdit* makePathBox(QWidget* row);
+    QLabel* makeTypedText(QWidget* row);
+    QLineEdit* makeWrittenLine(QWidget* row);
     QWidget* makeBufferRow();
     QWidget* makeConnectFrame();
     void followPort();
