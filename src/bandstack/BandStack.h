@@ -11,7 +11,7 @@ namespace korvex {
 struct BandStack {
     BandStack();
 
-    MSFlexGrid FlexGrid1{BandStackCells::allRows, BandStackCells::columns};
+    MSFlexGrid grid{BandStackCells::allRows, BandStackCells::columns};
 
     /// Every cell as it stands there.
     BandStackCells cells() const;

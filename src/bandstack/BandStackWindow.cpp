@@ -41,7 +41,7 @@ void BandStackWindow::listen() {
     m_connections += m_writer.began.connect([this] { m_stack.show(m_writer.cells()); });
     m_connections += m_writer.told.connect(
         [this](int row, int column) { m_stack.show(row, column, m_writer.cells().at(row, column)); });
-    m_connections += m_writer.sendsCell.connect([this](const std::string& wire) { Text3 = utf8FromWire(wire); });
+    m_connections += m_writer.sendsCell.connect([this](const std::string& wire) { cellWritten = utf8FromWire(wire); });
     m_connections += m_writer.ended.connect([this](const Outcome& outcome) { onWriteEnded(outcome); });
 }
 
@@ -145,9 +145,9 @@ Outcome::Kind BandStackWindow::loadBandStackFile() {
         tellLoadError(*loaded.failure);
         return kind;
     }
-    Label2 = "0";
+    loadError = "0";
     if (kind == Outcome::Kind::Done) dateipath = *loaded.file;
-    if (kind == Outcome::Kind::Cancelled) Label2Yellow = true;  // a cancelled dialog counts as an error that is none
+    if (kind == Outcome::Kind::Cancelled) loadErrorSeen = true;  // a cancelled dialog counts as an error that is none
     return kind;
 }
 
@@ -160,8 +160,8 @@ Failure BandStackWindow::take(const std::string& content) {
 
 void BandStackWindow::tellLoadError(const RuntimeError& error) {
     const std::string_view message = messageFor(error.number);
-    Label2 = std::to_string(message.empty() ? 0 : error.number);
-    Label2Yellow = true;
+    loadError = std::to_string(message.empty() ? 0 : error.number);
+    loadErrorSeen = true;
     dateipath = "Not loaded: " + error.text;
     m_files.msgBox().stop(message.empty() ? error.text : std::string(message) + "\r\n" + error.text);
 }

@@ -37,10 +37,10 @@ public:
     BandStackWriter& writer() { return m_writer; }
     OwnersFiles& files() { return m_files; }
 
-    Property<std::string> Text3;         ///< the text that is being written to the radio, UTF-8
-    Property<std::string> dateipath;     ///< panel "Dateipath"
-    Property<std::string> Label2;        ///< the error number of the last load
-    Property<bool> Label2Yellow{false};  ///< an error has been seen
+    Property<std::string> cellWritten;    ///< the text that is being written to the radio, UTF-8
+    Property<std::string> dateipath;      ///< panel "Dateipath"
+    Property<std::string> loadError;      ///< the error number of the last load
+    Property<bool> loadErrorSeen{false};  ///< an error has been seen
 
     /// A reading and the saving of what it read have ended.
     Signal<const Outcome&> readEnded;

@@ -53,7 +53,7 @@ void EqWindow::showPortState() {
         settingsPanel = "Settings: ";
         errorPanel = "";
     }
-    Label5 = open ? "click to close" : "click to open";
+    portHint = open ? "click to close" : "click to open";
 }
 
 /// Sliders that the radio has not set stand where they stood; the owner must know.

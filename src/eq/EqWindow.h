@@ -40,11 +40,11 @@ public:
     void closeBox();
     void mnu_EXit_Click();
 
-    /// Connect pictures, check mark of `comop` and caption of `Label5` follow this one value.
+    /// Connect pictures, check mark of `comop` and caption of `portHint` follow this one value.
     Property<bool> connected{false};
     Property<std::string> settingsPanel;
     Property<std::string> errorPanel;
-    Property<std::string> Label5{"click to open"};
+    Property<std::string> portHint{"click to open"};
 
     /// Where closing leads: the window and the program do these, in the order in which they are told.
     Signal<> storePlace;

@@ -45,7 +45,7 @@ void MemoryEditor::Timer2_Timer() {
 
 void MemoryEditor::Combo1_Click(int position) {
     if (position < 0 || position >= MemoryList::rows) return;
-    Combo1 = position;
+    channelPlace = position;
     m_fields[MemoryField::Channel] = channelText(channel());
     loadEditorFromList();
 }
@@ -71,7 +71,7 @@ void MemoryEditor::composeEditorWriteCommand() {
     if (m_loading) return;
     m_fields[MemoryField::Frequency] = txt1.digits();
     m_fields[MemoryField::ClarifierOffset] = txt2.digits();
-    Text2 = memoryWriteCommand(m_fields);
+    writeCommand = memoryWriteCommand(m_fields);
 }
 
 /// A code that its list does not have (the radio knows more modes than the form) is carried as it stands, so that a
@@ -89,7 +89,7 @@ void MemoryEditor::loadEditorFromList() {
     txt1.setDigits(m_list.cell(channel(), MemoryField::Frequency));
     txt2.setDigits(m_list.cell(channel(), MemoryField::ClarifierOffset));
     for (const auto& [field, choice] : m_choices) take(field, m_list.cell(channel(), field));
-    Text1 = m_list.cell(channel(), MemoryField::Remark);
+    remarkText = m_list.cell(channel(), MemoryField::Remark);
     m_loading = false;
     composeEditorWriteCommand();
     m_edited = false;
@@ -101,7 +101,7 @@ void MemoryEditor::followReading() {
 
 std::optional<std::string> MemoryEditor::Text1_Change(const std::string& utf8) {
     if (auto refusal = whyRemarkIsRefused(utf8)) return refusal;
-    Text1 = utf8;
+    remarkText = utf8;
     m_edited = true;
     return std::nullopt;
 }
@@ -109,12 +109,12 @@ std::optional<std::string> MemoryEditor::Text1_Change(const std::string& utf8) {
 void MemoryEditor::Command1_Click() {
     composeEditorWriteCommand();
     m_list.place(channel(), m_fields);
-    m_list.setRemark(channel(), Text1);
+    m_list.setRemark(channel(), remarkText);
     m_edited = false;
 }
 
 void MemoryEditor::cmd2_Click() {
-    exchange(Text2);
+    exchange(writeCommand);
 }
 
 void MemoryEditor::cmd3_Click() {
@@ -122,13 +122,13 @@ void MemoryEditor::cmd3_Click() {
 }
 
 /// Writes the channel, if there is a command for it, and asks the radio for what it holds.
-void MemoryEditor::exchange(const std::string& writeCommand) {
+void MemoryEditor::exchange(const std::string& write) {
     if (!m_link.PortOpen()) return;
     auto operation = m_link.begin({ActiveOperation::ReadOneChannel, "Reading memory " + channelText(channel())});
     if (!operation) return readingEnded.emit(m_link.notBegun());
     m_operation = std::move(operation);
     hint = "";
-    m_wrote = !writeCommand.empty();
+    m_wrote = !write.empty();
     m_writeRefused = false;
     m_currentRow = channel();
     m_cellBefore = m_list.cell(m_currentRow, MemoryField::Channel);
@@ -136,7 +136,7 @@ void MemoryEditor::exchange(const std::string& writeCommand) {
     m_operation->expect({"MR", shortestMemoryString});
     m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
     m_operation->onEnd([this](const Outcome& outcome) { readingEnded.emit(outcome); });
-    if (m_wrote) m_operation->send(writeCommand);
+    if (m_wrote) m_operation->send(write);
     m_operation->send(memoryReadCommand(m_currentRow) + std::string(crLf));
     m_operation->after(patienceMs, [this] { giveUp(); });
 }

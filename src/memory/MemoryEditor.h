@@ -25,15 +25,15 @@ public:
     void Form_Load();
 
     // --- the form
-    Property<int> Combo1{0};  ///< position in the channel list: channel minus 1
+    Property<int> channelPlace{0};  ///< position in the channel list: channel minus 1
     /// The position of a field in its list of labels; -1 for a code that the list does not have (`codes(field)`).
     const Property<int>& choice(MemoryField field) const { return m_choices.at(field).position; }
     Property<int>& choice(MemoryField field) { return m_choices.at(field).position; }
     const CodeList& codes(MemoryField field) const { return m_choices.at(field).list; }
     DigitBox txt1{frequencyPattern};
     DigitBox txt2{clarifierPattern};
-    Property<std::string> Text1{"Enter Remarks"};  ///< the remark, UTF-8; not part of the command
-    Property<std::string> Text2;                   ///< the write command, also shown in the panel "MemString"
+    Property<std::string> remarkText{"Enter Remarks"};  ///< the remark, UTF-8; not part of the command
+    Property<std::string> writeCommand;                 ///< the write command, also shown in the panel "MemString"
     /// The boxes were shown anew as a click does it: their whole text is to be selected.
     Signal<> boxesShownAnew;
 
@@ -68,11 +68,11 @@ private:
         Property<int> position{0};
     };
 
-    int channel() const { return Combo1 + 1; }
+    int channel() const { return channelPlace + 1; }
     void onFieldChanged();
     void take(MemoryField field, std::string_view code);
     void Timer2_Timer();
-    void exchange(const std::string& writeCommand);
+    void exchange(const std::string& write);
     Rest takeAnswer(std::string_view answer);
     Rest takeRefusal();
     void giveUp();

@@ -52,27 +52,27 @@ private:
 }  // namespace
 
 MemoryList::MemoryList()
-    : FlexGrid1(rows + 1, static_cast<int>(columns.size())), FlexGrid2(10, static_cast<int>(columns.size())) {
+    : grid(rows + 1, static_cast<int>(columns.size())), copied(10, static_cast<int>(columns.size())) {
     for (int col = 0; col <= lastColumn; ++col) {
         const auto index = static_cast<std::size_t>(col);
-        FlexGrid1.setColWidth(col, columns[index].width);
-        FlexGrid2.setColWidth(col, columns[index].width);
-        FlexGrid1.setTextMatrix(1, col, sampleRow[index]);
+        grid.setColWidth(col, columns[index].width);
+        copied.setColWidth(col, columns[index].width);
+        grid.setTextMatrix(1, col, sampleRow[index]);
     }
     setListHeaders();
-    FlexGrid1.setCurrent(1, firstColumn);
+    grid.setCurrent(1, firstColumn);
     noteSaved();
 }
 
 void MemoryList::setListHeaders() {
     for (int col = 0; col <= lastColumn; ++col) {
-        FlexGrid1.setTextMatrix(0, col, columns[static_cast<std::size_t>(col)].header);
+        grid.setTextMatrix(0, col, columns[static_cast<std::size_t>(col)].header);
     }
-    for (int row = 1; row <= rows; ++row) FlexGrid1.setTextMatrix(row, 0, std::to_string(row));
+    for (int row = 1; row <= rows; ++row) grid.setTextMatrix(row, 0, std::to_string(row));
 }
 
 void MemoryList::setCell(int row, MemoryField field, std::string text) {
-    if (isChannelRow(row)) FlexGrid1.setTextMatrix(row, column(field), std::move(text));
+    if (isChannelRow(row)) grid.setTextMatrix(row, column(field), std::move(text));
 }
 
 MemoryRecord MemoryList::channelFields(int row) const {
@@ -84,7 +84,7 @@ MemoryRecord MemoryList::channelFields(int row) const {
 MemoryList::Row MemoryList::cellsOf(int row) const {
     Row cells;
     for (int col = firstColumn; col <= lastColumn; ++col) {
-        cells.at(static_cast<std::size_t>(col - firstColumn)) = FlexGrid1.TextMatrix(row, col);
+        cells.at(static_cast<std::size_t>(col - firstColumn)) = grid.TextMatrix(row, col);
     }
     return cells;
 }
@@ -119,7 +119,7 @@ void MemoryList::fillRow(int row, const MemoryRecord& record) {
 }
 
 void MemoryList::place(int row, const MemoryRecord& record) {
-    const OneRedraw quiet(FlexGrid1);
+    const OneRedraw quiet(grid);
     fillRow(row, record);
     noteChange();
 }
@@ -150,7 +150,7 @@ void MemoryList::placeReading(int row, const MemoryRecord& record) {
 }
 
 void MemoryList::fillListFromMemoryTable(const MemoryTable& table, const std::set<int>& kept) {
-    const OneRedraw quiet(FlexGrid1);
+    const OneRedraw quiet(grid);
     for (int slot = 1; slot <= lastMemoryChannel; ++slot) {
         const auto record = parseMemoryString(table[slot]);
         const int row = record ? memoryListRow((*record)[MemoryField::Channel]) : 0;
@@ -177,24 +177,24 @@ std::set<int> MemoryList::rowsChangedMeanwhile(const MemoryTable& table) const {
 }
 
 void MemoryList::replaceAll(const std::map<int, MemoryRecord>& records) {
-    const OneRedraw quiet(FlexGrid1);
-    FlexGrid1.Clear();
+    const OneRedraw quiet(grid);
+    grid.Clear();
     setListHeaders();
     for (const auto& [row, record] : records) fillRow(row, record);
     noteSaved();
 }
 
 void MemoryList::markRow(int row) {
-    for (int col = firstColumn; col <= lastColumn; ++col) FlexGrid1.setCellBackColor(row, col, yellow);
+    for (int col = firstColumn; col <= lastColumn; ++col) grid.setCellBackColor(row, col, yellow);
 }
 
 void MemoryList::emptyRow(int row) {
-    for (int col = firstColumn; col <= lastColumn; ++col) FlexGrid1.setTextMatrix(row, col, {});
+    for (int col = firstColumn; col <= lastColumn; ++col) grid.setTextMatrix(row, col, {});
 }
 
 void MemoryList::moveRow(int from, int to) {
     for (int col = firstColumn; col <= lastColumn; ++col) {
-        FlexGrid1.setTextMatrix(to, col, FlexGrid1.TextMatrix(from, col));
+        grid.setTextMatrix(to, col, grid.TextMatrix(from, col));
     }
 }
 
@@ -206,7 +206,7 @@ void MemoryList::renumberFilledRows() {
 
 void MemoryList::clearRow(int row) {
     if (!isChannelRow(row)) return;
-    const OneRedraw quiet(FlexGrid1);
+    const OneRedraw quiet(grid);
     markRow(row);
     emptyRow(row);
     noteChange();
@@ -214,7 +214,7 @@ void MemoryList::clearRow(int row) {
 
 void MemoryList::insertRow(int row) {
     if (!isChannelRow(row)) return;
-    const OneRedraw quiet(FlexGrid1);
+    const OneRedraw quiet(grid);
     for (int to = rows; to > row; --to) moveRow(to - 1, to);
     emptyRow(row);
     renumberFilledRows();
@@ -223,7 +223,7 @@ void MemoryList::insertRow(int row) {
 
 void MemoryList::deleteRow(int row) {
     if (!isChannelRow(row)) return;
-    const OneRedraw quiet(FlexGrid1);
+    const OneRedraw quiet(grid);
     for (int to = row; to < rows; ++to) moveRow(to + 1, to);
     emptyRow(rows);
     renumberFilledRows();
@@ -233,30 +233,30 @@ void MemoryList::deleteRow(int row) {
 void MemoryList::copyRow(int row) {
     if (!isChannelRow(row)) return;
     for (int col = firstColumn; col <= lastColumn; ++col) {
-        FlexGrid2.setTextMatrix(bufferRow, col, FlexGrid1.TextMatrix(row, col));
+        copied.setTextMatrix(bufferRow, col, grid.TextMatrix(row, col));
     }
     m_copied = true;
 }
 
 void MemoryList::copyRowMarked(int row) {
     if (!isChannelRow(row)) return;
-    const OneRedraw quiet(FlexGrid1);
+    const OneRedraw quiet(grid);
     markRow(row);
     copyRow(row);
 }
 
 void MemoryList::pasteRow(int row) {
     if (!isChannelRow(row) || !m_copied) return;
-    const OneRedraw quiet(FlexGrid1);
-    FlexGrid2.setTextMatrix(bufferRow, firstColumn, channelText(row));
+    const OneRedraw quiet(grid);
+    copied.setTextMatrix(bufferRow, firstColumn, channelText(row));
     for (int col = firstColumn; col <= lastColumn; ++col) {
-        FlexGrid1.setTextMatrix(row, col, FlexGrid2.TextMatrix(bufferRow, col));
+        grid.setTextMatrix(row, col, copied.TextMatrix(bufferRow, col));
     }
     noteChange();
 }
 
 void MemoryList::List1_Click(int entry) {
-    const int row = FlexGrid1.Row();
+    const int row = grid.Row();
     switch (entry) {
         case 0: return clearRow(row);
         case 1: return insertRow(row);
@@ -269,8 +269,8 @@ void MemoryList::List1_Click(int entry) {
 
 void MemoryList::FlexGrid1_KeyDown(char key) {
     const char letter = asciiUpper(key);
-    if (letter == 'C') copyRow(FlexGrid1.Row());
-    if (letter == 'V') pasteRow(FlexGrid1.Row());
+    if (letter == 'C') copyRow(grid.Row());
+    if (letter == 'V') pasteRow(grid.Row());
 }
 
 int memoryListRow(std::string_view channel) {

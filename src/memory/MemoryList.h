@@ -21,8 +21,8 @@ class MemoryList {
 public:
     MemoryList();
 
-    MSFlexGrid FlexGrid1;  ///< row 0 and column 0 are labels
-    MSFlexGrid FlexGrid2;  ///< the buffer of copy and paste: its row 1
+    MSFlexGrid grid;    ///< row 0 and column 0 are labels
+    MSFlexGrid copied;  ///< the buffer of copy and paste: its row 1
 
     static constexpr int rows = lastMemoryChannel;
     static constexpr int column(MemoryField field) { return static_cast<int>(field) + 1; }
@@ -30,7 +30,7 @@ public:
     void setListHeaders();
 
     /// What a cell shows (UTF-8).
-    const std::string& cell(int row, MemoryField field) const { return FlexGrid1.TextMatrix(row, column(field)); }
+    const std::string& cell(int row, MemoryField field) const { return grid.TextMatrix(row, column(field)); }
     void setCell(int row, MemoryField field, std::string text);
     bool filled(int row) const { return !cell(row, MemoryField::Frequency).empty(); }
 

@@ -51,17 +51,17 @@ void ItemExchange::send(int row, int col) {
         return;
     }
     if (!begin()) return;
-    Text7 = value;
-    Text1 = utf8FromWire(*command);
+    valueCompared = value;
+    commandSent = utf8FromWire(*command);
     m_operation->send(*command);
-    Text1 = "EX" + m_number + ";";
+    commandSent = "EX" + m_number + ";";
     m_operation->after(settleMs, [this] { ask(); });
 }
 
 void ItemExchange::read(int row, int col) {
     if (!choose(row, col) || !begin()) return;
-    Text7 = m_grid.TextMatrix(m_row, m_col);
-    Text1 = "EX" + m_number + ";";
+    valueCompared = m_grid.TextMatrix(m_row, m_col);
+    commandSent = "EX" + m_number + ";";
     ask();
 }
 
@@ -77,7 +77,7 @@ Rest ItemExchange::takeAnswer(std::string_view answer) {
     const std::size_t head = 2 + m_number.size();
     if (!m_asked || answer.size() <= head + 1) return Rest::GoOn;
     m_link.received().append(crLf);
-    Text2 = utf8FromWire(answer.substr(head, answer.size() - head - 1));
+    valueAnswered = utf8FromWire(answer.substr(head, answer.size() - head - 1));
     m_operation->end({Outcome::Kind::Done, 1, 1, {}, {}});
     return Rest::GoOn;
 }
@@ -90,26 +90,26 @@ void ItemExchange::end(const Outcome& outcome) {
     ended.emit(outcome);
 }
 
-/// Text3 gets another number; whatever it was, it is never the same again.
+/// answerNumber gets another number; whatever it was, it is never the same again.
 void ItemExchange::showAnswer() {
     releaseEditor.emit();
     constexpr int numbers = 49;
-    const int last = parseWhole(Text3.get()).value_or(1);
+    const int last = parseWhole(answerNumber.get()).value_or(1);
     const int step = 1 + static_cast<int>(m_random() % (numbers - 1));
-    m_grid.setTextMatrix(m_row, m_col, Text2);
-    Text3 = std::to_string(1 + (last - 1 + step) % numbers);
+    m_grid.setTextMatrix(m_row, m_col, valueAnswered);
+    answerNumber = std::to_string(1 + (last - 1 + step) % numbers);
 }
 
 void ItemExchange::compare() {
     const auto tell = [this](const std::string& text, const std::string& title) {
         m_msgBox.show({text, title, MsgIcon::Exclamation, MsgButtons::CancelTryAgainContinue});
     };
-    if (Text2.get() == Text7.get()) {
+    if (valueAnswered.get() == valueCompared.get()) {
         tell("  no changes  ", "Equal");
         return;
     }
-    tell("  New Value  " + Text2.get() + "\r\n  Save settings in file before Exit the program ", "New Value");
-    Text7 = "";
+    tell("  New Value  " + valueAnswered.get() + "\r\n  Save settings in file before Exit the program ", "New Value");
+    valueCompared = "";
     newValue.emit();
 }
 

@@ -27,10 +27,10 @@ public:
     void send(int row, int col);
     void read(int row, int col);
 
-    Property<std::string> Text1;  ///< the command, UTF-8
-    Property<std::string> Text2;  ///< the value that the radio answered
-    Property<std::string> Text3;  ///< another number at each answer; the change puts the value into its cell
-    Property<std::string> Text7;  ///< the value that is compared with the answer
+    Property<std::string> commandSent;    ///< the command, UTF-8
+    Property<std::string> valueAnswered;  ///< the value that the radio answered
+    Property<std::string> answerNumber;   ///< another number at each answer; the change puts the value into its cell
+    Property<std::string> valueCompared;  ///< the value that is compared with the answer
 
     Signal<> releaseEditor;  ///< an answer is about to go into the grid
     Signal<> newValue;       ///< the radio has another value than was in the cell, and the user has seen it

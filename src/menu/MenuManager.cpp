@@ -31,11 +31,11 @@ const std::string selectFirstToWrite = "Aborted. Select first a Column: Settings
 MenuManager::MenuManager(MenuManagerNeeds needs)
     : m_needs(std::move(needs)),
       m_link(m_needs.link),
-      m_database({m_needs.database, m_needs.clock, m_needs.msgBox, m_link.progress(), FlexGrid1,
+      m_database({m_needs.database, m_needs.clock, m_needs.msgBox, m_link.progress(), grid,
                   m_needs.programFolder + "/" + std::string(descriptionDatabaseName), m_needs.shippedDescriptions}),
       m_reader(m_link),
       m_writer(m_link),
-      m_exchange(m_link, m_needs.msgBox, FlexGrid1) {
+      m_exchange(m_link, m_needs.msgBox, grid) {
     m_database.prepareGrid = [this] { prepareGrid(); };
     m_connections +=
         m_reader.told.connect([this](const std::string& item, const std::string& value) { placeAnswer(item, value); });
@@ -55,28 +55,28 @@ void MenuManager::Form_Load() {
 }
 
 void MenuManager::prepareGrid() {
-    FlexGrid1.setRedraw(false);
-    FlexGrid1.setCols(static_cast<int>(columnWidths.size()));
+    grid.setRedraw(false);
+    grid.setCols(static_cast<int>(columnWidths.size()));
     for (std::size_t column = 0; column < columnWidths.size(); ++column) {
-        FlexGrid1.setColWidth(static_cast<int>(column), columnWidths[column]);
+        grid.setColWidth(static_cast<int>(column), columnWidths[column]);
     }
-    FlexGrid1.setRedraw(true);
+    grid.setRedraw(true);
 }
 
 bool MenuManager::isSettingsColumn(int column) const {
-    return column >= firstSettingsColumn && column <= FlexGrid1.Cols() - columnsAfterSettings;
+    return column >= firstSettingsColumn && column <= grid.Cols() - columnsAfterSettings;
 }
 
 bool MenuManager::columnChecked(const std::string& complaint) {
-    const bool inSight = FlexGrid1.Col() <= FlexGrid1.Cols() - columnsAfterSettings;
+    const bool inSight = grid.Col() <= grid.Cols() - columnsAfterSettings;
     if (m_selectedColumn >= firstSettingsColumn && inSight) return true;
     m_needs.msgBox.show({complaint, "", MsgIcon::Information});
     return false;
 }
 
 void MenuManager::showLabel(const std::string& text, bool isYellow) {
-    Label1 = text;
-    Label1Yellow = isYellow;
+    notice = text;
+    noticeWarns = isYellow;
 }
 
 // --- grid and database
@@ -116,8 +116,8 @@ void MenuManager::mnu_readSettings_Click() {
 }
 
 int MenuManager::rowOfItem(const std::string& item, int from) const {
-    for (int row = from; row < FlexGrid1.Rows(); ++row) {
-        if (FlexGrid1.TextMatrix(row, 0) == item) return row;
+    for (int row = from; row < grid.Rows(); ++row) {
+        if (grid.TextMatrix(row, 0) == item) return row;
     }
     return -1;
 }
@@ -131,7 +131,7 @@ void MenuManager::placeAnswer(const std::string& item, const std::string& value)
     if (row < 0) return;
     m_rowPointer = row;
     ++m_placedAnswers;
-    FlexGrid1.setTextMatrix(row, m_readColumn, utf8FromWire(value));
+    grid.setTextMatrix(row, m_readColumn, utf8FromWire(value));
 }
 
 void MenuManager::onReadEnded(const Outcome& outcome) {
@@ -170,7 +170,7 @@ std::optional<std::vector<std::string>> MenuManager::linesOfColumn() {
     for (int item = 1; item <= menuItemCount; ++item) {
         const std::string number = zeroPadded(item, 3);
         const int row = rowOfItem(number, 0);
-        const std::string& value = FlexGrid1.TextMatrix(row, m_selectedColumn);
+        const std::string& value = grid.TextMatrix(row, m_selectedColumn);
         const auto command = menuWriteCommand(number, value);
         if (!command) {
             m_needs.msgBox.exclamation("Menu item " + number + ": \"" + value + "\" is no value; nothing was sent.",
@@ -188,43 +188,43 @@ std::optional<std::vector<std::string>> MenuManager::linesOfColumn() {
 void MenuManager::FlexGrid1_RightClick(int column) {
     if (!isSettingsColumn(column)) return;
     m_selectedColumn = column;
-    FlexGrid1.setRedraw(false);
+    grid.setRedraw(false);
     for (int col = firstSettingsColumn; isSettingsColumn(col); ++col) {
-        for (int row = 0; row < FlexGrid1.Rows(); ++row) {
+        for (int row = 0; row < grid.Rows(); ++row) {
             const bool marked = col == column && row > 0;
-            FlexGrid1.setCellBackColor(row, col, marked ? std::optional(yellow) : std::nullopt);
+            grid.setCellBackColor(row, col, marked ? std::optional(yellow) : std::nullopt);
         }
     }
-    FlexGrid1.setRedraw(true);
+    grid.setRedraw(true);
 }
 
 bool MenuManager::FlexGrid1_KeyDown(int key) {
-    if (!isSettingsColumn(FlexGrid1.Col())) {
-        m_exchange.Text1 = "";
+    if (!isSettingsColumn(grid.Col())) {
+        m_exchange.commandSent = "";
         return false;
     }
     if (key != keyS && key != keyR) return false;
-    const int row = itemRowOf(m_database.numbers(), FlexGrid1.Row());
+    const int row = itemRowOf(m_database.numbers(), grid.Row());
     if (key == keyS) {
-        m_exchange.send(row, FlexGrid1.Col());
+        m_exchange.send(row, grid.Col());
     } else {
-        m_exchange.read(row, FlexGrid1.Col());
+        m_exchange.read(row, grid.Col());
     }
     return true;
 }
 
 bool MenuManager::isCurrentCellEditable() const {
-    return isSettingsColumn(FlexGrid1.Col()) && FlexGrid1.CellBackColor(FlexGrid1.Row(), FlexGrid1.Col()) == yellow;
+    return isSettingsColumn(grid.Col()) && grid.CellBackColor(grid.Row(), grid.Col()) == yellow;
 }
 
 void MenuManager::mnu_editTitle_Click() {
     if (!columnChecked(selectFirst)) return;
-    FlexGrid1.setCurrent(0, m_selectedColumn);
-    showTitleDialog.emit(FlexGrid1.TextMatrix(0, m_selectedColumn));
+    grid.setCurrent(0, m_selectedColumn);
+    showTitleDialog.emit(grid.TextMatrix(0, m_selectedColumn));
 }
 
 void MenuManager::Command1_Click(const std::string& title) {
-    FlexGrid1.setTextMatrix(0, m_selectedColumn, title);
+    grid.setTextMatrix(0, m_selectedColumn, title);
 }
 
 void MenuManager::mnu_exit_Click() {

@@ -58,12 +58,12 @@ public:
     /// Whether the current cell is one that the cell editor opens on.
     bool isCurrentCellEditable() const;
 
-    MSFlexGrid FlexGrid1{192, 14};
+    MSFlexGrid grid{192, 14};
     /// 0 until the user selects one.
     int SelectedSettingsColumn() const { return m_selectedColumn; }
 
-    Property<std::string> Label1{" "};
-    Property<bool> Label1Yellow{false};
+    Property<std::string> notice{" "};
+    Property<bool> noticeWarns{false};
 
     ItemExchange& exchange() { return m_exchange; }
     MenuWriter& writer() { return m_writer; }

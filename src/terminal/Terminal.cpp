@@ -60,19 +60,19 @@ void Terminal::term3_KeyPress(std::string_view character) {
     }
     m_needs.link.sent().append(enter ? crLf : *wire);
     if (enter && m_needs.link.PortOpen()) {
-        m_needs.link.send(Label1.get());
-        Label1 = "";
+        m_needs.link.send(transmitBuffer.get());
+        transmitBuffer = "";
         return;
     }
-    Label1 = Label1.get() + *wire;
+    transmitBuffer = transmitBuffer.get() + *wire;
 }
 
 void Terminal::term3_Backspace() {
-    std::string typed = Label1;
+    std::string typed = transmitBuffer;
     if (typed.empty()) return;
     const std::string shown = typed.back() == '\r' ? std::string(crLf) : typed.substr(typed.size() - 1);
     typed.pop_back();
-    Label1 = typed;
+    transmitBuffer = typed;
     m_needs.link.sent().dropLast(shown);
 }
 
@@ -87,7 +87,7 @@ void Terminal::term3_Paste(std::string_view utf8) {
     }
     const std::string wire = *wireFromUtf8(text);
     m_needs.link.sent().append(wire);
-    Label1 = Label1.get() + wire;
+    transmitBuffer = transmitBuffer.get() + wire;
 }
 
 void Terminal::cmd3_Click() {

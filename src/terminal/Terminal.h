@@ -58,7 +58,7 @@ public:
     /// Another tool has been picked before the switch to the equalizer came about.
     void forgetEqualizerSwitch() { m_timer10->setEnabled(false); }
 
-    Property<std::string> Label1;  ///< the transmit buffer, wire text: typed and not yet sent
+    Property<std::string> transmitBuffer;  ///< the transmit buffer, wire text: typed and not yet sent
 
     CatLink& link() { return m_needs.link; }
     OwnersFiles& files() { return m_needs.files; }

@@ -61,8 +61,8 @@ struct WholeBackup : testing::Test {
 
 std::string everythingInTheWindows(Program& program) {
     std::string text = keyerFileText(program.keyerWindow.table().fileRows()) + menuFileText(program.menuSave.answers());
-    const std::vector<const MSFlexGrid*> grids = {
-        &program.memory.list.FlexGrid1, &program.bandStackWindow.stack().FlexGrid1, &program.menuManager.FlexGrid1};
+    const std::vector<const MSFlexGrid*> grids = {&program.memory.list.grid, &program.bandStackWindow.stack().grid,
+                                                  &program.menuManager.grid};
     for (const auto* grid : grids) {
         for (int row = 0; row < grid->Rows(); ++row) {
             for (int column = 0; column < grid->Cols(); ++column) text += grid->TextMatrix(row, column) + "|";
@@ -70,10 +70,10 @@ std::string everythingInTheWindows(Program& program) {
     }
     for (int slot = 0; slot <= MemoryTable::lastSlot; ++slot) text += program.memory.table[slot];
     for (const std::string& shown :
-         {program.files.path.get(), program.terminal.Label1.get(), program.memory.listFiles.files.path.get(),
-          program.memory.editor.Text2.get(), program.bandStackWindow.dateipath.get(),
+         {program.files.path.get(), program.terminal.transmitBuffer.get(), program.memory.listFiles.files.path.get(),
+          program.memory.editor.writeCommand.get(), program.bandStackWindow.dateipath.get(),
           program.bandStackWindow.files().path.get(), program.keyerWindow.hint.get(),
-          program.menuManager.Label1.get()}) {
+          program.menuManager.notice.get()}) {
         text += shown + "\n";
     }
     return text;
@@ -86,7 +86,7 @@ TEST_F(WholeBackup, SavesTheRadioAndLeavesWhatTheWindowsHold) {
     program.keyerWindow.table().setText(2, WireText(std::string("TYPED")));
     program.bandStackWindow.Form_Load();
     program.bandStackWindow.stack().show(3, 3, "TYPED");
-    program.menuManager.FlexGrid1.setTextMatrix(5, 5, "typed");
+    program.menuManager.grid.setTextMatrix(5, 5, "typed");
     program.terminal.term3_KeyPress("F");
     const std::string before = everythingInTheWindows(program);
     bench.ports.faults().refusesItems = {"EX042", "BS02"};

@@ -21,7 +21,7 @@ struct BandStackBench : fakes::ProgramBench<Ports> {
         events += window.writer().ended.connect([this](const Outcome& end) { ends.push_back(end); });
         window.Form_Load();
     }
-    std::string cell(int row, int column) { return window.stack().FlexGrid1.TextMatrix(row, column); }
+    std::string cell(int row, int column) { return window.stack().grid.TextMatrix(row, column); }
     void setCell(int row, int column, const std::string& wire) { window.stack().show(row, column, wire); }
     ActiveOperation operation() { return this->program.link.activeOperation(); }
 };

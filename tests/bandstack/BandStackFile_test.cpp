@@ -18,7 +18,7 @@ struct BandStackFileTest : testing::Test {
         fakes::writeFile(file, content);
         bench.fileDialog.choose(file);
         window.loadBandStackFile();
-        return window.Label2;
+        return window.loadError;
     }
     std::string save() {
         bench.fileDialog.choose(file);
@@ -28,7 +28,7 @@ struct BandStackFileTest : testing::Test {
 
     BandStackBench<fakes::ScriptedPorts> bench;
     BandStackWindow& window = bench.window;
-    MSFlexGrid& grid = bench.window.stack().FlexGrid1;
+    MSFlexGrid& grid = bench.window.stack().grid;
     std::string file = bench.folder.file("shack.bsr");
 };
 
@@ -131,8 +131,8 @@ TEST_F(BandStackFileTest, WhatCannotBeLoadedIsToldInItsWordsAndLeavesTheGrid) {
     const std::string before = window.files().path;
     bench.fileDialog.cancel();
     window.loadBandStackFile();
-    EXPECT_EQ(window.Label2.get(), "0");
-    EXPECT_TRUE(window.Label2Yellow);
+    EXPECT_EQ(window.loadError.get(), "0");
+    EXPECT_TRUE(window.loadErrorSeen);
 
     const auto fails = [&](const std::string& path, const std::string& message, const char* number) {
         bench.fileDialog.choose(path);
@@ -140,7 +140,7 @@ TEST_F(BandStackFileTest, WhatCannotBeLoadedIsToldInItsWordsAndLeavesTheGrid) {
         window.loadBandStackFile();
         EXPECT_TRUE(bench.msgBox.shown.back().text.starts_with(message + "\r\n"));
         EXPECT_EQ(bench.msgBox.shown.back().icon, MsgIcon::Stop);
-        EXPECT_EQ(window.Label2.get(), number);
+        EXPECT_EQ(window.loadError.get(), number);
         EXPECT_EQ(window.files().path.get(), before);
     };
     fails(bench.folder.file("none.bsr"), "Datei nicht gefunden", "53");

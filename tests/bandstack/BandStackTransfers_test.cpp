@@ -182,7 +182,7 @@ TEST_F(BandStackWriteTest, SendsEachCellEvery100msThenSetsTheAntennaRight) {
     EXPECT_EQ(line.writes.at(0), (Write{50, "BS00;\r\n"}));
     EXPECT_EQ(line.writes.at(1), (Write{150, "AC;\r\n"}));
     EXPECT_EQ(line.writes.at(22), (Write{2250, "AN01;\r\n"}));  // cut to the form that sets
-    EXPECT_EQ(window.Text3.get(), "AN01;\r\n");
+    EXPECT_EQ(window.cellWritten.get(), "AN01;\r\n");
     EXPECT_EQ(bench.error(), "Writing Band Stack Regiters");
     EXPECT_EQ(bench.program.link.sent().text(), "AN0123;");
     clock.advance(3250);

@@ -19,7 +19,7 @@ struct EqWindowTest : ::testing::Test {
     }
     void expectClosed() {
         EXPECT_FALSE(window.connected.get());
-        EXPECT_EQ(window.Label5.get(), "click to open");
+        EXPECT_EQ(window.portHint.get(), "click to open");
         EXPECT_EQ(window.exchange().statusText.get(), "");
         EXPECT_FALSE(window.isPortOpen());
     }
@@ -48,7 +48,7 @@ TEST_F(EqWindowTest, OpensOnTheStoredSettingsAndReadsAtOnce) {
     events += window.exchange().beforeOpen.connect([&] { EXPECT_FALSE(terminal.setPortOpen(false)); });
     window.toggleEqPort();
     EXPECT_TRUE(window.connected.get());
-    EXPECT_EQ(window.Label5.get(), "click to close");
+    EXPECT_EQ(window.portHint.get(), "click to close");
     EXPECT_EQ(window.settingsPanel.get(), "Settings: Port 3, 9600,n,8,1");
     EXPECT_EQ(window.exchange().statusText.get(), " Reading EQ Settings of FT-2000");
     EXPECT_EQ(third.handshaking, Handshaking::Rts);

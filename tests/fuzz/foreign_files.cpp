@@ -72,8 +72,8 @@ void useInManager(TroubleBench& bench) {
     bench.program.windows.menuManager.show();
     manager.Form_Load();
     bench.clock.advance(50);
-    for (int row = 1; row < manager.FlexGrid1.Rows(); row += 20) {
-        manager.FlexGrid1.setCurrent(row, firstSettings + row % 4);
+    for (int row = 1; row < manager.grid.Rows(); row += 20) {
+        manager.grid.setCurrent(row, firstSettings + row % 4);
         manager.FlexGrid1_KeyDown(row % 3 == 0 ? keyR : keyS);
         bench.clock.advance(600);
     }

@@ -14,7 +14,7 @@ constexpr int managerColumn = 7;
 constexpr int keyR = 82;
 
 void readManagerCell(TroubleBench& bench) {
-    auto& grid = bench.program.menuManager.FlexGrid1;
+    auto& grid = bench.program.menuManager.grid;
     grid.setCurrent(19, managerColumn);
     bench.program.menuManager.FlexGrid1_KeyDown(keyR);
 }

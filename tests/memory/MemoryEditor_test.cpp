@@ -16,16 +16,16 @@ protected:
 
 TEST_F(MemoryEditorTest, EveryChangeRebuildsTheCommand) {
     editor.Form_Load();
-    EXPECT_EQ(editor.Text2.get(), "MW00100000000+000000100000;");
+    EXPECT_EQ(editor.writeCommand.get(), "MW00100000000+000000100000;");
     clock.advance(999);
     editor.loadEditorFromList();  // not before the window stands
-    EXPECT_EQ(editor.Text1.get(), "Enter Remarks");
+    EXPECT_EQ(editor.remarkText.get(), "Enter Remarks");
     clock.advance(1);
     editor.loadEditorFromList();
-    EXPECT_EQ(editor.Text1.get(), "Test");
+    EXPECT_EQ(editor.remarkText.get(), "Test");
 
     editor.Combo1_Click(6);
-    EXPECT_EQ(editor.Text2.get(), "MW00700000000+000000100000;");
+    EXPECT_EQ(editor.writeCommand.get(), "MW00700000000+000000100000;");
     editor.txt1.paste("14250000");
     editor.txt2.type('5');
     editor.choose(MemoryField::ClarifierDirection, 1);
@@ -34,11 +34,11 @@ TEST_F(MemoryEditorTest, EveryChangeRebuildsTheCommand) {
     editor.choose(MemoryField::CtcssMode, 2);
     editor.choose(MemoryField::ToneNumber, 8);
     editor.choose(MemoryField::Shift, 2);
-    EXPECT_EQ(editor.Text2.get(), "MW00714250000-000510C02082;");
+    EXPECT_EQ(editor.writeCommand.get(), "MW00714250000-000510C02082;");
     editor.choose(MemoryField::Mode, 12);
     editor.Combo1_Click(99);
     editor.Combo1_Click(-1);
-    EXPECT_EQ(editor.Text2.get(), "MW00714250000-000510C02082;");
+    EXPECT_EQ(editor.writeCommand.get(), "MW00714250000-000510C02082;");
 
     EXPECT_FALSE(editor.Text1_Change("Düsseldorf"));
     EXPECT_TRUE(editor.Text1_Change("Düsseldorf Ω"));
@@ -54,10 +54,10 @@ TEST_F(MemoryEditorTest, LoadsRowsAndCarriesCodesThatItDoesNotKnow) {
     memory.list.replaceAll({{7, *parseMemoryString("MW00707050000-123401B71492;seven")},
                             {8, *parseMemoryString("MW00807050000 ab;d;;D0x99y;")}});
     int commands = 0;
-    const auto counted = editor.Text2.changed.connect([&](const std::string&) { ++commands; });
+    const auto counted = editor.writeCommand.changed.connect([&](const std::string&) { ++commands; });
     editor.chooseRow(7);
     EXPECT_EQ(commands, 1);
-    EXPECT_EQ(editor.Combo1.get(), 6);
+    EXPECT_EQ(editor.channelPlace.get(), 6);
     EXPECT_EQ(editor.txt1.text.get(), "07'050'000");
     EXPECT_EQ(editor.txt2.text.get(), "1'234");
     EXPECT_EQ(label(MemoryField::ClarifierDirection), "-");
@@ -65,16 +65,16 @@ TEST_F(MemoryEditorTest, LoadsRowsAndCarriesCodesThatItDoesNotKnow) {
     EXPECT_EQ(label(MemoryField::CtcssMode), "ENC/DEC");
     EXPECT_EQ(label(MemoryField::ToneNumber), "254.1");
     EXPECT_EQ(label(MemoryField::Shift), "Minus");
-    EXPECT_EQ(editor.Text1.get(), "seven");
-    EXPECT_EQ(editor.Text2.get(), "MW00707050000-123401B01492;");  // the fixed digit is always "0" here
+    EXPECT_EQ(editor.remarkText.get(), "seven");
+    EXPECT_EQ(editor.writeCommand.get(), "MW00707050000-123401B01492;");  // the fixed digit is always "0" here
 
     editor.chooseRow(8);  // damaged: still one command of 27 characters
-    EXPECT_EQ(editor.Text2.get(), "MW00807050000+000000D0x99y;");
+    EXPECT_EQ(editor.writeCommand.get(), "MW00807050000+000000D0x99y;");
     EXPECT_EQ(label(MemoryField::Mode), "");
     editor.chooseRow(9);
-    EXPECT_EQ(editor.Text2.get(), "MW00900000000+000000100000;");
+    EXPECT_EQ(editor.writeCommand.get(), "MW00900000000+000000100000;");
     editor.chooseRow(0);
-    EXPECT_EQ(editor.Combo1.get(), 8);
+    EXPECT_EQ(editor.channelPlace.get(), 8);
 }
 
 TEST_F(MemoryEditorTest, ReadsAndWritesOneChannel) {
@@ -87,7 +87,7 @@ TEST_F(MemoryEditorTest, ReadsAndWritesOneChannel) {
     editor.chooseRow(2);
     editor.cmd3_Click();
     clock.advance(200);
-    EXPECT_EQ(editor.Text2.get(), "MW00207030000-012510300000;");
+    EXPECT_EQ(editor.writeCommand.get(), "MW00207030000-012510300000;");
     EXPECT_EQ(memory.list.cell(2, MemoryField::Channel), "002");
 
     editor.choose(MemoryField::Mode, 6);
@@ -121,7 +121,7 @@ TEST_F(MemoryEditorTest, ARefusedChannelLeavesFormAndRow) {
     editor.cmd2_Click();
     EXPECT_EQ(editor.hint.get(), "");
     clock.advance(300);
-    EXPECT_EQ(editor.Text2.get(), "MW00614000000+000000100000;");
+    EXPECT_EQ(editor.writeCommand.get(), "MW00614000000+000000100000;");
     EXPECT_EQ(editor.hint.get(), "Channel 006 was refused.");
 
     ports.faults().refuses = false;
@@ -144,7 +144,7 @@ TEST_F(MemoryEditorTest, SendsWhatTheFormShowsAfterAReading) {
     memory.listReader.mnu_MemSaveFromFT2000_Click();
     ASSERT_TRUE(endsWithin(20'000));
     const std::string first = "MW00114074000+000000";
-    EXPECT_EQ(editor.Text2.get().substr(0, first.size()), first);
+    EXPECT_EQ(editor.writeCommand.get().substr(0, first.size()), first);
 
     editor.txt1.paste("7000000");  // being typed while another reading comes in
     openPort();
@@ -218,8 +218,8 @@ TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
     msgBox.foresee("changes", MsgAnswer::Yes);
     fileDialog.choose(path("list.mef"));
     EXPECT_EQ(memory.listFiles.loadListFile(), Outcome::Kind::Done);
-    EXPECT_EQ(editor.Text1.get(), "Über");
-    EXPECT_FALSE(memory.list.FlexGrid1.CellBackColor(1, 1));
+    EXPECT_EQ(editor.remarkText.get(), "Über");
+    EXPECT_FALSE(memory.list.grid.CellBackColor(1, 1));
     EXPECT_EQ(fileDialog.shown.back().start, path("list.mef"));
 
     fileDialog.choose(path("gone/list.mef"));
@@ -232,7 +232,7 @@ TEST_F(MemoryEditorTest, KeepsListsInFilesAndFollowsALoadedOne) {
     EXPECT_EQ(memory.listFiles.loadListFile(), Outcome::Kind::FileFailed);
     EXPECT_EQ(memory.list.cell(1, MemoryField::Remark), "Über");
 
-    editor.Text1 = "Ω";
+    editor.remarkText = "Ω";
     editor.Command1_Click();
     msgBox.foresee("\"Ω\"");
     EXPECT_EQ(memory.listFiles.saveListFile(), Outcome::Kind::FileFailed);

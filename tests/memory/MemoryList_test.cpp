@@ -28,18 +28,18 @@ std::string channelAndRemark(const MemoryList& list, int row) {
 }
 
 bool rowIsEmpty(const MemoryList& list, int row) {
-    for (int col = 1; col < list.FlexGrid1.Cols(); ++col) {
-        if (!list.FlexGrid1.TextMatrix(row, col).empty()) return false;
+    for (int col = 1; col < list.grid.Cols(); ++col) {
+        if (!list.grid.TextMatrix(row, col).empty()) return false;
     }
     return true;
 }
 
 TEST(MemoryList, OpensWithASampleThatIsNoChannel) {
     const MemoryList list;
-    EXPECT_EQ(list.FlexGrid1.Rows(), 100);
-    EXPECT_EQ(list.FlexGrid1.Cols(), 13);
-    EXPECT_EQ(list.FlexGrid1.TextMatrix(0, 11), " Shift");
-    EXPECT_EQ(list.FlexGrid1.TextMatrix(99, 0), "99");
+    EXPECT_EQ(list.grid.Rows(), 100);
+    EXPECT_EQ(list.grid.Cols(), 13);
+    EXPECT_EQ(list.grid.TextMatrix(0, 11), " Shift");
+    EXPECT_EQ(list.grid.TextMatrix(99, 0), "99");
     EXPECT_EQ(list.cell(1, MemoryField::ToneNumber), "01");
     EXPECT_FALSE(memoryListCommand(list, 1));
     const auto text = memoryListFileText(list);
@@ -57,7 +57,7 @@ TEST(MemoryList, InsertsAndDeletesRowsAndRenumbersWhatIsFilled) {
     EXPECT_TRUE(rowIsEmpty(list, 4));
     EXPECT_EQ(channelAndRemark(list, 5), "005 R4");
     EXPECT_TRUE(rowIsEmpty(list, 99));
-    EXPECT_EQ(list.FlexGrid1.TextMatrix(5, 0), "5");
+    EXPECT_EQ(list.grid.TextMatrix(5, 0), "5");
 
     list.deleteRow(2);
     EXPECT_EQ(channelAndRemark(list, 2), "002 R2");
@@ -76,29 +76,29 @@ TEST(MemoryList, InsertsAndDeletesRowsAndRenumbersWhatIsFilled) {
 
 TEST(MemoryList, CopiesByPopUpAndKeysAndMarksWhatThePopUpTouches) {
     ListOf list({5, 7});
-    list.FlexGrid1.setCurrent(12, 1);
+    list.grid.setCurrent(12, 1);
     list.FlexGrid1_KeyDown('v');  // nothing copied yet
     EXPECT_TRUE(rowIsEmpty(list, 12));
 
-    list.FlexGrid1.setCurrent(5, 1);
+    list.grid.setCurrent(5, 1);
     list.List1_Click(3);
-    EXPECT_EQ(list.FlexGrid1.CellBackColor(5, 12), 65535);
-    EXPECT_FALSE(list.FlexGrid1.CellBackColor(5, 0));
-    list.FlexGrid1.setCurrent(12, 3);
+    EXPECT_EQ(list.grid.CellBackColor(5, 12), 65535);
+    EXPECT_FALSE(list.grid.CellBackColor(5, 0));
+    list.grid.setCurrent(12, 3);
     list.List1_Click(4);
     EXPECT_EQ(channelAndRemark(list, 12), "012 R5");
 
-    list.FlexGrid1.setCurrent(7, 1);
+    list.grid.setCurrent(7, 1);
     list.FlexGrid1_KeyDown('C');
-    EXPECT_FALSE(list.FlexGrid1.CellBackColor(7, 1));
-    list.FlexGrid1.setCurrent(13, 1);
+    EXPECT_FALSE(list.grid.CellBackColor(7, 1));
+    list.grid.setCurrent(13, 1);
     list.FlexGrid1_KeyDown('x');
     list.FlexGrid1_KeyDown('v');
     EXPECT_EQ(channelAndRemark(list, 13), "013 R7");
 
     list.List1_Click(0);
     EXPECT_TRUE(rowIsEmpty(list, 13));
-    EXPECT_EQ(list.FlexGrid1.CellBackColor(13, 1), 65535);
+    EXPECT_EQ(list.grid.CellBackColor(13, 1), 65535);
     list.FlexGrid1_KeyDown('V');  // what was emptied did not take the copied row's place
     EXPECT_EQ(channelAndRemark(list, 13), "013 R7");
 }
@@ -128,15 +128,15 @@ TEST(MemoryList, FillsFromTheTableInOneRedrawAndKeepsOtherRows) {
     table.set(5, "MR00018000000+000000200080;");
     int redraws = 0;
     int cells = 0;
-    const auto all = list.FlexGrid1.allChanged.connect([&] { ++redraws; });
-    const auto one = list.FlexGrid1.cellChanged.connect([&](int, int) { ++cells; });
+    const auto all = list.grid.allChanged.connect([&] { ++redraws; });
+    const auto one = list.grid.cellChanged.connect([&](int, int) { ++cells; });
     list.fillListFromMemoryTable(table);
     EXPECT_EQ(redraws, 1);
     EXPECT_EQ(cells, 0);
     EXPECT_EQ(channelAndRemark(list, 5), "005 ");
     EXPECT_EQ(channelAndRemark(list, 6), "006 R6");
     EXPECT_EQ(list.cell(8, MemoryField::Frequency), "18000000");
-    EXPECT_EQ(list.FlexGrid1.TextMatrix(0, 1), "Cha");
+    EXPECT_EQ(list.grid.TextMatrix(0, 1), "Cha");
 }
 
 TEST(MemoryListFile, KeepsEveryWindows1252RemarkAndTellsWhatItCannotKeep) {

@@ -56,7 +56,7 @@ protected:
 
     fakes::ProgramBench<fakes::ScriptedPorts> bench;
     MenuManager& manager = bench.program.menuManager;
-    MSFlexGrid& grid = manager.FlexGrid1;
+    MSFlexGrid& grid = manager.grid;
     fakes::ScriptedLine& line = bench.ports.plug(1);
     std::string deafTo;
 };
@@ -137,7 +137,7 @@ TEST_F(MenuManagerTest, ReadsTheRadioIntoTheSecondColumnAndLeavesTheFirst) {
         EXPECT_EQ(record[8], row == 0 ? "Settings 1" : "old") << row;
         EXPECT_EQ(cell(row, 8), record[9]);
     }
-    EXPECT_FALSE(manager.Label1Yellow);
+    EXPECT_FALSE(manager.noticeWarns);
 }
 
 TEST_F(MenuManagerTest, AMissingOrForeignAnswerIsNotPlacedAndTheOwnerIsTold) {
@@ -150,8 +150,8 @@ TEST_F(MenuManagerTest, AMissingOrForeignAnswerIsNotPlacedAndTheOwnerIsTold) {
     EXPECT_EQ(cell(30, 8), "");
     EXPECT_EQ(cell(53, 8), "");     // 042
     EXPECT_EQ(cell(54, 8), "043");  // what comes behind is found
-    EXPECT_EQ(manager.Label1.get(), " Only 147 of 149 items were read");
-    EXPECT_TRUE(manager.Label1Yellow);
+    EXPECT_EQ(manager.notice.get(), " Only 147 of 149 items were read");
+    EXPECT_TRUE(manager.noticeWarns);
     EXPECT_EQ(bench.database.records[53][9], "");
 
     // A window that is hidden takes no answers.
@@ -267,7 +267,7 @@ TEST_F(MenuManagerTest, KeySSendsAnItemAndReadsItBackIntoItsOwnRow) {
     grid.setCurrent(22, 7);  // a continuation row
     bench.msgBox.foresee("  no changes  ");
     EXPECT_TRUE(manager.FlexGrid1_KeyDown('S'));
-    EXPECT_EQ(manager.exchange().Text1.get(), "EX019;");
+    EXPECT_EQ(manager.exchange().commandSent.get(), "EX019;");
     grid.setCurrent(2, 8);  // where the user has gone meanwhile
     bench.clock.advance(279);
     EXPECT_TRUE(bench.msgBox.shown.empty());
@@ -276,7 +276,7 @@ TEST_F(MenuManagerTest, KeySSendsAnItemAndReadsItBackIntoItsOwnRow) {
     EXPECT_EQ(bench.msgBox.shown.back().title, "Equal");
     EXPECT_EQ(bench.msgBox.shown.back().buttons, MsgButtons::CancelTryAgainContinue);
     EXPECT_EQ(bench.program.link.activeOperation(), ActiveOperation::Idle);
-    EXPECT_FALSE(manager.Label1Yellow);
+    EXPECT_FALSE(manager.noticeWarns);
 
     // What the radio did not take is replaced by what it has, also the second time.
     for (const int row : {143, 144}) {  // the row before its item's
@@ -288,11 +288,11 @@ TEST_F(MenuManagerTest, KeySSendsAnItemAndReadsItBackIntoItsOwnRow) {
         EXPECT_EQ(cell(144, 7), "111");
         EXPECT_EQ(cell(143, 7), "old");
     }
-    EXPECT_EQ(manager.Label1.get(), " Save settings in file before living the program");
-    EXPECT_TRUE(manager.Label1Yellow);
+    EXPECT_EQ(manager.notice.get(), " Save settings in file before living the program");
+    EXPECT_TRUE(manager.noticeWarns);
     manager.Flexgrid_toGrid_Click();
-    EXPECT_EQ(manager.Label1.get(), " ");
-    EXPECT_FALSE(manager.Label1Yellow);
+    EXPECT_EQ(manager.notice.get(), " ");
+    EXPECT_FALSE(manager.noticeWarns);
 }
 
 TEST_F(MenuManagerTest, ARowIsTheItemWhoseNumberStandsInIt) {
@@ -333,7 +333,7 @@ TEST_F(MenuManagerTest, KeyRReadsAnItemPastRefusalsEchoesAndStrangers) {
     grid.setCurrent(53, 7);
     EXPECT_TRUE(manager.FlexGrid1_KeyDown('R'));
     EXPECT_EQ(line.story(), "0 EX042;");
-    EXPECT_EQ(manager.exchange().Text7.get(), "old");
+    EXPECT_EQ(manager.exchange().valueCompared.get(), "old");
     line.feed("?;EX042;EX0411;");
     EXPECT_EQ(cell(53, 7), "old");
     bench.msgBox.foresee("  New Value  050");
@@ -345,9 +345,9 @@ TEST_F(MenuManagerTest, KeyRReadsAnItemPastRefusalsEchoesAndStrangers) {
 
 TEST_F(MenuManagerTest, KeysActOnItemsOfSettingsColumnsOnly) {
     grid.setCurrent(1, 3);
-    manager.exchange().Text1 = "EX001;";
+    manager.exchange().commandSent = "EX001;";
     EXPECT_FALSE(manager.FlexGrid1_KeyDown('S'));
-    EXPECT_EQ(manager.exchange().Text1.get(), "");
+    EXPECT_EQ(manager.exchange().commandSent.get(), "");
     for (const int row : {0, 190}) {  // titles, and the rows behind the last item
         grid.setCurrent(row, 7);
         manager.FlexGrid1_KeyDown('S');

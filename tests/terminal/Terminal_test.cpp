@@ -25,20 +25,20 @@ TEST_F(TerminalTest, EnterSendsExactlyWhatWasTyped) {
     terminal.term3_Backspace();
     type("A;\r");
     EXPECT_EQ(line.story(), "0 FA;");
-    EXPECT_EQ(terminal.Label1.get(), "");
+    EXPECT_EQ(terminal.transmitBuffer.get(), "");
     EXPECT_EQ(bench.program.link.sent().text(), "FA;\r\n");
 }
 
 TEST_F(TerminalTest, WithThePortClosedTheTextStaysInTheBuffer) {
     terminal.Form_Load();
     type("FA;\r");
-    EXPECT_EQ(terminal.Label1.get(), "FA;\r");
+    EXPECT_EQ(terminal.transmitBuffer.get(), "FA;\r");
     EXPECT_EQ(line.story(), "");
     terminal.cmd3_Click();
-    EXPECT_EQ(terminal.Label1.get(), "FA;\r");
+    EXPECT_EQ(terminal.transmitBuffer.get(), "FA;\r");
     EXPECT_EQ(bench.program.link.sent().text(), "");
     for (int i = 0; i < 10; ++i) terminal.term3_Backspace();  // what was not sent can be taken back
-    EXPECT_EQ(terminal.Label1.get(), "");
+    EXPECT_EQ(terminal.transmitBuffer.get(), "");
 }
 
 TEST_F(TerminalTest, PastedLinesWaitForEnterAndForeignCharactersAreRefused) {
@@ -46,12 +46,12 @@ TEST_F(TerminalTest, PastedLinesWaitForEnterAndForeignCharactersAreRefused) {
     line.forgetWrites();
     terminal.term3_Paste("EX001;\r\nTX1;\n");
     EXPECT_EQ(line.story(), "");
-    EXPECT_EQ(terminal.Label1.get(), "EX001;TX1;");
+    EXPECT_EQ(terminal.transmitBuffer.get(), "EX001;TX1;");
     terminal.term3_KeyPress("Ω");
-    EXPECT_EQ(terminal.Label1.get(), "EX001;TX1;");
+    EXPECT_EQ(terminal.transmitBuffer.get(), "EX001;TX1;");
     EXPECT_NE(bench.error().find("Ω"), std::string::npos);
     terminal.term3_KeyPress("ä");
-    EXPECT_EQ(terminal.Label1.get(), "EX001;TX1;\xE4");
+    EXPECT_EQ(terminal.transmitBuffer.get(), "EX001;TX1;\xE4");
 }
 
 TEST_F(TerminalTest, FastTransfersAreRemembered) {

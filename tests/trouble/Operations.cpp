@@ -72,7 +72,7 @@ void prepareManager(TroubleBench& bench) {
 /// A column of the Menu Manager with the values of the healthy radio.
 void prepareManagerColumn(TroubleBench& bench) {
     prepareManager(bench);
-    auto& grid = bench.program.menuManager.FlexGrid1;
+    auto& grid = bench.program.menuManager.grid;
     for (int row = 1; row < grid.Rows(); ++row) {
         const std::string number = grid.TextMatrix(row, 0);
         if (number.empty()) continue;
@@ -85,7 +85,7 @@ void prepareManagerColumn(TroubleBench& bench) {
 /// Item 042 of that column is the current cell.
 void prepareManagerItem(TroubleBench& bench) {
     prepareManagerColumn(bench);
-    auto& grid = bench.program.menuManager.FlexGrid1;
+    auto& grid = bench.program.menuManager.grid;
     int row = 1;
     while (row < grid.Rows() && grid.TextMatrix(row, 0) != "042") ++row;
     grid.setCurrent(row, managerColumn);
@@ -101,7 +101,7 @@ std::string managerItem(TroubleBench& bench) {
 }
 
 std::string managerValues(TroubleBench& bench) {
-    const auto& grid = bench.program.menuManager.FlexGrid1;
+    const auto& grid = bench.program.menuManager.grid;
     std::string text;
     for (int row = 1; row < grid.Rows(); ++row) {
         const std::string& number = grid.TextMatrix(row, 0);
@@ -111,7 +111,7 @@ std::string managerValues(TroubleBench& bench) {
 }
 
 bool toldInTheManager(TroubleBench& bench) {
-    return bench.program.menuManager.Label1Yellow;
+    return bench.program.menuManager.noticeWarns;
 }
 
 // --- the whole radio
@@ -271,7 +271,7 @@ bool toldInTheKeyer(TroubleBench& bench) {
 
 /// In the panel, the Menu Manager or the keyer window.
 bool refusalsTold(TroubleBench& bench) {
-    const std::string text = bench.program.link.panels().Error.get() + bench.program.menuManager.Label1.get() +
+    const std::string text = bench.program.link.panels().Error.get() + bench.program.menuManager.notice.get() +
                              bench.program.keyerWindow.hint.get();
     return text.find("refused") != std::string::npos;
 }

@@ -119,11 +119,11 @@ TEST_F(MemoryWindows, FormAndListShowOneAnother) {
     EXPECT_EQ(find<QLabel>(editor, "MemString")->text().toStdString(), "MW01229620000-000000B00490;");
     find<QPushButton>(editor, "Command1")->click();
     EXPECT_EQ(memory.list.cell(12, MemoryField::Remark), "Düsseldorf");
-    auto* Text1 = find<QLineEdit>(editor, "Text1");
-    Text1->setCursorPosition(1);
-    Text1->insert(QStringLiteral("Ω"));
-    EXPECT_EQ(Text1->text().toStdString(), "Düsseldorf");
-    EXPECT_EQ(Text1->cursorPosition(), 1);
+    auto* remarkText = find<QLineEdit>(editor, "Text1");
+    remarkText->setCursorPosition(1);
+    remarkText->insert(QStringLiteral("Ω"));
+    EXPECT_EQ(remarkText->text().toStdString(), "Düsseldorf");
+    EXPECT_EQ(remarkText->cursorPosition(), 1);
 
     press(1, Qt::LeftButton);
     EXPECT_EQ(find<QComboBox>(editor, "Combo1")->currentText().toStdString(), "1");
@@ -186,9 +186,9 @@ TEST_F(MemoryWindows, StartTheSameOperationsAndFollowThePort) {
 
 TEST_F(MemoryWindows, MarkUnsavedChangesAndShowWhyNothingCame) {
     EXPECT_EQ(list.windowTitle().toStdString(), "Memory Channel List");
-    auto* Text1 = find<QLineEdit>(editor, "Text1");
-    Text1->setText(QStringLiteral("DX, net"));
-    EXPECT_EQ(Text1->text().toStdString(), "Enter Remarks");
+    auto* remarkText = find<QLineEdit>(editor, "Text1");
+    remarkText->setText(QStringLiteral("DX, net"));
+    EXPECT_EQ(remarkText->text().toStdString(), "Enter Remarks");
     find<QPushButton>(editor, "Command1")->click();
     EXPECT_TRUE(list.isWindowModified());
     EXPECT_EQ(list.windowTitle().toStdString(), "Memory Channel List[*]");

@@ -51,7 +51,7 @@ TEST_F(BandStackFormTest, ReadsTheRadioFromItsMenuAndShowsItInTheGrid) {
 
     // The labels stay in sight while the cells scroll under them.
     EXPECT_TRUE(grid->isRowVisible(1));
-    logic.stack().FlexGrid1.setCurrent(24, 33);
+    logic.stack().grid.setCurrent(24, 33);
     grid->scrollToCurrent();
     EXPECT_FALSE(grid->cellGeometry(24, 33).isEmpty());
     EXPECT_FALSE(grid->cellGeometry(0, 33).isEmpty());

@@ -60,7 +60,7 @@ struct Sitting {
         QTest::mouseClick(grid->viewport(), button, {}, middle(row, col));
     }
     void choose(const char* entry) { korvex::choose(*form, entry); }
-    MSFlexGrid& cells() { return program.menuManager.FlexGrid1; }
+    MSFlexGrid& cells() { return program.menuManager.grid; }
 
     Shack& shack;
     fakes::FakeFileDialog fileDialog;

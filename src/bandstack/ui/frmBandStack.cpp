@@ -89,11 +89,11 @@ void frmBandStack::makeBody() {
     const int margin = pixels(besideGrid) / 2;
     column->setContentsMargins(margin, 4, pixels(besideGrid) - margin, 4);
     column->setSpacing(4);
-    FlexGrid1 = new FlexGridView(m_logic.stack().FlexGrid1);
-    FlexGrid1->setObjectName(QStringLiteral("FlexGrid1"));
-    FlexGrid1->setAccessibleName(QStringLiteral("Band stack registers"));
-    FlexGrid1->setFont(fontForFrequencies(FlexGrid1->font(), pixels(m_logic.stack().FlexGrid1.ColWidth(1))));
-    column->addWidget(FlexGrid1, 1);
+    grid = new FlexGridView(m_logic.stack().grid);
+    grid->setObjectName(QStringLiteral("FlexGrid1"));
+    grid->setAccessibleName(QStringLiteral("Band stack registers"));
+    grid->setFont(fontForFrequencies(grid->font(), pixels(m_logic.stack().grid.ColWidth(1))));
+    column->addWidget(grid, 1);
     column->addWidget(makeFields());
     setCentralWidget(body);
 }
@@ -102,25 +102,26 @@ QWidget* frmBandStack::makeFields() {
     auto* fields = new QWidget;
     auto* row = new QHBoxLayout(fields);
     row->setContentsMargins(0, 0, 0, 0);
-    Label2 = new QLabel;
-    Label2->setObjectName(QStringLiteral("Label2"));
-    Label2->setAccessibleDescription(QStringLiteral("Error number of the last file load"));
-    Label2->setAlignment(Qt::AlignCenter);
-    Label2->setFrameShape(QFrame::StyledPanel);
-    Label2->setMinimumWidth(Label2->fontMetrics().horizontalAdvance(QStringLiteral("00000")));
-    m_connections += m_logic.Label2.bind([this](const std::string& text) { Label2->setText(fromUtf8(text)); });
-    m_connections += m_logic.Label2Yellow.bind([this](bool yellow) {
-        if (yellow) Label2->setStyleSheet(QStringLiteral("background-color: #ffff00; color: black"));
+    loadError = new QLabel;
+    loadError->setObjectName(QStringLiteral("Label2"));
+    loadError->setAccessibleDescription(QStringLiteral("Error number of the last file load"));
+    loadError->setAlignment(Qt::AlignCenter);
+    loadError->setFrameShape(QFrame::StyledPanel);
+    loadError->setMinimumWidth(loadError->fontMetrics().horizontalAdvance(QStringLiteral("00000")));
+    m_connections += m_logic.loadError.bind([this](const std::string& text) { loadError->setText(fromUtf8(text)); });
+    m_connections += m_logic.loadErrorSeen.bind([this](bool yellow) {
+        if (yellow) loadError->setStyleSheet(QStringLiteral("background-color: #ffff00; color: black"));
     });
-    Text3 = new QLineEdit;
-    Text3->setObjectName(QStringLiteral("Text3"));
-    Text3->setAccessibleName(QStringLiteral("Text being written to the radio"));
-    Text3->setReadOnly(true);
-    Text3->setFocusPolicy(Qt::ClickFocus);
-    m_connections += m_logic.Text3.bind([this](const std::string& text) { Text3->setText(fromUtf8(text).trimmed()); });
-    Label2->setFixedHeight(Text3->sizeHint().height());
-    row->addWidget(Label2);
-    row->addWidget(Text3, 1);
+    cellWritten = new QLineEdit;
+    cellWritten->setObjectName(QStringLiteral("Text3"));
+    cellWritten->setAccessibleName(QStringLiteral("Text being written to the radio"));
+    cellWritten->setReadOnly(true);
+    cellWritten->setFocusPolicy(Qt::ClickFocus);
+    m_connections +=
+        m_logic.cellWritten.bind([this](const std::string& text) { cellWritten->setText(fromUtf8(text).trimmed()); });
+    loadError->setFixedHeight(cellWritten->sizeHint().height());
+    row->addWidget(loadError);
+    row->addWidget(cellWritten, 1);
     return fields;
 }
 
@@ -139,10 +140,10 @@ void frmBandStack::makeStatusBar(CatLink& link) {
 
 /// The grid is as high as its rows, and the window as high as the grid asks for; in a smaller window the grid scrolls.
 void frmBandStack::fitHeight() {
-    const int rows = m_logic.stack().FlexGrid1.Rows();
-    const int gridHeight = (rows - 1) * FlexGrid1->rowHeight(0) + pixels(belowLastRow);
-    FlexGrid1->setMinimumHeight(pixels(smallestGrid));
-    FlexGrid1->setMaximumHeight(gridHeight);
+    const int rows = m_logic.stack().grid.Rows();
+    const int gridHeight = (rows - 1) * grid->rowHeight(0) + pixels(belowLastRow);
+    grid->setMinimumHeight(pixels(smallestGrid));
+    grid->setMaximumHeight(gridHeight);
     resize(width(), gridHeight + pixels(aboveAndBelow));
 }
 

@@ -35,9 +35,9 @@ private:
     void fitHeight();
 
     BandStackWindow& m_logic;
-    FlexGridView* FlexGrid1 = nullptr;
-    QLabel* Label2 = nullptr;
-    QLineEdit* Text3 = nullptr;
+    FlexGridView* grid = nullptr;
+    QLabel* loadError = nullptr;
+    QLineEdit* cellWritten = nullptr;
     Connections m_connections;
 };
 

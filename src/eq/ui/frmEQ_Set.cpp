@@ -161,11 +161,11 @@ void frmEQ_Set::buildStrip() {
     Frame8->setFrameShape(QFrame::StyledPanel);
     auto* around = new QGridLayout(Frame8);
     around->setContentsMargins(4, 1, 4, 1);
-    Label5 = new QLabel(QStringLiteral("click to close"));
-    Label5->setObjectName(QStringLiteral("Label5"));
-    Label5->setAlignment(Qt::AlignCenter);
-    Label5->setMinimumWidth(Label5->sizeHint().width());
-    around->addWidget(Label5, 0, 0);
+    portHint = new QLabel(QStringLiteral("click to close"));
+    portHint->setObjectName(QStringLiteral("Label5"));
+    portHint->setAlignment(Qt::AlignCenter);
+    portHint->setMinimumWidth(portHint->sizeHint().width());
+    around->addWidget(portHint, 0, 0);
 
     Label6 = new QLabel(m_strip);
     Label6->setObjectName(QStringLiteral("Label6"));
@@ -229,7 +229,7 @@ void frmEQ_Set::wire() {
     for (std::size_t item = 0; item < eqItemCount; ++item) wireItem(item);
     m_connections += m_logic.connected.bind([this](bool connected) { showConnected(connected); });
     m_connections += m_logic.exchange().processorOn.bind([this](bool on) { showProcessor(on); });
-    m_connections += m_logic.Label5.bind([this](const std::string& text) { Label5->setText(fromUtf8(text)); });
+    m_connections += m_logic.portHint.bind([this](const std::string& text) { portHint->setText(fromUtf8(text)); });
     m_connections +=
         m_logic.exchange().statusText.bind([this](const std::string& text) { Label6->setText(fromUtf8(text)); });
     m_connections += m_logic.storePlace.connect([this] { storePlace(); });

@@ -58,7 +58,7 @@ private:
     QStackedLayout* m_images = nullptr;
     QToolButton* imgConnected = nullptr;
     QToolButton* imgNotConnected = nullptr;
-    QLabel* Label5 = nullptr;
+    QLabel* portHint = nullptr;
     QLabel* Label6 = nullptr;
     Connections m_connections;
 };

@@ -74,12 +74,12 @@ void frmChannelinfo::makeMenus() {
 }
 
 void frmChannelinfo::makeGrid() {
-    FlexGrid1 = new FlexGridView(m_memory.list.FlexGrid1, this);
-    FlexGrid1->setObjectName(QStringLiteral("FlexGrid1"));
-    FlexGrid1->setAccessibleName(QStringLiteral("Memory channels"));
-    connect(FlexGrid1, &FlexGridView::cellPressed, this, &frmChannelinfo::pressed);
-    connect(FlexGrid1, &FlexGridView::keyDown, this, &frmChannelinfo::keyDown);
-    setCentralWidget(FlexGrid1);
+    grid = new FlexGridView(m_memory.list.grid, this);
+    grid->setObjectName(QStringLiteral("FlexGrid1"));
+    grid->setAccessibleName(QStringLiteral("Memory channels"));
+    connect(grid, &FlexGridView::cellPressed, this, &frmChannelinfo::pressed);
+    connect(grid, &FlexGridView::keyDown, this, &frmChannelinfo::keyDown);
+    setCentralWidget(grid);
 }
 
 void frmChannelinfo::makeList1() {
@@ -110,12 +110,12 @@ void frmChannelinfo::makeStatusBar() {
 void frmChannelinfo::pressed(int row, int col, Qt::MouseButton button) {
     hideList1();
     if (row < 1) return;
-    auto& cells = m_memory.list.FlexGrid1;
+    auto& cells = m_memory.list.grid;
     cells.setCurrent(row, std::max(col, 1));
     if (button == Qt::LeftButton) m_memory.editor.chooseRow(row);
     if (button == Qt::RightButton) {
         // A press that no mouse made has left the cursor elsewhere.
-        const QRect cell = FlexGrid1->cellGeometryIn(*this, row, col);
+        const QRect cell = grid->cellGeometryIn(*this, row, col);
         const QPoint mouse = mapFromGlobal(QCursor::pos());
         showList1(cell.contains(mouse) ? mouse : cell.center());
     }
@@ -123,16 +123,16 @@ void frmChannelinfo::pressed(int row, int col, Qt::MouseButton button) {
 
 void frmChannelinfo::keyDown(int key) {
     if (key == Qt::Key_Menu) {
-        const auto& cells = m_memory.list.FlexGrid1;
-        showList1(FlexGrid1->cellGeometryIn(*this, cells.Row(), cells.Col()).center());
+        const auto& cells = m_memory.list.grid;
+        showList1(grid->cellGeometryIn(*this, cells.Row(), cells.Col()).center());
     }
     if (key != Qt::Key_C && key != Qt::Key_V) return;
     m_memory.list.FlexGrid1_KeyDown(static_cast<char>(key));
-    FlexGrid1->swallowKey();
+    grid->swallowKey();
 }
 
 void frmChannelinfo::showList1(const QPoint& at) {
-    const QRect room = FlexGrid1->geometry();
+    const QRect room = grid->geometry();
     List1->move(std::clamp(at.x(), room.left(), std::max(room.left(), room.right() - List1->width())),
                 std::clamp(at.y(), room.top(), std::max(room.top(), room.bottom() - List1->height())));
     List1->setCurrentRow(-1);
@@ -144,7 +144,7 @@ void frmChannelinfo::showList1(const QPoint& at) {
 void frmChannelinfo::hideList1() {
     if (!List1->isVisible()) return;
     List1->hide();
-    FlexGrid1->setFocus();
+    grid->setFocus();
 }
 
 void frmChannelinfo::chooseFromList1(int entry) {

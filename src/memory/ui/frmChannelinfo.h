@@ -45,7 +45,7 @@ private:
     MemoryManager& m_memory;
     CatLink& m_link;
     ToolWindows& m_windows;
-    FlexGridView* FlexGrid1 = nullptr;
+    FlexGridView* grid = nullptr;
     QListWidget* List1 = nullptr;
     QList<QAction*> m_radioEntries;  // enabled exactly while the port is open
     Connections m_connections;

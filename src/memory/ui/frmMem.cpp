@@ -108,10 +108,10 @@ void frmMem::makeForm() {
     auto* Command1 = named(new QPushButton(QStringLiteral("Copy Memory Channel in to Memory List")), "Command1");
     connect(Command1, &QPushButton::clicked, this, [this] { m_editor.Command1_Click(); });
     grid->addWidget(Command1, 5, 0, 1, 2);
-    Text2 = named(new QLineEdit, "Text2");
-    Text2->setReadOnly(true);
-    Text2->setAccessibleName(QStringLiteral("Write command of this channel"));
-    grid->addWidget(Text2, 6, 0, 1, 2);
+    writeCommand = named(new QLineEdit, "Text2");
+    writeCommand->setReadOnly(true);
+    writeCommand->setAccessibleName(QStringLiteral("Write command of this channel"));
+    grid->addWidget(writeCommand, 6, 0, 1, 2);
     grid->addWidget(makeHint(), 7, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(8, 1);
@@ -155,21 +155,22 @@ QWidget* frmMem::makeChannelFrame() {
     auto* frm4 = named(new QGroupBox, "frm4");
     frm4->setAccessibleName(QStringLiteral("Memory channel"));
     auto* grid = tight(new QGridLayout(frm4));
-    Combo1 = makeCombo("Combo1", QStringLiteral("Memory channel"));
-    for (int channel = 1; channel <= MemoryList::rows; ++channel) Combo1->addItem(QString::number(channel));
-    connect(Combo1, &QComboBox::currentIndexChanged, this, [this](int position) { m_editor.Combo1_Click(position); });
+    channelPlace = makeCombo("Combo1", QStringLiteral("Memory channel"));
+    for (int channel = 1; channel <= MemoryList::rows; ++channel) channelPlace->addItem(QString::number(channel));
+    connect(channelPlace, &QComboBox::currentIndexChanged, this,
+            [this](int position) { m_editor.Combo1_Click(position); });
     // Choosing the same channel again takes it from the list anew.
-    connect(Combo1, &QComboBox::activated, this, [this](int position) { m_editor.Combo1_Click(position); });
-    m_connections += m_editor.Combo1.bind([this](int position) {
-        const QSignalBlocker quiet(Combo1);
-        Combo1->setCurrentIndex(position);
+    connect(channelPlace, &QComboBox::activated, this, [this](int position) { m_editor.Combo1_Click(position); });
+    m_connections += m_editor.channelPlace.bind([this](int position) {
+        const QSignalBlocker quiet(channelPlace);
+        channelPlace->setCurrentIndex(position);
     });
     auto* txt1 = makeDigits("txt1", QStringLiteral("Frequency in Hz"), m_editor.txt1);
     auto* Combo8 = makeFieldCombo("Combo8", QStringLiteral("Mode"), MemoryField::Mode);
     auto* Combo5 = makeFieldCombo("Combo5", QStringLiteral("Shift"), MemoryField::Shift);
 
-    grid->addWidget(caption("lbl1", QStringLiteral("Memory Cannel"), Combo1), 0, 0);
-    grid->addWidget(Combo1, 0, 1);
+    grid->addWidget(caption("lbl1", QStringLiteral("Memory Cannel"), channelPlace), 0, 0);
+    grid->addWidget(channelPlace, 0, 1);
     grid->addWidget(caption("lbl2", QStringLiteral("Frequency"), txt1), 0, 2);
     grid->addWidget(txt1, 0, 3);
     grid->addWidget(caption("lbl8", QStringLiteral("Hz")), 0, 4);
@@ -216,10 +217,10 @@ QGroupBox* frmMem::makeToneFrame() {
 QGroupBox* frmMem::makeRemarkFrame() {
     auto* frm3 = named(new QGroupBox(QStringLiteral("Memory Channel Remarks")), "frm3");
     auto* row = tight(new QHBoxLayout(frm3));
-    Text1 = named(new QLineEdit, "Text1");
-    Text1->setAccessibleName(QStringLiteral("Remarks"));
-    setBackColor(*Text1, yellow);
-    row->addWidget(Text1);
+    remarkText = named(new QLineEdit, "Text1");
+    remarkText->setAccessibleName(QStringLiteral("Remarks"));
+    setBackColor(*remarkText, yellow);
+    row->addWidget(remarkText);
     return frm3;
 }
 
@@ -253,7 +254,7 @@ DigitEdit* frmMem::makeDigits(const char* name, const QString& meaning, DigitBox
 
 void frmMem::makeStatusBar() {
     named(statusBar(), "StatusBar1");
-    auto* command = new PanelLabel(m_editor.Text2, QStringLiteral("MemString"), QStringLiteral("Write command"));
+    auto* command = new PanelLabel(m_editor.writeCommand, QStringLiteral("MemString"), QStringLiteral("Write command"));
     auto* port = new PanelLabel(m_link.indicators().memoryEditor, QStringLiteral("Port"), QStringLiteral("Port"));
     statusBar()->addWidget(command, 1);
     statusBar()->addWidget(port);
@@ -267,23 +268,24 @@ void frmMem::wirePort() {
 }
 
 void frmMem::wireText() {
-    m_connections += m_editor.Text1.bind([this](const std::string& text) {
-        const QSignalBlocker quiet(Text1);
-        if (Text1->text() != fromUtf8(text)) Text1->setText(fromUtf8(text));
+    m_connections += m_editor.remarkText.bind([this](const std::string& text) {
+        const QSignalBlocker quiet(remarkText);
+        if (remarkText->text() != fromUtf8(text)) remarkText->setText(fromUtf8(text));
     });
-    connect(Text1, &QLineEdit::textChanged, this, &frmMem::Text1_Change);
-    m_connections += m_editor.Text2.bind([this](const std::string& text) { Text2->setText(fromUtf8(text)); });
+    connect(remarkText, &QLineEdit::textChanged, this, &frmMem::Text1_Change);
+    m_connections +=
+        m_editor.writeCommand.bind([this](const std::string& text) { writeCommand->setText(fromUtf8(text)); });
 }
 
 void frmMem::Text1_Change() {
-    const auto refusal = m_editor.Text1_Change(Text1->text().toStdString());
+    const auto refusal = m_editor.Text1_Change(remarkText->text().toStdString());
     if (!refusal) return;
-    const QString kept = fromUtf8(m_editor.Text1.get());
-    const auto caret = Text1->cursorPosition() - (Text1->text().size() - kept.size());
-    const QSignalBlocker quiet(Text1);
-    Text1->setText(kept);
-    Text1->setCursorPosition(static_cast<int>(caret));
-    QToolTip::showText(Text1->mapToGlobal(Text1->rect().bottomLeft()), fromUtf8(*refusal), Text1);
+    const QString kept = fromUtf8(m_editor.remarkText.get());
+    const auto caret = remarkText->cursorPosition() - (remarkText->text().size() - kept.size());
+    const QSignalBlocker quiet(remarkText);
+    remarkText->setText(kept);
+    remarkText->setCursorPosition(static_cast<int>(caret));
+    QToolTip::showText(remarkText->mapToGlobal(remarkText->rect().bottomLeft()), fromUtf8(*refusal), remarkText);
 }
 
 bool frmMem::closeBox() {

@@ -53,11 +53,11 @@ private:
     MemoryEditor& m_editor;
     CatLink& m_link;
     ToolWindows& m_windows;
-    QComboBox* Combo1 = nullptr;
+    QComboBox* channelPlace = nullptr;
     ColorButton* cmd2 = nullptr;
     ColorButton* cmd3 = nullptr;
-    QLineEdit* Text1 = nullptr;
-    QLineEdit* Text2 = nullptr;
+    QLineEdit* remarkText = nullptr;
+    QLineEdit* writeCommand = nullptr;
     QList<QAction*> m_radioEntries;  // enabled exactly while the port is open
     Connections m_connections;
 };

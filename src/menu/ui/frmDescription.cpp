@@ -31,8 +31,8 @@ frmDescription::frmDescription(MenuManager& logic, CatLink& link, SettingsStore&
     : ToolWindow(geometry::menuManager, settings),
       m_logic(logic),
       m_endProgram(std::move(endProgram)),
-      FlexGrid1(new FlexGridView(logic.FlexGrid1)),
-      Label1(new QLabel),
+      grid(new FlexGridView(logic.grid)),
+      notice(new QLabel),
       m_title(std::make_unique<frmTitle>(logic, this)) {
     setObjectName(QStringLiteral("frmDescription"));
     setWindowTitle(QStringLiteral("Menu Manager"));
@@ -77,12 +77,12 @@ void frmDescription::makeMenus(CatLink& link) {
 }
 
 void frmDescription::makeGrid() {
-    FlexGrid1->setObjectName(QStringLiteral("FlexGrid1"));
-    FlexGrid1->setAccessibleName(QStringLiteral("Menu items"));
-    FlexGrid1->setAccessibleDescription(
+    grid->setObjectName(QStringLiteral("FlexGrid1"));
+    grid->setAccessibleName(QStringLiteral("Menu items"));
+    grid->setAccessibleDescription(
         QStringLiteral("The right mouse button or the menu key selects a settings column; S sends an item to the radio "
                        "and R reads it"));
-    m_editable = std::make_unique<QtEditableGrid>(*FlexGrid1);
+    m_editable = std::make_unique<QtEditableGrid>(*grid);
 }
 
 void frmDescription::makeBody() {
@@ -90,14 +90,14 @@ void frmDescription::makeBody() {
     auto* column = new QVBoxLayout(body);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(FlexGrid1, 1);
-    Label1->setObjectName(QStringLiteral("Label1"));
-    Label1->setAccessibleDescription(QStringLiteral("Whether there are settings to be saved"));
-    Label1->setTextFormat(Qt::PlainText);
-    Label1->setAutoFillBackground(true);
+    column->addWidget(grid, 1);
+    notice->setObjectName(QStringLiteral("Label1"));
+    notice->setAccessibleDescription(QStringLiteral("Whether there are settings to be saved"));
+    notice->setTextFormat(Qt::PlainText);
+    notice->setAutoFillBackground(true);
     // A long text must not hold the window wide open.
-    Label1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    column->addWidget(Label1);
+    notice->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    column->addWidget(notice);
     setCentralWidget(body);
 }
 
@@ -119,27 +119,27 @@ void frmDescription::makeStatusBar(CatLink& link) {
     statusBar()->addWidget(new PanelLabel(link.indicators().menuManager, QStringLiteral("portstatus"),
                                           QStringLiteral("State of the serial port"), this));
     ItemExchange& exchange = m_logic.exchange();
-    addField(exchange.Text1, "Text1", "Command", "Command of the last single item");
-    addField(exchange.Text2, "Text2", "Answer", "Value that the radio answered");
-    addField(exchange.Text7, "Text7", "Before", "Value that the answer is compared with");
+    addField(exchange.commandSent, "Text1", "Command", "Command of the last single item");
+    addField(exchange.valueAnswered, "Text2", "Answer", "Value that the radio answered");
+    addField(exchange.valueCompared, "Text7", "Before", "Value that the answer is compared with");
 }
 
 void frmDescription::wire() {
-    connect(FlexGrid1, &FlexGridView::cellPressed, this, [this](int, int col, Qt::MouseButton button) {
+    connect(grid, &FlexGridView::cellPressed, this, [this](int, int col, Qt::MouseButton button) {
         if (button == Qt::LeftButton) bindEditor();
         if (button == Qt::RightButton) m_logic.FlexGrid1_RightClick(col);
     });
-    connect(FlexGrid1, &FlexGridView::keyDown, this, &frmDescription::onKey);
+    connect(grid, &FlexGridView::keyDown, this, &frmDescription::onKey);
     m_connections += m_logic.exchange().releaseEditor.connect([this] {
         writeBack();  // what was being typed into another cell is not lost
         m_editor.reset();
     });
     m_connections +=
         m_logic.showTitleDialog.connect([this](const std::string& title) { m_title->ask(fromUtf8(title)); });
-    m_connections += m_logic.Label1.bind([this](const std::string& text) { Label1->setText(fromUtf8(text)); });
-    m_connections += m_logic.Label1Yellow.bind([this](bool isYellow) {
-        Label1->setPalette(QPalette());
-        if (isYellow) setBackColor(*Label1, yellow);
+    m_connections += m_logic.notice.bind([this](const std::string& text) { notice->setText(fromUtf8(text)); });
+    m_connections += m_logic.noticeWarns.bind([this](bool isYellow) {
+        notice->setPalette(QPalette());
+        if (isYellow) setBackColor(*notice, yellow);
     });
     m_connections += m_logic.storePlace.connect([this] { storePlace(); });
     m_connections += m_logic.hide.connect([this] { hide(); });
@@ -148,8 +148,8 @@ void frmDescription::wire() {
 void frmDescription::onKey(int key, Qt::KeyboardModifiers modifiers) {
     if (!m_editor) bindEditor();
     if (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return;
-    if (key == Qt::Key_Menu) m_logic.FlexGrid1_RightClick(m_logic.FlexGrid1.Col());
-    if (m_logic.FlexGrid1_KeyDown(key)) FlexGrid1->swallowKey();
+    if (key == Qt::Key_Menu) m_logic.FlexGrid1_RightClick(m_logic.grid.Col());
+    if (m_logic.FlexGrid1_KeyDown(key)) grid->swallowKey();
 }
 
 void frmDescription::bindEditor() {

@@ -44,8 +44,8 @@ private:
 
     MenuManager& m_logic;
     std::function<bool()> m_endProgram;
-    FlexGridView* FlexGrid1;
-    QLabel* Label1;
+    FlexGridView* grid;
+    QLabel* notice;
     std::unique_ptr<frmTitle> m_title;
     std::unique_ptr<QtEditableGrid> m_editable;
     std::unique_ptr<clsFlexGridEdit> m_editor;

@@ -18,7 +18,7 @@ public:
     void ask(const QString& title);
 
 private:
-    QLineEdit* Text1;
+    QLineEdit* commandSent;
 };
 
 }  // namespace korvex

@@ -224,7 +224,7 @@ QLabel* frmTerm::makeTypedText(QWidget* row) {
     buffer->setAccessibleDescription(QStringLiteral("Typed and not yet sent"));
     buffer->setMinimumWidth(0);
     buffer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    m_connections += m_terminal.Label1.bind([buffer](const std::string& wire) {
+    m_connections += m_terminal.transmitBuffer.bind([buffer](const std::string& wire) {
         const QString text = QString::fromStdString(utf8FromWire(wire));
         buffer->setText(text);
         buffer->setAccessibleName(text.isEmpty() ? QStringLiteral("Transmit Buffer, empty") : QString());
