@@ -247,16 +247,17 @@ void BandStackWriter::takeTold(const std::string& answer) {
 
 void BandStackWriter::onTalked(const Outcome& outcome) {
     if (m_step == Step::AwaitAntenna) return breakOffAtAntenna(outcome.isDone());
-    if (outcome.wentThrough()) {
-        m_link.panels().Error = "Terminated";
-        m_link.lineWritten = "Terminated";
-    }
+    if (outcome.wentThrough()) showTerminated();
     m_operation->end(outcome);
 }
 
-void BandStackWriter::finish() {
+void BandStackWriter::showTerminated() {
     m_link.panels().Error = "Terminated";
     m_link.lineWritten = "Terminated";
+}
+
+void BandStackWriter::finish() {
+    showTerminated();
     m_operation->finish(m_written);
 }
 

@@ -61,6 +61,7 @@ private:
     void breakOffAtAntenna(bool refused);
     void sendToggle();
     void fill(int row, const std::string& text);
+    void showTerminated();
     void finish();
 
     CatLink& m_link;

@@ -46,8 +46,6 @@ public:
     /// Whether settings that are not in the file may go: there are none, or the person is asked and lets them go.
     bool mayLoseEdits();
 
-    /// A column is on its way to the radio.
-    bool writing() const { return m_writer.running(); }
     /// A column is being read from the radio.
     bool reading() const { return m_reader.running(); }
 
