@@ -27,12 +27,7 @@ CellPosition up(CellPosition from, const Bounds& bounds) {
     return bounds.last;
 }
 
-}  // namespace
-
-CellPosition cellAfter(const MSFlexGrid& grid, MoveCode code) {
-    const CellPosition from{grid.Row(), grid.Col()};
-    const Bounds bounds{{grid.FixedRows(), grid.FixedCols()}, {grid.Rows() - 1, grid.Cols() - 1}};
-    if (bounds.last.row < bounds.first.row || bounds.last.col < bounds.first.col) return from;
+CellPosition next(CellPosition from, const Bounds& bounds, MoveCode code) {
     switch (code) {
         case MoveCode::Right: return right(from, bounds);
         case MoveCode::Down: return down(from, bounds);
@@ -40,6 +35,19 @@ CellPosition cellAfter(const MSFlexGrid& grid, MoveCode code) {
         case MoveCode::None: break;
     }
     return from;
+}
+
+}  // namespace
+
+CellPosition cellAfter(const MSFlexGrid& grid, MoveCode code) {
+    const CellPosition from{grid.Row(), grid.Col()};
+    const Bounds bounds{{grid.FixedRows(), grid.FixedCols()}, {grid.Rows() - 1, grid.Cols() - 1}};
+    if (bounds.last.row < bounds.first.row || bounds.last.col < bounds.first.col) return from;
+    CellPosition to = next(from, bounds, code);
+    for (int cells = grid.Rows() * grid.Cols(); grid.isRowHidden(to.row) && cells > 0; --cells) {
+        to = next(to, bounds, code);
+    }
+    return to;
 }
 
 }  // namespace korvex

@@ -19,7 +19,7 @@ struct CellPosition {
 };
 
 /// The cell that `code` leads to from the grid's current cell; past either end it goes on at the other. Only cells
-/// outside the label rows and columns are reached. A grid that has none leads nowhere.
+/// outside the label rows and columns, in rows that are in sight, are reached. A grid that has none leads nowhere.
 CellPosition cellAfter(const MSFlexGrid& grid, MoveCode code);
 
 }  // namespace korvex

@@ -84,6 +84,37 @@ void MSFlexGrid::setCellBackColor(int row, int col, std::optional<int> colour) {
     tellCell(row, col);
 }
 
+const MSFlexGrid::CellMark& MSFlexGrid::Mark(int row, int col) const {
+    static const CellMark nothing;
+    return inside(row, col) ? cell(row, col).mark : nothing;
+}
+
+void MSFlexGrid::setMark(int row, int col, CellMark mark) {
+    if (!inside(row, col) || cell(row, col).mark == mark) return;
+    cell(row, col).mark = std::move(mark);
+    tellCell(row, col);
+}
+
+bool MSFlexGrid::isRowHidden(int row) const {
+    return row >= m_fixedRows && row < static_cast<int>(m_hiddenRows.size()) &&
+           m_hiddenRows[static_cast<std::size_t>(row)];
+}
+
+void MSFlexGrid::setHiddenRows(std::vector<bool> hidden) {
+    if (hidden == m_hiddenRows) return;
+    m_hiddenRows = std::move(hidden);
+    tellAll();
+    if (isRowHidden(m_row)) setCurrent(nearestRowInSight(m_row), m_col);
+}
+
+int MSFlexGrid::nearestRowInSight(int row) const {
+    for (int below = row; below < m_rows; ++below) {
+        if (!isRowHidden(below)) return below;
+    }
+    while (isRowHidden(row)) --row;
+    return row;
+}
+
 int MSFlexGrid::ColWidth(int col) const {
     return col >= 0 && col < m_cols ? m_columns[static_cast<std::size_t>(col)].width : 0;
 }

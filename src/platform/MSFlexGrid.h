@@ -29,12 +29,26 @@ public:
 
     const std::string& TextMatrix(int row, int col) const;
     void setTextMatrix(int row, int col, std::string text);
-    /// Empties every cell and takes back every colour; the shape stays.
+    /// Empties every cell and takes back every colour and mark; the shape stays.
     void Clear();
 
     /// 0xBBGGRR; nothing is the window's normal background.
     std::optional<int> CellBackColor(int row, int col) const;
     void setCellBackColor(int row, int col, std::optional<int> colour);
+
+    /// A sign behind the cell's text for what its colour tells, and what it means in words (UTF-8).
+    struct CellMark {
+        std::string sign;
+        std::string meaning;
+        bool operator==(const CellMark&) const = default;
+    };
+    const CellMark& Mark(int row, int col) const;
+    void setMark(int row, int col, CellMark mark);
+
+    bool isRowHidden(int row) const;
+    /// By row; rows that are not in it and label rows are in sight. The current cell moves to the next row that stays
+    /// in sight, or else to the one before; where none stays, to the labels.
+    void setHiddenRows(std::vector<bool> hidden);
 
     int ColWidth(int col) const;
     void setColWidth(int col, int twips);
@@ -50,8 +64,8 @@ public:
     /// While off nothing is told; switching on tells `allChanged` once if anything changed.
     void setRedraw(bool on);
 
-    Signal<int, int> cellChanged;  ///< text or colour of (row, col)
-    Signal<> allChanged;           ///< shape, widths or many cells
+    Signal<int, int> cellChanged;  ///< text, colour or mark of (row, col)
+    Signal<> allChanged;           ///< shape, widths, hidden rows or many cells
     Signal<> leavingCell;          ///< before the current cell changes
     Signal<> currentChanged;
 
@@ -59,6 +73,7 @@ private:
     struct Cell {
         std::string text;
         std::optional<int> backColour;
+        CellMark mark;
     };
     struct Column {
         int width = 960;  // twips
@@ -72,6 +87,7 @@ private:
     void tellAll();
     void reshape(int rows, int cols);
     void keepCurrentOffLabels();
+    int nearestRowInSight(int row) const;
 
     int m_rows = 0;
     int m_cols = 0;
@@ -83,6 +99,7 @@ private:
     bool m_untold = false;
     std::vector<Cell> m_cells;
     std::vector<Column> m_columns;
+    std::vector<bool> m_hiddenRows;
 };
 
 }  // namespace korvex

@@ -114,6 +114,12 @@ TEST(MoveCode, GoesThroughTheWholeGridAndOnAtTheOtherEnd) {
 
     grid.setFixed(1, 0);
     EXPECT_EQ(after(grid, {1, 2}, MoveCode::Right), (CellPosition{2, 0}));
+    grid.setHiddenRows({false, false, true, false});
+    EXPECT_EQ(after(grid, {1, 2}, MoveCode::Right), (CellPosition{3, 0}));
+    EXPECT_EQ(after(grid, {3, 1}, MoveCode::Up), (CellPosition{1, 1}));
+    grid.setHiddenRows({false, true, true, true});
+    EXPECT_TRUE(grid.isRowHidden(cellAfter(grid, MoveCode::Down).row));  // nowhere to go, and no end of the search
+
     MSFlexGrid onlyLabels(1, 3);
     EXPECT_EQ(cellAfter(onlyLabels, MoveCode::Down), (CellPosition{onlyLabels.Row(), onlyLabels.Col()}));
 }

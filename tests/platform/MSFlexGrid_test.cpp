@@ -67,5 +67,23 @@ TEST(MSFlexGrid, StartsBesideItsLabelsAndTellsBeforeItLeavesACell) {
     EXPECT_EQ(rows, (std::vector<int>{1, 3}));
 }
 
+TEST(MSFlexGrid, TheCurrentCellIsNeverInAHiddenRow) {
+    MSFlexGrid grid(5, 3);
+    grid.setCurrent(2, 2);
+    int told = 0;
+    const Connection all = grid.allChanged.connect([&] { ++told; });
+    grid.setHiddenRows({true, true, true, false});
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(grid.isRowHidden(0));  // the labels
+    EXPECT_TRUE(grid.isRowHidden(2));
+    EXPECT_FALSE(grid.isRowHidden(4));
+    EXPECT_EQ(grid.Row(), 3);
+    EXPECT_EQ(grid.Col(), 2);
+    grid.setHiddenRows({false, false, true, true, true});
+    EXPECT_EQ(grid.Row(), 1);
+    grid.setHiddenRows({true, true, true, true, true});
+    EXPECT_EQ(grid.Row(), 0);
+}
+
 }  // namespace
 }  // namespace korvex

@@ -87,8 +87,10 @@ TEST_F(FlexGridViewTest, TellsKeysAndOnlyThenMoves) {
     key(Qt::Key_S, QStringLiteral("s"));
     key(Qt::Key_F, QStringLiteral("f"), Qt::AltModifier);
     key(Qt::Key_Delete, QStringLiteral("\x7F"));
-    EXPECT_EQ(heard, (std::vector<std::string>{"down 82", "r", "down 83", "down 70",
-                                               "down " + std::to_string(Qt::Key_Delete)}));
+    key(Qt::Key_Tab, QStringLiteral("\t"));  // it leaves the grid, if there is anything to go to
+    EXPECT_EQ(heard,
+              (std::vector<std::string>{"down 82", "r", "down 83", "down 70", "down " + std::to_string(Qt::Key_Delete),
+                                        "down " + std::to_string(Qt::Key_Tab)}));
     EXPECT_EQ(cells.Row(), 1);  // no search for a cell that begins with what was typed
 }
 
@@ -138,6 +140,36 @@ TEST_F(FlexGridViewTest, CanBeReadAloud) {
     EXPECT_EQ(table->cellAt(4, 1)->text(QAccessible::Name).toStdString(), name(5, 2));
     EXPECT_EQ(table->columnDescription(1).toStdString(), name(0, 2));
     EXPECT_EQ(table->rowDescription(4).toStdString(), name(5, 0));
+    cells.setMark(5, 2, {"*", "not saved"});
+    EXPECT_EQ(table->cellAt(4, 1)->text(QAccessible::Name).toStdString(), name(5, 2));
+    EXPECT_EQ(table->cellAt(4, 1)->text(QAccessible::Description).toStdString(), "not saved");
+}
+
+TEST_F(FlexGridViewTest, HidesRowsAndLeavesTheOthersInTheirPlaces) {
+    std::vector<bool> hidden(100, true);
+    hidden[40] = hidden[41] = false;
+    cells.setHiddenRows(hidden);
+    EXPECT_EQ(cells.Row(), 40);
+    EXPECT_TRUE(view.isRowVisible(40));
+    EXPECT_FALSE(view.isRowVisible(39));
+    EXPECT_LE(view.cellGeometry(41, 1).top() - view.cellGeometry(40, 1).bottom(), 2);  // a line between them
+    key(Qt::Key_Down);
+    EXPECT_EQ(cells.Row(), 41);
+    key(Qt::Key_Down);
+    EXPECT_EQ(cells.Row(), 41);
+    cells.setHiddenRows({});
+    EXPECT_TRUE(view.isRowVisible(41));
+    EXPECT_TRUE(view.isRowVisible(42));
+}
+
+TEST_F(FlexGridViewTest, DrawsMarksBehindTheText) {
+    const QRect cell = view.cellGeometry(2, 2);
+    const QImage before = view.grab(cell).toImage();
+    cells.setMark(2, 2, {"\u2260", "differs"});
+    const QImage after = view.grab(cell).toImage();
+    const int half = cell.width() / 2;
+    EXPECT_EQ(before.copy(0, 0, half, cell.height()), after.copy(0, 0, half, cell.height()));
+    EXPECT_NE(before.copy(half, 0, half, cell.height()), after.copy(half, 0, half, cell.height()));
 }
 
 TEST_F(FlexGridViewTest, DrawsBackColoursWithReadableText) {

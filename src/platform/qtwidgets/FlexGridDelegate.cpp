@@ -6,6 +6,8 @@
 #include <QTextDocument>
 #include <QToolTip>
 
+#include "platform/qtwidgets/FlexGridModel.h"
+
 namespace korvex {
 
 namespace {
@@ -33,7 +35,11 @@ void FlexGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     const QVariant ink = index.data(Qt::ForegroundRole);
     painter->setPen(ink.isValid() ? ink.value<QBrush>().color() : option.palette.color(QPalette::Text));
     painter->setFont(option.font);
-    const QRect textRect = option.rect.adjusted(margin, 0, -margin, 0);
+    QRect textRect = option.rect.adjusted(margin, 0, -margin, 0);
+    if (const QString sign = index.data(FlexGridModel::signRole).toString(); !sign.isEmpty()) {
+        painter->drawText(textRect, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, sign);
+        textRect.setRight(textRect.right() - option.fontMetrics.horizontalAdvance(sign) - margin);
+    }
     const QString text = option.fontMetrics.elidedText(index.data().toString().left(longestMeasured), Qt::ElideRight,
                                                        textRect.width(), Qt::TextSingleLine);
     painter->drawText(textRect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine, text);
@@ -45,13 +51,15 @@ void FlexGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
 
 bool FlexGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString().left(longestMeasured);
-    if (event->type() == QEvent::ToolTip &&
-        view->fontMetrics().horizontalAdvance(text) > option.rect.width() - 2 * margin) {
-        QToolTip::showText(event->globalPos(), Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal), view);
-        return true;
-    }
-    return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString meaning = index.data(Qt::ToolTipRole).toString();
+    const bool isCut = view->fontMetrics().horizontalAdvance(text + index.data(FlexGridModel::signRole).toString()) >
+                       option.rect.width() - 3 * margin;
+    const QString told = isCut && !meaning.isEmpty() ? text + QLatin1Char('\n') + meaning : isCut ? text : meaning;
+    QToolTip::showText(event->globalPos(), told.isEmpty() ? told : Qt::convertFromPlainText(told, Qt::WhiteSpaceNormal),
+                       view);
+    return true;
 }
 
 }  // namespace korvex

@@ -70,6 +70,11 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
 
 QVariant FlexGridModel::cellData(int row, int col, int role) const {
     if (role == Qt::DisplayRole) return QString::fromStdString(m_cells.TextMatrix(row, col).substr(0, longestShown));
+    if (role == signRole) return QString::fromStdString(m_cells.Mark(row, col).sign);
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) {
+        const std::string& meaning = m_cells.Mark(row, col).meaning;
+        return meaning.empty() ? QVariant() : QString::fromStdString(meaning);
+    }
     if (role != Qt::BackgroundRole && role != Qt::ForegroundRole) return {};
     const auto colour = m_cells.CellBackColor(row, col);
     if (!colour) return {};

@@ -12,6 +12,8 @@ class FlexGridModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
+    static constexpr int signRole = Qt::UserRole;  ///< of the cell's mark
+
     FlexGridModel(MSFlexGrid& cells, QObject* parent);
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -22,10 +22,12 @@ int pixelsOf(int twips) {
     return twips <= 0 ? 0 : std::max((twips + twipsPerPixel / 2) / twipsPerPixel, 1);
 }
 
-/// What the key types; empty for keys that type nothing, for shortcuts of menus and for Delete, which only looks like a
-/// character.
+/// What the key types; empty for keys that type nothing, for shortcuts of menus, and for Tab and Delete, which only
+/// look like characters.
 QString typedBy(const QKeyEvent& event) {
-    if (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier) || event.key() == Qt::Key_Delete) return {};
+    const int key = event.key();
+    if (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) return {};
+    if (key == Qt::Key_Delete || key == Qt::Key_Tab || key == Qt::Key_Backtab) return {};
     return event.text();
 }
 
@@ -87,8 +89,22 @@ void FlexGridView::applyAll() {
     m_corner->setVisible(m_model->labelRows() == 1 && m_model->labelCols() == 1);
     m_corner->setText(QString::fromStdString(m_cells.TextMatrix(0, 0)));
     applyWidths();
+    applyHiddenRows();
     fitTitleHeight();
     followCurrent();
+}
+
+void FlexGridView::applyHiddenRows() {
+    bool changed = false;
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        const bool hidden = m_cells.isRowHidden(row + m_model->labelRows());
+        if (hidden == isRowHidden(row)) continue;
+        setRowHidden(row, hidden);
+        changed = true;
+    }
+    if (!changed) return;
+    updateGeometries();  // the scroll bar must know the rows before it can go to one
+    scrollToCurrent();
 }
 
 void FlexGridView::applyWidths() {
@@ -253,6 +269,7 @@ QRect FlexGridView::cellGeometryIn(const QWidget& host, int row, int col) const 
 
 bool FlexGridView::isRowVisible(int row) const {
     if (row < m_model->labelRows()) return true;
+    if (m_cells.isRowHidden(row)) return false;
     const int top = rowViewportPosition(row - m_model->labelRows());
     return top > -rowHeight(row - m_model->labelRows()) && top < viewport()->height();
 }

@@ -76,6 +76,7 @@ private:
     void takeFont();
     void applyAll();
     void applyWidths();
+    void applyHiddenRows();
     void fitTitleHeight();
     void followCurrent();
     void pressLabel(const QHeaderView& header, const QMouseEvent& event);
