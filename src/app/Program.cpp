@@ -40,7 +40,8 @@ Program::Program(Machine machine)
 }
 
 PortSettings Program::makePortSettings() {
-    return {link, m_machine.ports, m_machine.settings, m_machine.msgBox, terminal.echo};
+    eqWindow.closePort();  // looking for ports would find its own in use
+    return {link, m_machine.clock, m_machine.ports, m_machine.settings, m_machine.msgBox, terminal.echo};
 }
 
 void Program::portSettingsStored() {

@@ -7,13 +7,16 @@
 
 namespace korvex {
 
-PortSettings::PortSettings(CatLink& link, SerialPorts& ports, SettingsStore& settings, MsgBox& msgBox, bool& sharedEcho)
-    : m_link(link),
+PortSettings::PortSettings(CatLink& link, Clock& clock, SerialPorts& ports, SettingsStore& settings, MsgBox& msgBox,
+                           bool& sharedEcho)
+    : search(ports, clock),
+      m_link(link),
       m_port(link.port()),
       m_ports(ports),
       m_settings(settings),
       m_msgBox(msgBox),
-      m_sharedEcho(sharedEcho) {}
+      m_sharedEcho(sharedEcho),
+      m_found(search.found.connect([this](const RadioSearch::Found& found) { takeFound(found); })) {}
 
 void PortSettings::Form_Load() {
     listAvailablePorts();
@@ -27,25 +30,34 @@ void PortSettings::listAvailablePorts() {
     const int chosenHandshaking = m_port.Handshaking();
     static_cast<void>(m_port.setHandshaking(0));
     const auto known = m_ports.list();
+    const auto stored = parseWhole(storedText(m_settings, keys::commPort));
     cboPort.clear();
-    for (int number = 1; number <= 20; ++number) {
-        if (!canBeOpened(number)) continue;
-        const auto info =
-            std::find_if(known.begin(), known.end(), [number](const auto& port) { return port.number == number; });
-        cboPort.push_back({number, info == known.end() ? std::string() : info->description});
-    }
+    for (int number = 1; number <= 20; ++number) listPort(number, stored == number, known);
     static_cast<void>(m_port.setHandshaking(chosenHandshaking));
     // Looking is not choosing: leaving the dialog by "Exit" must leave the port number as it was.
-    const auto stored = parseWhole(storedText(m_settings, keys::commPort));
     if (!stored || m_port.setCommPort(*stored)) static_cast<void>(m_port.setCommPort(before));
 }
 
-bool PortSettings::canBeOpened(int number) {
-    if (m_port.setCommPort(number)) return false;
-    const Failure failure = m_port.setPortOpen(true);
+/// The owner's port stays in the list while its adapter lies in a drawer: OK must not put another one in its place.
+void PortSettings::listPort(int number, bool isStored, const std::vector<SerialPortInfo>& known) {
+    const Failure failure = tryToOpen(number);
+    if (failure && !isStored) return;
+    if (failure) {
+        cboPort.push_back({number, failure->text, true});
+        return;
+    }
+    const auto info =
+        std::find_if(known.begin(), known.end(), [number](const auto& port) { return port.number == number; });
+    cboPort.push_back({number, info == known.end() ? std::string() : info->description, false});
+}
+
+/// A port that is only asked for a format it cannot do is there; another format is chosen in this very dialog.
+Failure PortSettings::tryToOpen(int number) {
+    if (auto failure = m_port.setCommPort(number)) return failure;
+    Failure failure = m_port.setPortOpen(true);
     static_cast<void>(m_port.setPortOpen(false));
-    // A port that is only asked for a format it cannot do is there; another format is chosen in this very dialog.
-    return !failure || failure->number == errors::LineNotSupported;
+    if (failure && failure->number == errors::LineNotSupported) return {};
+    return failure;
 }
 
 void PortSettings::loadPortSettingsIntoDialog() {
@@ -74,7 +86,33 @@ void PortSettings::selectCurrentPort() {
     selectedPort = current == cboPort.end() ? 0 : static_cast<std::size_t>(current - cboPort.begin());
 }
 
+void PortSettings::cmdFind_Click() {
+    if (search.running) return search.cancel();
+    m_link.closePort();
+    search.start(selectedPort ? cboPort[*selectedPort].number : m_port.CommPort(), parseWhole(speed).value_or(0));
+}
+
+void PortSettings::takeFound(const RadioSearch::Found& found) {
+    selectPort(found);
+    speed = std::to_string(found.line.speed);
+    parity = static_cast<std::size_t>(std::find(parities.begin(), parities.end(), "None") - parities.begin());
+    dataBits = std::to_string(found.line.dataBits);
+    stopBits = "2";
+    handshaking = 0;
+    radioFound.emit();
+}
+
+/// The port may have been plugged in since the dialog was opened.
+void PortSettings::selectPort(const RadioSearch::Found& found) {
+    const auto notBelow = [&found](const PortEntry& entry) { return entry.number >= found.port; };
+    auto place = std::find_if(cboPort.begin(), cboPort.end(), notBelow);
+    if (place == cboPort.end() || place->number != found.port) place = cboPort.insert(place, {found.port, {}, false});
+    if (place->missing || place->device.empty()) *place = {found.port, found.device, false};
+    selectedPort = static_cast<std::size_t>(place - cboPort.begin());
+}
+
 bool PortSettings::cmdOK_Click() {
+    search.cancel();
     m_sharedEcho = echo;
     Failure failure = applyPortNumber();
     if (!failure) failure = applyFormat();

@@ -15,6 +15,10 @@ RuntimeError notSupported(const std::string& device, const std::string& what);
 RuntimeError noSerialPort(const std::string& device, const std::string& reason);
 RuntimeError unplugged(const std::string& device);
 
+/// Whether another program has the device, locked or open; `held` then. Of a pseudo terminal only locks tell, because
+/// whoever made it has it open, too.
+Failure heldByOther(const std::string& device);
+
 /// What can be told without opening. Opening moves RTS and DTR, which can key the radio, and sets the line's format,
 /// which spoils another program's traffic: neither is done for a device that cannot be used anyway.
 Failure beforeOpening(const std::string& device);

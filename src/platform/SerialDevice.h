@@ -46,7 +46,7 @@ public:
 struct SerialPortInfo {
     int number = 0;           ///< 1..20
     std::string device;       ///< "/dev/ttyUSB0"
-    std::string description;  ///< UTF-8: device, adapter and serial number, for a tool tip
+    std::string description;  ///< UTF-8: device, adapter and serial number
 };
 
 /// The ports 1..20 of this machine.
@@ -60,6 +60,12 @@ public:
     virtual std::vector<SerialPortInfo> list() = 0;
     /// The user has settled on this number: its meaning is remembered from now on.
     virtual void remember(int number) = 0;
+    /// Why the port's device has to be left alone: another program has it, locked or merely open, as far as that can be
+    /// told without opening it.
+    virtual Failure heldByOther(int number) {
+        static_cast<void>(number);
+        return {};
+    }
 };
 
 }  // namespace korvex

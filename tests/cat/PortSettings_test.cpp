@@ -105,12 +105,20 @@ TEST_F(PortSettingsTest, ARefusedFormatKeepsTheDialogAndStoresNothing) {
     EXPECT_TRUE(bench.settings.values.empty());
 }
 
-TEST_F(PortSettingsTest, WithoutAnyPortOkKeepsTheNumber) {
+TEST_F(PortSettingsTest, AMissingPortStaysChosenAndOkKeepsItsNumber) {
+    PortSettings first = program.makePortSettings();
+    first.Form_Load();
+    EXPECT_TRUE(first.cboPort.empty()) << "nobody has settled on a port yet";
     bench.settings.values["Einstellungen/COM-Anschluß"] = "7";
+    bench.ports.plug(1);
+    bench.ports.plug(12);
     program.terminal.Form_Load();
     PortSettings dialog = program.makePortSettings();
     dialog.Form_Load();
-    EXPECT_TRUE(dialog.cboPort.empty());
+    ASSERT_EQ(dialog.cboPort.size(), 3U);
+    EXPECT_EQ(dialog.selectedPort, 1U);
+    EXPECT_TRUE(dialog.cboPort[1].missing);
+    EXPECT_FALSE(dialog.cboPort[0].missing);
     EXPECT_TRUE(dialog.cmdOK_Click());
     EXPECT_EQ(stored("COM-Anschluß"), "7");
 }

@@ -1,15 +1,21 @@
 #include "cat/ui/frmProperties.h"
 
+#include <QAbstractItemView>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QScreen>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "platform/LineSettings.h"
 
@@ -21,14 +27,36 @@ QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
+constexpr int deviceRole = Qt::UserRole + 1;
+constexpr int portBoxWidth = 56;  // letters: an adapter's name and its serial number in two lines
+
+/// Names of devices are long and have no blanks: they may go on in the next line at any of their joints.
+QString breakable(QString text) {
+    static const QRegularExpression joints(QStringLiteral("([/_-])"));
+    return text.replace(joints, QStringLiteral("\\1\u200B"));
+}
+
+/// The open list says which device and adapter a number is; the closed one has only the number.
+class PortDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const QString device = index.data(deviceRole).toString();
+        if (!device.isEmpty()) option->text += QStringLiteral("   ") + device;
+    }
+};
+
 }  // namespace
 
 frmProperties::frmProperties(PortSettings& logic, QWidget* parent) : QDialog(parent), m_logic(logic) {
     setObjectName(QStringLiteral("frmProperties"));
     setWindowTitle(QStringLiteral("RS-232 Port Settings"));
-    auto* frame = new QGroupBox(QStringLiteral("Einstellungen"), this);
-    frame->setObjectName(QStringLiteral("fraSettings"));
-    auto* inside = new QGridLayout(frame);
+    fraSettings = new QGroupBox(QStringLiteral("Einstellungen"), this);
+    fraSettings->setObjectName(QStringLiteral("fraSettings"));
+    auto* inside = new QGridLayout(fraSettings);
     inside->addWidget(makeSpeedFrame(), 0, 0);
     inside->addWidget(
         makeChoice(QStringLiteral("&Echo"), "optEcho", {QStringLiteral("Off"), QStringLiteral("On")}, optEcho), 1, 0);
@@ -41,10 +69,13 @@ frmProperties::frmProperties(PortSettings& logic, QWidget* parent) : QDialog(par
     inside->addWidget(makePortRow(), 3, 0, 1, 2);
 
     auto* column = new QVBoxLayout(this);
-    column->addWidget(frame);
+    column->addWidget(fraSettings);
+    column->addWidget(makeSearchRow());
     column->addWidget(makeButtons());
     column->setSizeConstraint(QLayout::SetFixedSize);
+    fillPortList();
     showLogic();
+    followSearch();
     adjustSize();
     move(screen()->availableGeometry().center() - rect().center());
 }
@@ -101,15 +132,57 @@ QGroupBox* frmProperties::makeChoice(const QString& title, const char* name, con
 }
 
 QWidget* frmProperties::makePortRow() {
-    auto* row = new QWidget(this);
-    auto* layout = new QHBoxLayout(row);
+    auto* box = new QWidget(this);
+    auto* layout = new QGridLayout(box);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* label = new QLabel(QStringLiteral("RS-232 Port:"), row);
+    auto* label = new QLabel(QStringLiteral("RS-232 Port:"), box);
     cboPort = makeCombo("cboPort", QStringLiteral("RS-232 Port"));
+    cboPort->setItemDelegate(new PortDelegate(cboPort));
     label->setBuddy(cboPort);
-    layout->addWidget(label);
-    layout->addWidget(cboPort, 1);
-    return row;
+    lblDevice = new QLabel(box);
+    lblDevice->setObjectName(QStringLiteral("lblDevice"));
+    lblDevice->setAccessibleDescription(QStringLiteral("The device behind the chosen port"));
+    lblDevice->setTextFormat(Qt::PlainText);
+    lblDevice->setWordWrap(true);
+    lblDevice->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    lblDevice->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblDevice->setFixedWidth(fontMetrics().averageCharWidth() * portBoxWidth);
+    lblDevice->setFixedHeight(fontMetrics().lineSpacing() * 4);
+    layout->addWidget(label, 0, 0);
+    layout->addWidget(cboPort, 0, 1);
+    layout->addWidget(lblDevice, 1, 0, 1, 2);
+    layout->setColumnStretch(1, 1);
+    return box;
+}
+
+QWidget* frmProperties::makeSearchRow() {
+    auto* box = new QWidget(this);
+    auto* layout = new QGridLayout(box);
+    layout->setContentsMargins(0, 0, 0, 0);
+    cmdFind = new QPushButton(box);
+    cmdFind->setObjectName(QStringLiteral("cmdFind"));
+    cmdFind->setAutoDefault(false);
+    connect(
+        cmdFind, &QPushButton::clicked, this, [this] { cmdFind_Click(); }, Qt::QueuedConnection);
+    prgSearch = new QProgressBar(box);
+    prgSearch->setObjectName(QStringLiteral("prgSearch"));
+    prgSearch->setAccessibleName(QStringLiteral("Progress of the search"));
+    prgSearch->setTextVisible(false);
+    txtSearch = new QPlainTextEdit(box);
+    txtSearch->setObjectName(QStringLiteral("txtSearch"));
+    txtSearch->setAccessibleName(QStringLiteral("What the search for the radio tells"));
+    txtSearch->setReadOnly(true);
+    txtSearch->setTabChangesFocus(true);
+    txtSearch->setFixedHeight(fontMetrics().lineSpacing() * 5);
+    txtSearch->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    txtSearch->setPlaceholderText(QStringLiteral(
+        "\"Find my Radio\" asks every free port for the radio's model, at each speed that the radio knows. "
+        "Nothing else is sent."));
+    layout->addWidget(cmdFind, 0, 0);
+    layout->addWidget(prgSearch, 0, 1);
+    layout->addWidget(txtSearch, 1, 0, 1, 2);
+    layout->setColumnStretch(1, 1);
+    return box;
 }
 
 QWidget* frmProperties::makeButtons() {
@@ -117,39 +190,83 @@ QWidget* frmProperties::makeButtons() {
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addStretch();
-    auto* ok = new QPushButton(QStringLiteral("OK"), row);
-    ok->setObjectName(QStringLiteral("cmdOK"));
-    ok->setDefault(true);
+    cmdOK = new QPushButton(QStringLiteral("OK"), row);
+    cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    cmdOK->setDefault(true);
     connect(
-        ok, &QPushButton::clicked, this, [this] { cmdOK_Click(); }, Qt::QueuedConnection);
+        cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); }, Qt::QueuedConnection);
     auto* cancel = new QPushButton(QStringLiteral("Exit"), row);
     cancel->setObjectName(QStringLiteral("cmdCancel"));
-    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    layout->addWidget(ok);
+    connect(cancel, &QPushButton::clicked, this, &frmProperties::reject);
+    layout->addWidget(cmdOK);
     layout->addWidget(cancel);
     return row;
 }
 
-void frmProperties::showLogic() {
+void frmProperties::fillPortList() {
+    cboPort->clear();
     for (const auto& entry : m_logic.cboPort) {
+        const QString device = (entry.missing ? QStringLiteral("missing: ") : QString()) + text(entry.device);
         cboPort->addItem(QString::number(entry.number), entry.number);
-        cboPort->setItemData(cboPort->count() - 1, text(entry.toolTip), Qt::ToolTipRole);
+        const int row = cboPort->count() - 1;
+        cboPort->setItemData(row, device, deviceRole);
+        cboPort->setItemData(row, device, Qt::ToolTipRole);
+        cboPort->setItemData(row, device, Qt::AccessibleDescriptionRole);
     }
-    const auto showToolTip = [this] { cboPort->setToolTip(cboPort->currentData(Qt::ToolTipRole).toString()); };
-    connect(cboPort, &QComboBox::currentIndexChanged, this, showToolTip);
+    const int widest = screen()->availableGeometry().width() / 2;
+    cboPort->view()->setTextElideMode(Qt::ElideMiddle);
+    cboPort->view()->setMinimumWidth(
+        std::min(cboPort->view()->sizeHintForColumn(0) + 2 * cboPort->iconSize().width(), widest));
+}
+
+void frmProperties::showDevice() {
+    const QString device = cboPort->currentData(deviceRole).toString();
+    cboPort->setToolTip(device);
+    cboPort->setAccessibleDescription(device);
+    const QString shown = cboPort->count() > 0 ? device : QStringLiteral("There is no serial port that can be opened.");
+    lblDevice->setText(breakable(shown));
+    lblDevice->setAccessibleName(shown);
+    lblDevice->setToolTip(device);
+}
+
+void frmProperties::showLogic() {
     cboPort->setCurrentIndex(m_logic.selectedPort ? static_cast<int>(*m_logic.selectedPort) : -1);
-    showToolTip();
+    showDevice();
     cboSpeed->setCurrentText(text(m_logic.speed));
     cboDataBits->setCurrentText(text(m_logic.dataBits));
     cboStopBits->setCurrentText(text(m_logic.stopBits));
     cboParity->setCurrentIndex(m_logic.parity ? static_cast<int>(*m_logic.parity) : -1);
     if (auto* flow = optFlow->button(m_logic.handshaking)) flow->setChecked(true);
     optEcho->button(m_logic.echo ? 1 : 0)->setChecked(true);
-    connect(optFlow, &QButtonGroup::idClicked, this, [this](int index) { m_logic.optFlow_Click(index); });
-    connect(optEcho, &QButtonGroup::idClicked, this, [this](int index) { m_logic.optEcho_Click(index); });
 }
 
-void frmProperties::cmdOK_Click() {
+void frmProperties::followSearch() {
+    connect(cboPort, &QComboBox::currentIndexChanged, this, [this] { showDevice(); });
+    connect(optFlow, &QButtonGroup::idClicked, this, [this](int index) { m_logic.optFlow_Click(index); });
+    connect(optEcho, &QButtonGroup::idClicked, this, [this](int index) { m_logic.optEcho_Click(index); });
+    RadioSearch& search = m_logic.search;
+    m_connections +=
+        search.status.changed.connect([this](const std::string& status) { txtSearch->setPlainText(text(status)); });
+    m_connections += search.tries.bind([this](int tries) { prgSearch->setRange(0, std::max(tries, 1)); });
+    m_connections += search.tried.bind([this](int tried) { prgSearch->setValue(tried); });
+    m_connections += search.running.bind([this](bool running) { showSearching(running); });
+    m_connections += m_logic.radioFound.connect([this] {
+        fillPortList();
+        showLogic();
+        cmdOK->setFocus();
+    });
+}
+
+void frmProperties::showSearching(bool searching) {
+    cmdFind->setText(searching ? QStringLiteral("Cancel") : QStringLiteral("&Find my Radio"));
+    cmdFind->setAccessibleName(searching ? QStringLiteral("Cancel the search for the radio")
+                                         : QStringLiteral("Find my Radio"));
+    prgSearch->setVisible(searching);
+    fraSettings->setEnabled(!searching);
+    cmdOK->setEnabled(!searching);
+}
+
+void frmProperties::readControls() {
     const auto chosen = [](const QComboBox* combo) -> std::optional<std::size_t> {
         if (combo->currentIndex() < 0) return std::nullopt;
         return static_cast<std::size_t>(combo->currentIndex());
@@ -162,7 +279,21 @@ void frmProperties::cmdOK_Click() {
     // The group knows what is checked, by whatever way it came to be.
     m_logic.optFlow_Click(optFlow->checkedId());
     m_logic.optEcho_Click(optEcho->checkedId());
+}
+
+void frmProperties::cmdFind_Click() {
+    readControls();
+    m_logic.cmdFind_Click();
+}
+
+void frmProperties::cmdOK_Click() {
+    readControls();
     if (m_logic.cmdOK_Click()) accept();
+}
+
+void frmProperties::reject() {
+    if (m_logic.search.running) return m_logic.search.cancel();
+    QDialog::reject();
 }
 
 }  // namespace korvex

@@ -93,6 +93,12 @@ RuntimeError unplugged(const std::string& device) {
     return {errors::PortGone, "The serial port " + device + " is gone. Was the adapter unplugged?"};
 }
 
+Failure heldByOther(const std::string& device) {
+    const auto holder = device.starts_with("/dev/pts/") ? lockHolder(device) : holderOf(device);
+    if (!holder || holder->pid == ::getpid()) return {};
+    return held(device);
+}
+
 Failure beforeOpening(const std::string& device) {
     struct stat status {};
     if (::stat(device.c_str(), &status) != 0) return errno == EACCES ? noPermission(device) : gone(device);

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "platform/PortProblem.h"
 #include "platform/PortScan.h"
 #include "platform/Settings.h"
 #include "platform/qt/QtSerialDevice.h"
@@ -100,6 +101,14 @@ void QtSerialPorts::remember(int number) {
     m_numbers.remember(number, name);
     const auto key = keys::device(number);
     if (readSetting(m_settings, key) != name) writeSetting(m_settings, key, name);
+}
+
+Failure QtSerialPorts::heldByOther(int number) {
+    if (isDemo(number)) return {};
+    look();
+    std::error_code error;
+    const auto device = std::filesystem::canonical(m_numbers.deviceOf(number), error);
+    return error ? Failure() : portproblem::heldByOther(device.string());
 }
 
 }  // namespace korvex

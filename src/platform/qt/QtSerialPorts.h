@@ -21,6 +21,7 @@ public:
     std::unique_ptr<SerialDevice> makeDevice(int number) override;
     std::vector<SerialPortInfo> list() override;
     void remember(int number) override;
+    Failure heldByOther(int number) override;
 
 private:
     bool isDemo(int number) const { return m_demo != nullptr && number == PortNumbers::first; }
