@@ -108,6 +108,7 @@ std::optional<std::string> MemoryEditor::Text1_Change(const std::string& utf8) {
 
 void MemoryEditor::Command1_Click() {
     composeEditorWriteCommand();
+    const MemoryList::Step step(m_list, "copy channel " + channelText(channel()) + " into the list");
     m_list.place(channel(), m_fields);
     m_list.setRemark(channel(), remarkText);
     m_edited = false;
@@ -159,6 +160,7 @@ void MemoryEditor::giveUp() {
 
 Rest MemoryEditor::takeAnswer(std::string_view answer) {
     if (isErrorAnswer(answer)) return takeRefusal();
+    m_list.setCell(m_currentRow, MemoryField::Channel, m_cellBefore);
     m_list.placeAnswer(m_currentRow, *parseMemoryString(answer));
     loadEditorFromList();
     if (m_writeRefused) {

@@ -11,7 +11,6 @@ namespace korvex {
 namespace {
 
 constexpr int yellow = 65535;
-constexpr int bufferRow = 1;
 constexpr int firstColumn = MemoryList::column(MemoryField::Channel);
 constexpr int lastColumn = MemoryList::column(MemoryField::Remark);
 
@@ -36,32 +35,23 @@ constexpr std::array<Column, lastColumn + 1> columns = {{{"Mem", 500},
 constexpr std::array<const char*, lastColumn + 1> sampleRow = {"",  "",  "0", "+",  "0000", "0",   "0",
                                                                "1", "0", "0", "01", "0",    "Test"};
 
-/// Many cells change, the view is told once.
-class OneRedraw {
-public:
-    explicit OneRedraw(MSFlexGrid& grid) : m_grid(grid), m_before(grid.Redraw()) { m_grid.setRedraw(false); }
-    OneRedraw(const OneRedraw&) = delete;
-    OneRedraw& operator=(const OneRedraw&) = delete;
-    ~OneRedraw() { m_grid.setRedraw(m_before); }
-
-private:
-    MSFlexGrid& m_grid;
-    bool m_before;
-};
+/// The fields that the radio takes as they are.
+MemoryRecord comparable(MemoryRecord record) {
+    record[MemoryField::FixedDigit] = record[MemoryField::Remark] = "";
+    return record;
+}
 
 }  // namespace
 
-MemoryList::MemoryList()
-    : grid(rows + 1, static_cast<int>(columns.size())), copied(10, static_cast<int>(columns.size())) {
+MemoryList::MemoryList() : grid(rows + 1, static_cast<int>(columns.size())), m_radio(rows + 1) {
     for (int col = 0; col <= lastColumn; ++col) {
         const auto index = static_cast<std::size_t>(col);
         grid.setColWidth(col, columns[index].width);
-        copied.setColWidth(col, columns[index].width);
         grid.setTextMatrix(1, col, sampleRow[index]);
     }
     setListHeaders();
     grid.setCurrent(1, firstColumn);
-    noteSaved();
+    noteAllSafe();
 }
 
 void MemoryList::setListHeaders() {
@@ -81,34 +71,64 @@ MemoryRecord MemoryList::channelFields(int row) const {
     return record;
 }
 
-MemoryList::Row MemoryList::cellsOf(int row) const {
-    Row cells;
+MemoryRow MemoryList::row(int row) const {
+    MemoryRow content;
     for (int col = firstColumn; col <= lastColumn; ++col) {
-        cells.at(static_cast<std::size_t>(col - firstColumn)) = grid.TextMatrix(row, col);
+        content.cells.at(static_cast<std::size_t>(col - firstColumn)) = grid.TextMatrix(row, col);
     }
-    return cells;
+    content.marked = grid.CellBackColor(row, firstColumn).has_value();
+    return content;
+}
+
+void MemoryList::setRow(int row, const MemoryRow& content) {
+    if (!isChannelRow(row)) return;
+    for (int col = firstColumn; col <= lastColumn; ++col) {
+        grid.setTextMatrix(row, col, content.cells.at(static_cast<std::size_t>(col - firstColumn)));
+        grid.setCellBackColor(row, col, content.marked ? std::optional(yellow) : std::nullopt);
+    }
 }
 
 void MemoryList::noteSaved() {
+    noteAllSafe();
+    noteChange();
+    rowsChanged.emit();
+}
+
+void MemoryList::noteAllSafe() {
     m_safe.assign(rows + 1, {});
     for (int row = 1; row <= rows; ++row) noteSafe(row, true);
-    noteChange();
 }
 
 void MemoryList::noteSafe(int row, bool withRemark) {
     if (!isChannelRow(row)) return;
     constexpr auto remark = static_cast<std::size_t>(MemoryField::Remark);
-    Row& safe = m_safe.at(static_cast<std::size_t>(row));
+    MemoryRow::Cells& safe = m_safe.at(static_cast<std::size_t>(row));
     const std::string remarkBefore = safe[remark];
-    safe = cellsOf(row);
+    safe = this->row(row).cells;
     if (!withRemark) safe[remark] = remarkBefore;
+}
+
+bool MemoryList::isChanged(int row) const {
+    return isChannelRow(row) && this->row(row).cells != m_safe.at(static_cast<std::size_t>(row));
 }
 
 void MemoryList::noteChange() {
     bool differs = false;
-    for (int row = 1; row <= rows && !differs; ++row)
-        differs = cellsOf(row) != m_safe.at(static_cast<std::size_t>(row));
+    for (int row = 1; row <= rows && !differs; ++row) differs = isChanged(row);
     modified = differs;
+}
+
+void MemoryList::noteInRadio(int row, const MemoryRecord& record) {
+    if (isChannelRow(row)) m_radio.at(static_cast<std::size_t>(row)) = comparable(record);
+}
+
+void MemoryList::forgetRadio() {
+    m_radio.assign(rows + 1, std::nullopt);
+    rowsChanged.emit();
+}
+
+bool MemoryList::radioHas(int row) const {
+    return isChannelRow(row) && m_radio.at(static_cast<std::size_t>(row)) == comparable(channelFields(row));
 }
 
 void MemoryList::fillRow(int row, const MemoryRecord& record) {
@@ -119,22 +139,23 @@ void MemoryList::fillRow(int row, const MemoryRecord& record) {
 }
 
 void MemoryList::place(int row, const MemoryRecord& record) {
-    const OneRedraw quiet(grid);
+    const Step step(*this, "copy channel " + channelText(row) + " into the list");
     fillRow(row, record);
-    noteChange();
 }
 
 void MemoryList::setRemark(int row, std::string utf8) {
+    const Step step(*this, "change the remark");
     setCell(row, MemoryField::Remark, std::move(utf8));
-    noteChange();
 }
 
 void MemoryList::placeAnswer(int row, const MemoryRecord& record) {
+    const Step step(*this, "read channel " + channelText(row));
+    setCell(row, MemoryField::Channel, channelText(row));
     for (const auto& place : memoryLayout) {
         if (place.field != MemoryField::Channel) setCell(row, place.field, utf8FromWire(record[place.field]));
     }
+    noteInRadio(row, channelFields(row));
     noteSafe(row, false);
-    noteChange();
 }
 
 bool MemoryList::isTheChannelOf(int row, const MemoryRecord& record) const {
@@ -144,24 +165,29 @@ bool MemoryList::isTheChannelOf(int row, const MemoryRecord& record) const {
 }
 
 void MemoryList::placeReading(int row, const MemoryRecord& record) {
+    noteInRadio(row, record);
     if (isTheChannelOf(row, record)) return noteSafe(row, false);
     fillRow(row, record);
     noteSafe(row, true);
 }
 
 void MemoryList::fillListFromMemoryTable(const MemoryTable& table, const std::set<int>& kept) {
-    const OneRedraw quiet(grid);
+    const Step step(*this, "read the memories");
     for (int slot = 1; slot <= lastMemoryChannel; ++slot) {
         const auto record = parseMemoryString(table[slot]);
         const int row = record ? memoryListRow((*record)[MemoryField::Channel]) : 0;
-        if (row > 0 && !kept.contains(row)) placeReading(row, *record);
+        if (row == 0) continue;
+        if (kept.contains(row)) {
+            noteInRadio(row, *record);
+        } else {
+            placeReading(row, *record);
+        }
     }
-    noteChange();
 }
 
 void MemoryList::noteReading() {
     m_beforeReading.assign(1, {});
-    for (int row = 1; row <= rows; ++row) m_beforeReading.push_back(cellsOf(row));
+    for (int row = 1; row <= rows; ++row) m_beforeReading.push_back(this->row(row).cells);
 }
 
 std::set<int> MemoryList::rowsChangedMeanwhile(const MemoryTable& table) const {
@@ -169,7 +195,7 @@ std::set<int> MemoryList::rowsChangedMeanwhile(const MemoryTable& table) const {
     for (int slot = 1; slot <= lastMemoryChannel; ++slot) {
         const auto record = parseMemoryString(table[slot]);
         const int row = record ? memoryListRow((*record)[MemoryField::Channel]) : 0;
-        if (row > 0 && cellsOf(row) != m_beforeReading.at(static_cast<std::size_t>(row)) &&
+        if (row > 0 && this->row(row).cells != m_beforeReading.at(static_cast<std::size_t>(row)) &&
             !isTheChannelOf(row, *record))
             changed.insert(row);
     }
@@ -177,25 +203,11 @@ std::set<int> MemoryList::rowsChangedMeanwhile(const MemoryTable& table) const {
 }
 
 void MemoryList::replaceAll(const std::map<int, MemoryRecord>& records) {
-    const OneRedraw quiet(grid);
+    const Step step(*this, "load a file");
     grid.Clear();
     setListHeaders();
     for (const auto& [row, record] : records) fillRow(row, record);
-    noteSaved();
-}
-
-void MemoryList::markRow(int row) {
-    for (int col = firstColumn; col <= lastColumn; ++col) grid.setCellBackColor(row, col, yellow);
-}
-
-void MemoryList::emptyRow(int row) {
-    for (int col = firstColumn; col <= lastColumn; ++col) grid.setTextMatrix(row, col, {});
-}
-
-void MemoryList::moveRow(int from, int to) {
-    for (int col = firstColumn; col <= lastColumn; ++col) {
-        grid.setTextMatrix(to, col, grid.TextMatrix(from, col));
-    }
+    noteAllSafe();
 }
 
 void MemoryList::renumberFilledRows() {
@@ -205,72 +217,77 @@ void MemoryList::renumberFilledRows() {
 }
 
 void MemoryList::clearRow(int row) {
-    if (!isChannelRow(row)) return;
-    const OneRedraw quiet(grid);
-    markRow(row);
-    emptyRow(row);
-    noteChange();
+    const Step step(*this, "delete the content");
+    MemoryRow empty;
+    empty.marked = true;
+    setRow(row, empty);
 }
 
 void MemoryList::insertRow(int row) {
     if (!isChannelRow(row)) return;
-    const OneRedraw quiet(grid);
-    for (int to = rows; to > row; --to) moveRow(to - 1, to);
-    emptyRow(row);
+    const Step step(*this, "insert a row");
+    for (int to = rows; to > row; --to) setRow(to, this->row(to - 1));
+    setRow(row, {});
     renumberFilledRows();
-    noteChange();
 }
 
 void MemoryList::deleteRow(int row) {
     if (!isChannelRow(row)) return;
-    const OneRedraw quiet(grid);
-    for (int to = row; to < rows; ++to) moveRow(to + 1, to);
-    emptyRow(rows);
+    const Step step(*this, "delete a row");
+    for (int to = row; to < rows; ++to) setRow(to, this->row(to + 1));
+    setRow(rows, {});
     renumberFilledRows();
+}
+
+MemoryList::Step::Step(MemoryList& list, std::string what) : m_list(list), m_what(std::move(what)) {
+    if (m_list.m_steps++ > 0) return;
+    m_list.m_before = m_list.allRows();
+    m_list.grid.setRedraw(false);
+}
+
+MemoryList::Step::~Step() {
+    if (--m_list.m_steps == 0) m_list.endStep(m_what);
+}
+
+std::vector<MemoryRow> MemoryList::allRows() const {
+    std::vector<MemoryRow> all(1);
+    for (int row = 1; row <= rows; ++row) all.push_back(this->row(row));
+    return all;
+}
+
+void MemoryList::endStep(const std::string& what) {
+    ListHistory::Step step{what, {}};
+    for (int row = 1; row <= rows; ++row) {
+        MemoryRow& before = m_before.at(static_cast<std::size_t>(row));
+        MemoryRow now = this->row(row);
+        if (now != before) step.changes.push_back({row, std::move(before), std::move(now)});
+    }
+    if (!step.changes.empty()) m_history.note(std::move(step));
     noteChange();
+    grid.setRedraw(true);
+    rowsChanged.emit();
 }
 
-void MemoryList::copyRow(int row) {
-    if (!isChannelRow(row)) return;
-    for (int col = firstColumn; col <= lastColumn; ++col) {
-        copied.setTextMatrix(bufferRow, col, grid.TextMatrix(row, col));
-    }
-    m_copied = true;
-}
-
-void MemoryList::copyRowMarked(int row) {
-    if (!isChannelRow(row)) return;
-    const OneRedraw quiet(grid);
-    markRow(row);
-    copyRow(row);
-}
-
-void MemoryList::pasteRow(int row) {
-    if (!isChannelRow(row) || !m_copied) return;
-    const OneRedraw quiet(grid);
-    copied.setTextMatrix(bufferRow, firstColumn, channelText(row));
-    for (int col = firstColumn; col <= lastColumn; ++col) {
-        grid.setTextMatrix(row, col, copied.TextMatrix(bufferRow, col));
-    }
+void MemoryList::apply(const std::vector<ListHistory::Change>& changes, bool before) {
+    grid.setRedraw(false);
+    for (const auto& change : changes) setRow(change.row, before ? change.before : change.after);
     noteChange();
+    grid.setRedraw(true);
+    rowsChanged.emit();
 }
 
-void MemoryList::List1_Click(int entry) {
-    const int row = grid.Row();
-    switch (entry) {
-        case 0: return clearRow(row);
-        case 1: return insertRow(row);
-        case 2: return deleteRow(row);
-        case 3: return copyRowMarked(row);
-        case 4: return pasteRow(row);
-        default: return;
-    }
+std::optional<std::string> MemoryList::undo() {
+    const auto step = m_history.undo();
+    if (!step) return std::nullopt;
+    apply(step->changes, true);
+    return step->what;
 }
 
-void MemoryList::FlexGrid1_KeyDown(char key) {
-    const char letter = asciiUpper(key);
-    if (letter == 'C') copyRow(grid.Row());
-    if (letter == 'V') pasteRow(grid.Row());
+std::optional<std::string> MemoryList::redo() {
+    const auto step = m_history.redo();
+    if (!step) return std::nullopt;
+    apply(step->changes, false);
+    return step->what;
 }
 
 int memoryListRow(std::string_view channel) {

@@ -2,13 +2,16 @@
 
 #include <array>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/Property.h"
+#include "memory/ListHistory.h"
 #include "memory/MemoryRecord.h"
+#include "memory/MemoryRow.h"
 #include "memory/MemoryTables.h"
 #include "platform/MSFlexGrid.h"
 
@@ -21,8 +24,7 @@ class MemoryList {
 public:
     MemoryList();
 
-    MSFlexGrid grid;    ///< row 0 and column 0 are labels
-    MSFlexGrid copied;  ///< the buffer of copy and paste: its row 1
+    MSFlexGrid grid;  ///< row 0 and column 0 are labels
 
     static constexpr int rows = lastMemoryChannel;
     static constexpr int column(MemoryField field) { return static_cast<int>(field) + 1; }
@@ -52,41 +54,65 @@ public:
 
     /// The user has changed something that neither the radio has said nor a file holds.
     Property<bool> modified{false};
+    bool isChanged(int row) const;
     /// The rows are in a file now.
     void noteSaved();
 
+    /// What the radio holds in a row's channel, as far as is known: it has told it, or has taken it.
+    void noteInRadio(int row, const MemoryRecord& record);
+    void forgetRadio();
+    /// Whether the radio is known to hold a row's fields. The digit that tells where the radio has them from may
+    /// differ.
+    bool radioHas(int row) const;
+
+    MemoryRow row(int row) const;
+    void setRow(int row, const MemoryRow& content);
     void setRemark(int row, std::string utf8);
     void clearRow(int row);   ///< marks the row's cells yellow
-    void insertRow(int row);  ///< the last row's content is lost
+    void insertRow(int row);  ///< the last row's content is lost; yellow cells move with their rows
     void deleteRow(int row);
-    void copyRow(int row);
-    void copyRowMarked(int row);  ///< marks the row's cells yellow
-    /// The copied row gets the number of the row it is pasted into. Before the first copy nothing happens.
-    void pasteRow(int row);
+    /// Every filled row's channel cell tells its row.
+    void renumberFilledRows();
 
-    /// A choice of the pop-up list, for the current row.
-    void List1_Click(int entry);
-    /// C copies the current row, V pastes into it; whether Ctrl is held does not matter.
-    void FlexGrid1_KeyDown(char key);
+    /// What happens to the rows while one of these lives can be undone in one, whatever the cause, and is shown in one.
+    /// One inside another belongs to it.
+    class Step {
+    public:
+        Step(MemoryList& list, std::string what);
+        Step(const Step&) = delete;
+        Step& operator=(const Step&) = delete;
+        ~Step();
+
+    private:
+        MemoryList& m_list;
+        std::string m_what;
+    };
+
+    const ListHistory& history() const { return m_history; }
+    /// Takes the last step back, or makes it again; what it was, nothing where there is none.
+    std::optional<std::string> undo();
+    std::optional<std::string> redo();
+    /// Rows are other ones, or where they are kept is.
+    Signal<> rowsChanged;
 
 private:
-    using Row = std::array<std::string, memoryFieldCount>;
-
     bool isChannelRow(int row) const { return row >= 1 && row <= rows; }
-    Row cellsOf(int row) const;
     void fillRow(int row, const MemoryRecord& record);
     bool isTheChannelOf(int row, const MemoryRecord& record) const;
     void placeReading(int row, const MemoryRecord& record);
     void noteSafe(int row, bool withRemark);
+    void noteAllSafe();
     void noteChange();
-    void markRow(int row);
-    void emptyRow(int row);
-    void moveRow(int from, int to);
-    void renumberFilledRows();
+    std::vector<MemoryRow> allRows() const;
+    void endStep(const std::string& what);
+    void apply(const std::vector<ListHistory::Change>& changes, bool before);
 
-    bool m_copied = false;
-    std::vector<Row> m_safe;           // what a file holds or the radio has said, by row
-    std::vector<Row> m_beforeReading;  // by row
+    std::vector<MemoryRow::Cells> m_safe;              // what a file holds or the radio has said, by row
+    std::vector<MemoryRow::Cells> m_beforeReading;     // by row
+    std::vector<std::optional<MemoryRecord>> m_radio;  // by row
+    ListHistory m_history;
+    int m_steps = 0;                  // that live
+    std::vector<MemoryRow> m_before;  // the outermost of them
 };
 
 /// The number of the row that a channel text names; 0 when it names none.

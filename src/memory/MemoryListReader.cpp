@@ -43,6 +43,7 @@ void MemoryListReader::mnu_MemSaveFromFT2000_Click() {
 void MemoryListReader::onRead(const Outcome& reading) {
     if (reading.isDone()) {
         m_link.closePort();
+        m_list.forgetRadio();
         fillList();
         return tellRemarks(m_link, m_reader);
     }

@@ -83,6 +83,21 @@ void MemoryListWriter::finish() {
     m_operation->finish(MemoryList::rows - static_cast<int>(unsent));
 }
 
+std::map<int, MemoryRecord> MemoryListWriter::taken(const Outcome& outcome) const {
+    std::map<int, MemoryRecord> taken;
+    const int last = !m_operation ? 0 : outcome.wentThrough() ? MemoryList::rows : m_operation->item() - 1;
+    const auto names = [](const std::vector<std::string>& items, int row) {
+        return std::find(items.begin(), items.end(), channelText(row)) != items.end();
+    };
+    for (int row = 1; row <= last; ++row) {
+        const auto record = parseMemoryString(m_commands.at(static_cast<std::size_t>(row - 1)));
+        const bool failed =
+            names(outcome.refused, row) || names(outcome.different, row) || names(outcome.unconfirmed, row);
+        if (record && !failed) taken[row] = *record;
+    }
+    return taken;
+}
+
 void MemoryListWriter::onEnd(const Outcome& outcome) {
     if (outcome.kind == Outcome::Kind::PortClosed) {
         constexpr std::string_view failure = "Failure Port ";

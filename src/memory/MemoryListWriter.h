@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +24,8 @@ public:
 
     bool running() const { return m_operation && m_operation->running() && !m_operation->finished(); }
     Signal<const Outcome&> ended;
+    /// What the radio has taken in the writing that has ended so, by row; not what it refused or does not tell of.
+    std::map<int, MemoryRecord> taken(const Outcome& outcome) const;
 
 private:
     void writeNext();

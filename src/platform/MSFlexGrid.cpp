@@ -95,6 +95,11 @@ void MSFlexGrid::setMark(int row, int col, CellMark mark) {
     tellCell(row, col);
 }
 
+void MSFlexGrid::setFace(GridFace* face) {
+    m_face = face;
+    tellAll();
+}
+
 bool MSFlexGrid::isRowHidden(int row) const {
     return row >= m_fixedRows && row < static_cast<int>(m_hiddenRows.size()) &&
            m_hiddenRows[static_cast<std::size_t>(row)];

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Signal.h"
+#include "platform/GridFace.h"
 
 namespace korvex {
 
@@ -44,6 +45,12 @@ public:
     };
     const CellMark& Mark(int row, int col) const;
     void setMark(int row, int col, CellMark mark);
+
+    /// How the cells are shown and typed into; null: as they are, and not at all. It must outlive the grid's views.
+    GridFace* face() const { return m_face; }
+    void setFace(GridFace* face);
+    /// What a cell shows.
+    std::string shownText(int row, int col) const { return m_face ? m_face->text(row, col) : TextMatrix(row, col); }
 
     bool isRowHidden(int row) const;
     /// By row; rows that are not in it and label rows are in sight. The current cell moves to the next row that stays
@@ -95,6 +102,7 @@ private:
     int m_fixedCols = 1;
     int m_row = 0;
     int m_col = 0;
+    GridFace* m_face = nullptr;
     bool m_redraw = true;
     bool m_untold = false;
     std::vector<Cell> m_cells;

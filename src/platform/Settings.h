@@ -46,6 +46,8 @@ inline constexpr SettingsKey<OwnersPath> keyerPath{settingsSection, "SaveKeyer"}
 inline constexpr SettingsKey<OwnersPath> backupPath{settingsSection, "SavePathBackup"};
 inline constexpr std::array ownersPaths = {savePath, memoryListPath, bandStackPath, keyerPath, backupPath};
 
+inline constexpr SettingsKey<bool> memoryListReadable{settingsSection, "ChannelinfoReadable"};
+
 /// `edge` is "Left", "Top", "Width" or "Height", in twips; every window has its own fallbacks.
 inline SettingsKey<int, std::string> place(std::string_view window, std::string_view edge, int fallback = 0) {
     return {settingsSection, std::string(window).append(edge), fallback};

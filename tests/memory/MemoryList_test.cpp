@@ -63,6 +63,12 @@ TEST(MemoryList, InsertsAndDeletesRowsAndRenumbersWhatIsFilled) {
     EXPECT_EQ(channelAndRemark(list, 2), "002 R2");
     EXPECT_EQ(channelAndRemark(list, 4), "004 R4");
 
+    list.clearRow(4);
+    list.insertRow(1);
+    EXPECT_TRUE(list.grid.CellBackColor(5, 12));  // what is marked moves along
+    EXPECT_FALSE(list.grid.CellBackColor(4, 1));
+    EXPECT_FALSE(list.grid.CellBackColor(5, 0));
+
     ListOf last({98, 99});
     last.insertRow(99);
     EXPECT_EQ(channelAndRemark(last, 98), "098 R98");
@@ -72,35 +78,6 @@ TEST(MemoryList, InsertsAndDeletesRowsAndRenumbersWhatIsFilled) {
     last.insertRow(0);  // the header's row is no channel
     last.deleteRow(0);
     EXPECT_EQ(channelAndRemark(last, 97), "097 R98");
-}
-
-TEST(MemoryList, CopiesByPopUpAndKeysAndMarksWhatThePopUpTouches) {
-    ListOf list({5, 7});
-    list.grid.setCurrent(12, 1);
-    list.FlexGrid1_KeyDown('v');  // nothing copied yet
-    EXPECT_TRUE(rowIsEmpty(list, 12));
-
-    list.grid.setCurrent(5, 1);
-    list.List1_Click(3);
-    EXPECT_EQ(list.grid.CellBackColor(5, 12), 65535);
-    EXPECT_FALSE(list.grid.CellBackColor(5, 0));
-    list.grid.setCurrent(12, 3);
-    list.List1_Click(4);
-    EXPECT_EQ(channelAndRemark(list, 12), "012 R5");
-
-    list.grid.setCurrent(7, 1);
-    list.FlexGrid1_KeyDown('C');
-    EXPECT_FALSE(list.grid.CellBackColor(7, 1));
-    list.grid.setCurrent(13, 1);
-    list.FlexGrid1_KeyDown('x');
-    list.FlexGrid1_KeyDown('v');
-    EXPECT_EQ(channelAndRemark(list, 13), "013 R7");
-
-    list.List1_Click(0);
-    EXPECT_TRUE(rowIsEmpty(list, 13));
-    EXPECT_EQ(list.grid.CellBackColor(13, 1), 65535);
-    list.FlexGrid1_KeyDown('V');  // what was emptied did not take the copied row's place
-    EXPECT_EQ(channelAndRemark(list, 13), "013 R7");
 }
 
 TEST(MemoryList, AReadingKeepsRemarksOfChannelsThatAreStillTheSame) {
@@ -137,6 +114,44 @@ TEST(MemoryList, FillsFromTheTableInOneRedrawAndKeepsOtherRows) {
     EXPECT_EQ(channelAndRemark(list, 6), "006 R6");
     EXPECT_EQ(list.cell(8, MemoryField::Frequency), "18000000");
     EXPECT_EQ(list.grid.TextMatrix(0, 1), "Cha");
+}
+
+TEST(MemoryList, UndoesWhateverChangedTheRowsAndMakesItAgain) {
+    ListOf list({5, 6, 7});
+    EXPECT_EQ(list.history().undoable(), "load a file");
+    list.insertRow(6);
+    list.clearRow(5);
+    MemoryTable table;
+    table.set(1, "MR00718000000+000000200080;");
+    list.fillListFromMemoryTable(table);
+    EXPECT_TRUE(list.radioHas(7));
+    EXPECT_EQ(*list.undo(), "read the memories");
+    EXPECT_EQ(channelAndRemark(list, 7), "007 R6");
+    EXPECT_FALSE(list.radioHas(7));
+    EXPECT_TRUE(list.isChanged(7));
+    EXPECT_FALSE(list.isChanged(4));
+    EXPECT_EQ(*list.undo(), "delete the content");
+    EXPECT_EQ(channelAndRemark(list, 5), "005 R5");
+    EXPECT_FALSE(list.grid.CellBackColor(5, 1));
+    EXPECT_EQ(*list.redo(), "delete the content");
+    EXPECT_TRUE(rowIsEmpty(list, 5));
+    EXPECT_TRUE(list.grid.CellBackColor(5, 1));
+    list.setRemark(99, "else");
+    EXPECT_FALSE(list.redo());
+    while (list.undo()) continue;
+    EXPECT_EQ(list.cell(1, MemoryField::Remark), "Test");
+    EXPECT_TRUE(list.modified);
+
+    ListOf saved({5});
+    saved.clearRow(5);
+    saved.noteSaved();
+    EXPECT_FALSE(saved.modified);
+    saved.undo();
+    EXPECT_TRUE(saved.modified);  // the file is without it
+    for (int i = 0; i < 300; ++i) saved.setRemark(1, std::to_string(i));
+    int steps = 0;
+    while (saved.undo()) ++steps;
+    EXPECT_EQ(steps, 200);
 }
 
 TEST(MemoryListFile, KeepsEveryWindows1252RemarkAndTellsWhatItCannotKeep) {

@@ -6,14 +6,15 @@
 #include "terminal/ToolWindows.h"
 #include "windows/ui/ToolWindow.h"
 
-class QListWidget;
 class QMenu;
 
 namespace korvex {
 
+class FindBar;
 class FlexGridView;
+class PopupList;
 
-/// "Memory Channel List": all channels in a grid.
+/// "Memory Channel List": all channels in a grid, and what can be done with their rows.
 class frmChannelinfo : public ToolWindow {
     Q_OBJECT
 
@@ -22,20 +23,24 @@ public:
 
 protected:
     bool closeBox() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void markModified(bool modified);
     void makeMenus();
     QAction* entry(QMenu* menu, const char* name, const QString& caption, std::function<void()> run);
+    void makeEditMenu();
+    void makeRowEntries(QMenu* menu);
+    void makeViewMenu();
+    void followHistory(QAction* undo, QAction* redo);
+    void makeBody();
+    QWidget* makeNotes();
     void makeGrid();
     void makeList1();
     void makeStatusBar();
     void pressed(int row, int col, Qt::MouseButton button);
     void keyDown(int key);
     void showList1(const QPoint& at);
-    void hideList1();
-    void chooseFromList1(int entry);
+    std::vector<int> chosen() const;
     void store();
 
 public:
@@ -45,8 +50,10 @@ private:
     MemoryManager& m_memory;
     CatLink& m_link;
     ToolWindows& m_windows;
+    SettingsStore& m_settings;
     FlexGridView* grid = nullptr;
-    QListWidget* List1 = nullptr;
+    PopupList* List1 = nullptr;
+    FindBar* m_findBar = nullptr;
     QList<QAction*> m_radioEntries;  // enabled exactly while the port is open
     Connections m_connections;
 };

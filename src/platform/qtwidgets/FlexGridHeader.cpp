@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/qtwidgets/FlexGridDelegate.h"
+#include "platform/qtwidgets/FlexGridModel.h"
 
 namespace korvex {
 
@@ -53,6 +54,8 @@ void FlexGridHeader::paintSection(QPainter* painter, const QRect& rect, int sect
     const QVariant ink = model()->headerData(section, orientation(), Qt::ForegroundRole);
     if (ink.isValid()) frame.palette.setBrush(QPalette::ButtonText, ink.value<QBrush>());
     paintLabel(*painter, *this, frame, defaultAlignment(), model()->headerData(section, orientation()).toString());
+    const QString sign = model()->headerData(section, orientation(), FlexGridModel::signRole).toString();
+    painter->drawText(rect.adjusted(0, 0, -margin, 0), Qt::AlignRight | Qt::AlignVCenter, sign);
     painter->restore();
 }
 

@@ -69,16 +69,53 @@ QVariant FlexGridModel::headerData(int section, Qt::Orientation orientation, int
 }
 
 QVariant FlexGridModel::cellData(int row, int col, int role) const {
-    if (role == Qt::DisplayRole) return QString::fromStdString(m_cells.TextMatrix(row, col).substr(0, longestShown));
+    if (role == Qt::DisplayRole) return QString::fromStdString(m_cells.shownText(row, col).substr(0, longestShown));
     if (role == signRole) return QString::fromStdString(m_cells.Mark(row, col).sign);
     if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) {
-        const std::string& meaning = m_cells.Mark(row, col).meaning;
-        return meaning.empty() ? QVariant() : QString::fromStdString(meaning);
+        const QString text = description(row, col);
+        return text.isEmpty() ? QVariant() : text;
     }
-    if (role != Qt::BackgroundRole && role != Qt::ForegroundRole) return {};
-    const auto colour = m_cells.CellBackColor(row, col);
+    if (role != Qt::BackgroundRole && role != Qt::ForegroundRole) return faceData(row, col, role);
+    const auto own = m_cells.CellBackColor(row, col);
+    const auto over = m_cells.face() ? m_cells.face()->backColour(row, col) : std::nullopt;
+    const auto colour = over ? over : own;
     if (!colour) return {};
     return QBrush(role == Qt::BackgroundRole ? colourOf(*colour) : inkOn(colourOf(*colour)));
+}
+
+QString FlexGridModel::description(int row, int col) const {
+    std::string text = m_cells.Mark(row, col).meaning;
+    const std::string further = m_cells.face() ? m_cells.face()->description(row, col) : "";
+    if (!text.empty() && !further.empty()) text += '\n';
+    return QString::fromStdString((text + further).substr(0, longestShown));
+}
+
+QVariant FlexGridModel::faceData(int row, int col, int role) const {
+    if (!m_cells.face()) return {};
+    if (role == groupRole) return m_cells.face()->beginsGroup(col);
+    if (role == Qt::EditRole) return QString::fromStdString(m_cells.shownText(row, col));
+    if (role != choicesRole) return {};
+    QStringList choices;
+    for (const auto& choice : m_cells.face()->choices(row, col)) choices << QString::fromStdString(choice);
+    return choices;
+}
+
+Qt::ItemFlags FlexGridModel::flags(const QModelIndex& index) const {
+    const bool editable = index.isValid() && m_cells.face() && m_cells.face()->isEditable(rowOf(index), colOf(index));
+    return QAbstractTableModel::flags(index) | (editable ? Qt::ItemIsEditable : Qt::NoItemFlags);
+}
+
+QString FlexGridModel::whyRefused(const QModelIndex& index, const QString& text) const {
+    if (!index.isValid() || !m_cells.face()) return {};
+    const auto why = m_cells.face()->whyRefused(rowOf(index), colOf(index), text.toStdString());
+    return why ? QString::fromStdString(*why) : QString();
+}
+
+bool FlexGridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable)) return false;
+    if (!whyRefused(index, value.toString()).isEmpty()) return false;
+    m_cells.face()->put(rowOf(index), colOf(index), value.toString().toStdString());
+    return true;
 }
 
 void FlexGridModel::tellCell(int row, int col) {

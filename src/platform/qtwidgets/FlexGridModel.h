@@ -12,13 +12,20 @@ class FlexGridModel : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    static constexpr int signRole = Qt::UserRole;  ///< of the cell's mark
+    static constexpr int signRole = Qt::UserRole;         ///< of the cell's mark
+    static constexpr int groupRole = Qt::UserRole + 1;    ///< whether a line stands on the left of the cell
+    static constexpr int choicesRole = Qt::UserRole + 2;  ///< what can be chosen in a cell; empty where it is typed
 
     FlexGridModel(MSFlexGrid& cells, QObject* parent);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// Puts a text into a cell that can be typed into; false where the grid's face refuses it.
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+    /// Why a text cannot be put into a cell; empty where it can.
+    QString whyRefused(const QModelIndex& index, const QString& text) const;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
     int labelRows() const { return m_shape.labelRows; }
@@ -46,6 +53,8 @@ private:
     void tellAllCells();
     void tellCell(int row, int col);
     QVariant cellData(int row, int col, int role) const;
+    QVariant faceData(int row, int col, int role) const;
+    QString description(int row, int col) const;
 
     MSFlexGrid& m_cells;
     Shape m_shape;

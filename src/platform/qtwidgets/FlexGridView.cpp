@@ -42,7 +42,9 @@ FlexGridView::FlexGridView(MSFlexGrid& cells, QWidget* parent)
       m_corner(new FlexGridCorner(this)) {
     setUpHeaders();
     setModel(m_model);
-    setItemDelegate(new FlexGridDelegate(this));
+    auto* delegate = new FlexGridDelegate(this);
+    setItemDelegate(delegate);
+    connect(delegate, &FlexGridDelegate::refused, this, &FlexGridView::editRefused);
     setSelectionMode(NoSelection);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
@@ -127,7 +129,15 @@ void FlexGridView::followCurrent() {
     const QModelIndex current = m_model->indexOfCell(m_cells.Row(), m_cells.Col());
     if (!current.isValid() || current == currentIndex()) return;
     m_following = true;
-    setCurrentIndex(current);
+    if (m_choosesRows) {
+        // Whatever keys are held: it is the grid that went there, and the chosen rows stay if it went to one of them.
+        const bool chosen = selectionModel()->isRowSelected(current.row());
+        selectionModel()->setCurrentIndex(
+            current,
+            chosen ? QItemSelectionModel::NoUpdate : QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    } else {
+        setCurrentIndex(current);
+    }
     m_following = false;
 }
 
@@ -140,6 +150,53 @@ void FlexGridView::currentChanged(const QModelIndex& current, const QModelIndex&
 void FlexGridView::setTakesTyping(bool takes) {
     m_takesTyping = takes;
     allowInputMethods();
+}
+
+void FlexGridView::setEditsCells(bool edits) {
+    m_editsCells = edits;
+    setEditTriggers(edits ? EditKeyPressed | AnyKeyPressed : EditTriggers(NoEditTriggers));
+}
+
+void FlexGridView::setChoosesRows(bool chooses) {
+    m_choosesRows = chooses;
+    setSelectionBehavior(chooses ? SelectRows : SelectItems);
+    setSelectionMode(chooses ? ExtendedSelection : NoSelection);
+    if (chooses) chooseRows({m_cells.Row()});
+}
+
+std::vector<int> FlexGridView::chosenRows() const {
+    std::vector<int> rows;
+    for (int row = 0; m_choosesRows && row < m_model->rowCount(); ++row) {
+        if (selectionModel()->isRowSelected(row) && !isRowHidden(row)) rows.push_back(row + m_model->labelRows());
+    }
+    const bool hasCurrent = std::find(rows.begin(), rows.end(), m_cells.Row()) != rows.end();
+    return hasCurrent ? rows : std::vector<int>{m_cells.Row()};
+}
+
+void FlexGridView::chooseRows(const std::vector<int>& rows) {
+    QItemSelection chosen;
+    for (const int row : rows) {
+        const QModelIndex cell = m_model->indexOfCell(row, m_model->labelCols());
+        if (cell.isValid()) chosen.select(cell, cell);
+    }
+    selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void FlexGridView::editCurrent() {
+    if (m_editsCells && currentIndex().flags().testFlag(Qt::ItemIsEditable)) edit(currentIndex());
+}
+
+/// Whether the key was one that edits the current cell.
+bool FlexGridView::typeIntoCell(QKeyEvent& event) {
+    if (!m_editsCells) return false;
+    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
+        editCurrent();
+        return true;
+    }
+    const QString text = typedBy(event);
+    if (text.isEmpty() || !text.front().isPrint()) return false;
+    QTableView::keyPressEvent(&event);
+    return true;
 }
 
 void FlexGridView::allowInputMethods() {
@@ -167,7 +224,7 @@ void FlexGridView::inputMethodEvent(QInputMethodEvent* event) {
 void FlexGridView::keyPressEvent(QKeyEvent* event) {
     m_keySwallowed = false;
     Q_EMIT keyDown(event->key(), event->modifiers());
-    if (m_keySwallowed) return;
+    if (m_keySwallowed || typeIntoCell(*event)) return;
     const QString text = typedBy(*event);
     const bool copies = !m_takesTyping && event->matches(QKeySequence::Copy);
     if (text.isEmpty() || copies) {

@@ -28,6 +28,15 @@ public:
 
     /// A grid that can be typed into takes characters and input methods; any other leaves characters to its window.
     void setTakesTyping(bool takes);
+    /// Cells that the grid's face takes are edited in place: with Enter, F2 and by typing.
+    void setEditsCells(bool edits);
+    /// Several rows can be chosen, with Shift and Ctrl as elsewhere; the current one is among them.
+    void setChoosesRows(bool chooses);
+    /// The chosen rows that are in sight, ascending; at least the current one.
+    std::vector<int> chosenRows() const;
+    void chooseRows(const std::vector<int>& rows);
+    void editCurrent();
+
     /// From inside a handler of `keyDown`: the key was used, nothing else follows from it.
     void swallowKey() { m_keySwallowed = true; }
 
@@ -54,6 +63,8 @@ Q_SIGNALS:
     /// A composition that is not finished, or the end of one that was told here before.
     void composed(QInputMethodEvent* event);
     void focusTaken();
+    /// What was typed into a cell is not taken.
+    void editRefused(const QString& why);
     /// Cells lie elsewhere in this widget than before: scrolled, resized, other widths or heights.
     void cellsMoved();
 
@@ -75,6 +86,7 @@ private:
     void setUpHeaders();
     void takeFont();
     void applyAll();
+    bool typeIntoCell(QKeyEvent& event);
     void applyWidths();
     void applyHiddenRows();
     void fitTitleHeight();
@@ -91,6 +103,8 @@ private:
     std::vector<int>
         m_appliedTwips;  // by column of the model; a width the user changed stays until the grid has another one
     bool m_takesTyping = false;
+    bool m_editsCells = false;
+    bool m_choosesRows = false;
     bool m_keySwallowed = false;
     bool m_composing = false;
     bool m_following = false;  // the current cell is being taken over from the grid

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QComboBox>
+
+namespace korvex {
+
+/// The values that can be chosen in a cell. Keys choose without leaving it; a choice in the opened list is final.
+class ChoiceBox : public QComboBox {
+    Q_OBJECT
+
+public:
+    ChoiceBox(const QStringList& choices, QWidget* parent);
+
+    /// The choice that is `text`, or has it as its first word; none where there is no such.
+    void show(const QString& text);
+
+    void showPopup() override;
+    void hidePopup() override;
+
+Q_SIGNALS:
+    void chosenInList();
+
+private:
+    bool m_open = false;
+};
+
+}  // namespace korvex
