@@ -8,8 +8,8 @@
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtSettingsStore.h"
-#include "platform/qt/QtShell.h"
 #include "platform/qtwidgets/QtMsgBox.h"
+#include "platform/qtwidgets/QtShell.h"
 #include "radio/SimulatedPorts.h"
 
 namespace korvex::bench {

@@ -8,10 +8,10 @@
 #include <unistd.h>
 
 #include "platform/Settings.h"
-#include "platform/qt/DesktopEntry.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtSettingsStore.h"
-#include "platform/qt/QtShell.h"
+#include "platform/qtwidgets/DesktopEntry.h"
+#include "platform/qtwidgets/QtShell.h"
 
 namespace korvex {
 namespace {
@@ -98,6 +98,7 @@ protected:
     ~Shell() override {
         qputenv("PATH", path);
         qunsetenv("KORVEX_EDITOR");
+        qunsetenv("KORVEX_BROWSER");
     }
     void install(const std::string& name, const std::string& script) const {
         const fs::path file = root / name;
@@ -152,11 +153,12 @@ TEST_F(Shell, FindsTheTextEditor) {
 }
 
 TEST_F(Shell, OpensPagesAndTellsAboutTheComputer) {
-    EXPECT_TRUE(shell.openBrowser("/help.html"));
+    EXPECT_TRUE(shell.openBrowser("/help.html")) << "there is no desktop here that could";
     EXPECT_TRUE(shell.openSystemInformation());
-    installNoting("xdg-open");
+    installNoting("browser");
+    qputenv("KORVEX_BROWSER", "browser --new");
     EXPECT_FALSE(shell.openBrowser("/my folder/help.html"));
-    EXPECT_EQ(noted(), "xdg-open file:///my%20folder/help.html");
+    EXPECT_EQ(noted(), "browser --new file:///my%20folder/help.html");
     installNoting("gnome-control-center");
     EXPECT_FALSE(shell.openSystemInformation());
     EXPECT_EQ(noted(), "gnome-control-center info-overview");

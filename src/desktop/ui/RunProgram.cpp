@@ -14,9 +14,9 @@
 #include "platform/qt/QtProgramPlaces.h"
 #include "platform/qt/QtSerialPorts.h"
 #include "platform/qt/QtSettingsStore.h"
-#include "platform/qt/QtShell.h"
 #include "platform/qtwidgets/QtFileDialog.h"
 #include "platform/qtwidgets/QtMsgBox.h"
+#include "platform/qtwidgets/QtShell.h"
 #include "radio/SimulatedPorts.h"
 
 namespace korvex {

@@ -1,4 +1,4 @@
-#include "platform/qt/DesktopEntry.h"
+#include "platform/qtwidgets/DesktopEntry.h"
 
 #include <QProcess>
 

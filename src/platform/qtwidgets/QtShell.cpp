@@ -1,12 +1,13 @@
-#include "platform/qt/QtShell.h"
+#include "platform/qtwidgets/QtShell.h"
 
+#include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
 
-#include "platform/qt/DesktopEntry.h"
+#include "platform/qtwidgets/DesktopEntry.h"
 
 namespace korvex {
 
@@ -76,14 +77,10 @@ Failure QtShell::openTextEditor(const std::string& file) {
 
 Failure QtShell::openBrowser(const std::string& file) {
     const QString name = QFileInfo(QString::fromStdString(file)).absoluteFilePath();
-    const QString page = QUrl::fromLocalFile(name).toString(QUrl::FullyEncoded);
-    QStringList command = fromEnvironment("KORVEX_BROWSER", {page});
-    if (command.isEmpty()) {
-        command = firstInstalled({"xdg-open", "sensible-browser", "x-www-browser", "firefox", "firefox-esr", "chromium",
-                                  "epiphany-browser", "falkon"},
-                                 {page});
-    }
+    const QUrl page = QUrl::fromLocalFile(name);
+    const QStringList command = fromEnvironment("KORVEX_BROWSER", {page.toString(QUrl::FullyEncoded)});
     if (!command.isEmpty()) return start(command);
+    if (QDesktopServices::openUrl(page)) return {};
     return RuntimeError{errors::FileNotFound, "No web browser was found. The page is " + file + "."};
 }
 

@@ -8,7 +8,7 @@ namespace korvex {
 /// KORVEX_EDITOR, KORVEX_BROWSER and KORVEX_SYSTEM_INFORMATION name another command each.
 class QtShell : public Shell {
 public:
-    /// The data files have endings of their own that no desktop knows: what opens plain text opens them.
+    /// The desktop opens data files with Korvex itself: what opens plain text opens them here.
     Failure openTextEditor(const std::string& file) override;
     Failure openBrowser(const std::string& file) override;
     Failure openSystemInformation() override;
