@@ -35,21 +35,26 @@ korvex_qt_target(draw_art)
 target_link_libraries(draw_art PRIVATE Qt6::Gui Qt6::Svg)
 set(drawn_folder ${PROJECT_BINARY_DIR}/drawn)
 file(MAKE_DIRECTORY ${drawn_folder})
+set(icon_sizes 16x16 22x22 24x24 32x32 48x48 64x64 128x128 256x256 512x512)
+list(TRANSFORM icon_sizes PREPEND korvex: OUTPUT_VARIABLE icon_orders)
 set(art_orders)
-set(art_files)
-foreach(order ft2000-front:360x150 ft2000-front:720x300 korvex:16x16 korvex:32x32 korvex:64x64)
+set(drawn_files)
+foreach(order ft2000-front:360x150 ft2000-front:720x300 ${icon_orders})
   string(REPLACE ":" ";" parts ${order})
   list(GET parts 0 name)
   list(GET parts 1 size)
   list(APPEND art_orders ${PROJECT_SOURCE_DIR}/data/images/${name}.svg:${size})
-  list(APPEND art_files ${drawn_folder}/${name}@${size}.png)
+  list(APPEND drawn_files ${drawn_folder}/${name}@${size}.png)
 endforeach()
-add_custom_command(OUTPUT ${art_files}
+# What a program carries in itself; the other sizes are the desktop's.
+set(art_files ${drawn_files})
+list(FILTER art_files INCLUDE REGEX "/(ft2000-front|korvex@(16|32|64)x)[^/]*$")
+add_custom_command(OUTPUT ${drawn_files}
   COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0
           $<TARGET_FILE:draw_art> ${drawn_folder} ${art_orders}
   DEPENDS draw_art data/images/ft2000-front.svg data/images/korvex.svg
   COMMENT "Drawing the pictures")
-add_custom_target(korvex_art DEPENDS ${art_files})
+add_custom_target(korvex_art DEPENDS ${drawn_files})
 
 # What a program with windows carries in itself.
 function(korvex_resources target)
@@ -66,8 +71,6 @@ add_library(korvex_ui STATIC ${found})
 korvex_qt_target(korvex_ui)
 target_link_libraries(korvex_ui PUBLIC korvex_qt Qt6::Widgets PRIVATE Qt6::Svg)
 
-include(GNUInstallDirs)
-
 # The menu descriptions that come with the program. Korvex copies them into its program folder where there are none.
 add_executable(make_descriptions tools/make_descriptions.cpp)
 korvex_qt_target(make_descriptions)
@@ -81,7 +84,6 @@ add_custom_command(OUTPUT ${descriptions}
   DEPENDS make_descriptions data/menu-description.tsv
   COMMENT "Making the menu descriptions" VERBATIM)
 add_custom_target(korvex_descriptions DEPENDS ${descriptions})
-install(FILES ${descriptions} DESTINATION ${CMAKE_INSTALL_DATADIR}/korvex)
 
 # Whoever builds a program gets the descriptions along, whichever target he named.
 qt_add_executable(korvex src/desktop/ui/main.cpp)
@@ -94,11 +96,4 @@ add_executable(korvexctl src/cli/main.cpp)
 korvex_qt_target(korvexctl)
 target_link_libraries(korvexctl PRIVATE korvex_qt)
 add_dependencies(korvexctl korvex_descriptions)
-install(TARGETS korvex korvexctl)
-
-if(TARGET ft2000sim)
-  install(TARGETS ft2000sim)
-endif()
-install(DIRECTORY data/helpfile DESTINATION ${CMAKE_INSTALL_DATADIR}/korvex)
-install(FILES packaging/korvex.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-install(FILES data/images/korvex.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+include(cmake/Install.cmake)

@@ -10,8 +10,9 @@ namespace korvex {
 namespace {
 
 std::string portText(const MSComm& port) {
-    return std::to_string(port.CommPort()) + ", " + port.Settings() + ", handshaking " +
-           std::to_string(port.Handshaking());
+    const std::string device = port.deviceText();
+    return (device.empty() ? "number " + std::to_string(port.CommPort()) : device) + ", " + port.Settings() +
+           ", handshaking " + std::to_string(port.Handshaking());
 }
 
 /// To the end, refusals among the answers or not.

@@ -2,6 +2,7 @@
 
 #include "base/CodePage.h"
 #include "cat/TransmitGuard.h"
+#include "cli/Manual.h"
 #include "options/OptionParser.h"
 #include "platform/LineSettings.h"
 
@@ -10,11 +11,7 @@ namespace korvex::cli {
 namespace {
 
 constexpr auto helpEnd =
-    "\n"
-    "Kinds: menu, memory, list, bandstack, keyer. FILE may be \"-\": standard input or output.\n"
-    "Exit codes: 0 done, 1 compare: different, restore: the radio is not as the files say,\n"
-    "            2 usage, 3 port, 4 no or wrong answers, or not all (a backup that is made all the same\n"
-    "            prints its folder), 5 file or its own output, 128 + N signal N\n";
+    "\nKinds: menu, memory, list, bandstack, keyer. FILE may be \"-\": standard input or output.\n";
 
 RuntimeError wrong(const std::string& why) {
     return {errors::InvalidPropertyValue, why};
@@ -52,13 +49,21 @@ void addPlaces(OptionParser& parser, Command& command) {
     parser.option("--database", "FILE", "the menu descriptions (else those in Korvex's program folder)",
                   into(command.database));
     parser.option("--settings", "FILE", "the settings file of Korvex", into(command.settingsFile));
+    parser.words("KIND", {"menu", "memory", "list", "bandstack", "keyer"});
+    parser.words("PACE", {"answered", "100"});
+    parser.words("OTHER", {"radio"});
+}
+
+/// How much is said, and in which form.
+void addSpeech(OptionParser& parser, Command& command) {
+    parser.flag("-q,--quiet", "no progress and no word beside errors; compare: the exit code alone", command.quiet);
+    parser.flag("--json", "save, compare, ports, restore, restore-all: the report for programs", command.json);
 }
 
 /// What belongs to one command or two.
 void addChoices(OptionParser& parser, Command& command) {
     parser.group("For restore and restore-all");
     parser.flag("--verify", "tells of every item, not only of those that are not as they should be", command.verify);
-    parser.flag("--json", "the report for programs", command.json);
     parser.flag("--all", "writes what the radio has already, too", command.writesAll);
     parser.option("--safety-copy", "DIR", "where what the radio has now is kept first (else beside what is restored)",
                   into(command.safetyFolder));
@@ -112,9 +117,21 @@ Failure checkText(Command& command) {
     return wrong("this would key the transmitter; --allow-transmit says that you mean it");
 }
 
+Failure checkSpeech(const Command& command) {
+    using Verb = Command::Verb;
+    const bool reports = command.verb == Verb::Save || command.verb == Verb::Compare || command.verb == Verb::Ports ||
+                         command.verb == Verb::Restore || command.verb == Verb::RestoreAll;
+    if (command.json && !reports) return wrong("--json belongs to save, compare, ports, restore and restore-all");
+    if (command.json && command.dryRun) return wrong("--json and --dry-run exclude each other");
+    if (command.json && command.verb == Verb::Save && command.file == "-") {
+        return wrong("standard output cannot take the file and the report: save into a file, or leave --json out");
+    }
+    return {};
+}
+
 Failure checkOptions(const Command& command) {
     using Verb = Command::Verb;
-    if (command.verb == Verb::Print) return wrong("what is to be done?");
+    if (command.verb == Verb::Print) return wrong("what is to be done? \"korvexctl ports\" is a beginning");
     if (command.demo && command.device) return wrong("--demo and -r exclude each other");
     const bool restores = command.verb == Verb::Restore || command.verb == Verb::RestoreAll;
     if ((command.verify || command.dryRun) && !restores) return wrong("--verify and --dry-run belong to a restore");
@@ -123,8 +140,8 @@ Failure checkOptions(const Command& command) {
     if (command.withCat && !restoresMenu) return wrong("--with-cat belongs to restore-all and restore menu");
     if (command.force && !restores) return wrong("--force belongs to a restore");
     const bool keeps = command.withoutSafetyCopy || command.safetyFolder;
-    if ((command.json || command.writesAll || keeps) && !restores) {
-        return wrong("--json, --all, --safety-copy and --no-safety-copy belong to a restore");
+    if ((command.writesAll || keeps) && !restores) {
+        return wrong("--all, --safety-copy and --no-safety-copy belong to a restore");
     }
     if (command.withoutSafetyCopy && command.safetyFolder) {
         return wrong("--safety-copy and --no-safety-copy exclude each other");
@@ -132,17 +149,20 @@ Failure checkOptions(const Command& command) {
     if (command.withSettings && command.verb != Verb::DescriptionImport) {
         return wrong("--with-settings belongs to description import");
     }
-    return {};
+    return checkSpeech(command);
 }
 
 }  // namespace
 
 Result<Command> parseArguments(const std::vector<std::string>& arguments) {
     Command command;
-    OptionParser parser("korvexctl", "korvexctl: the work of Korvex, without windows", helpEnd);
+    OptionParser parser("korvexctl", "korvexctl: saves and restores what is set in a Yaesu FT-2000, without windows",
+                        helpEnd);
     addVerbs(parser, command);
     addPlaces(parser, command);
+    addSpeech(parser, command);
     addChoices(parser, command);
+    addManual(parser);
     std::string print;
     if (auto failure = parser.read(arguments, print)) return *failure;
     if (!print.empty()) {

@@ -41,6 +41,7 @@ struct Command {
     bool writesAll = false;  ///< also what the radio has already
     bool withoutSafetyCopy = false;
     std::optional<std::string> safetyFolder;  ///< for the folder of the safety copy; else beside what is restored
+    bool quiet = false;                       ///< errors only
     bool json = false;                        ///< the report for programs
     bool dryRun = false;                      ///< print what would be sent
     bool withCat = false;                     ///< the radio's own CAT settings too

@@ -1,5 +1,7 @@
 #include "cli/CompareJob.h"
 
+#include "cli/JsonReport.h"
+
 namespace korvex::cli {
 
 /// By --kind, else by the ending of the file.
@@ -28,8 +30,13 @@ std::optional<ExitCode> CompareJob::prepare() {
     m_left = makeSide(m_workshop.command.file);
     m_right = makeSide(m_workshop.command.otherFile);
     m_kind = chosenKind();
-    if (m_kind == nullptr || !areComparable()) {
-        m_workshop.tell("what kind of file is it? --kind says it where the ending does not");
+    if (m_kind == nullptr) {
+        m_workshop.tell(
+            "no ending tells what kind of file it is; --kind menu (or memory, list, bandstack, keyer) says it");
+        return ExitCode::Usage;
+    }
+    if (!areComparable()) {
+        m_workshop.tell("both sides are the same; name two files, or a file and \"radio\"");
         return ExitCode::Usage;
     }
     if (!takeFile(m_left) || !takeFile(m_right)) return ExitCode::File;
@@ -52,7 +59,11 @@ ExitCode CompareJob::conclude() {
     }
     const DataItems right = m_kind->isCircle ? turnedLike(m_left.items, m_right.items) : m_right.items;
     const auto list = differences(m_left.items, right, withRadio() ? Remarks::Ignore : Remarks::Count);
-    print(m_workshop.out, list, std::string(m_kind->name), m_workshop.titles);
+    if (m_workshop.command.json) {
+        printJson(m_workshop.out, {m_kind->name, m_left.file, m_right.file, list}, m_workshop.titles);
+    } else if (!m_workshop.command.quiet) {
+        print(m_workshop.out, list, std::string(m_kind->name), m_workshop.titles);
+    }
     return list.empty() ? ExitCode::Done : ExitCode::Different;
 }
 

@@ -103,15 +103,16 @@ ItemTitles titlesFrom(Database& database, const std::string& databaseFile) {
 }
 
 ExitCode exportDescription(Database& database, const std::string& databaseFile, const std::string& file,
-                           std::ostream& err) {
+                           std::ostream& err, const Files& files) {
     const auto table = readDescriptions(database, databaseFile);
     if (!table) return failed(err, table.error().text);
-    if (const auto failure = textfile::write(file, descriptionText(*table))) return failed(err, failure->text);
+    if (const auto failure = files.write(file, descriptionText(*table))) return failed(err, failure->text);
     return ExitCode::Done;
 }
 
-ExitCode importDescription(Database& database, const ImportOrder& order, std::ostream& out, std::ostream& err) {
-    const auto content = textfile::read(order.table);
+ExitCode importDescription(Database& database, const ImportOrder& order, std::ostream& out, std::ostream& err,
+                           const Files& files) {
+    const auto content = files.read(order.table);
     if (!content) return failed(err, content.error().text);
     auto table = parseDescription(*content);
     if (!table) return failed(err, order.table + ", " + table.error().text);

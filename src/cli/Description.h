@@ -1,18 +1,21 @@
 #pragma once
 
+#include <iostream>
 #include <ostream>
 #include <string>
 
 #include "cli/CommandLine.h"
 #include "cli/Comparison.h"
+#include "cli/Files.h"
 #include "platform/Database.h"
 #include "platform/TimeOfDay.h"
 
 namespace korvex::cli {
 
-/// Writes the description database out as a table that people can edit.
+/// Writes the description database out as a table that people can edit. "-" is standard output, and
+/// standard input for the import.
 ExitCode exportDescription(Database& database, const std::string& databaseFile, const std::string& file,
-                           std::ostream& err);
+                           std::ostream& err, const Files& files = {std::cin, std::cout});
 
 struct ImportOrder {
     std::string database;  ///< made if it is not there
@@ -24,7 +27,8 @@ struct ImportOrder {
 /// Takes such a table into the description database. The settings columns stay; what was there before is copied aside,
 /// and the output says where to and what was taken. A file that is no such table, and a database that is not Korvex's,
 /// change nothing.
-ExitCode importDescription(Database& database, const ImportOrder& order, std::ostream& out, std::ostream& err);
+ExitCode importDescription(Database& database, const ImportOrder& order, std::ostream& out, std::ostream& err,
+                           const Files& files = {std::cin, std::cout});
 
 /// What the owner of the description database calls the menu items. It is read when the first name is asked for, and
 /// never made or changed; where it is not there or has no name, the item goes by its number alone.

@@ -18,7 +18,9 @@ std::unique_ptr<Job> makeJob(const Workshop& workshop) {
 
 const FileKind* kindNamed(const Workshop& workshop, const std::string& name) {
     const FileKind* kind = fileKind(name);
-    if (kind == nullptr) workshop.tell("there is no kind of file called " + name);
+    if (kind == nullptr)
+        workshop.tell("there is no kind of file called " + name +
+                      "; there are menu, memory, list, bandstack and keyer");
     return kind;
 }
 

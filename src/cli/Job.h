@@ -36,6 +36,10 @@ struct Workshop {
     ItemTitles titles;
 
     void tell(const std::string& text) const { err << "korvexctl: " << text << "\n"; }
+    /// What is no error.
+    void note(const std::string& text) const {
+        if (!command.quiet) tell(text);
+    }
 };
 
 /// What a command does with files and radio, in steps that the session runs one after the other.

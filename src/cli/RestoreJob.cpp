@@ -41,7 +41,7 @@ bool RestoreJob::takeFiles() {
     } else {
         taken.refusal = text.error().text;
     }
-    for (const auto& note : taken.notes) m_workshop.tell(note);
+    for (const auto& note : taken.notes) m_workshop.note(note);
     for (const auto& doubt : taken.doubts) m_workshop.tell(doubt);
     if (!taken.refusal.empty()) m_workshop.tell(taken.refusal);
     if (!taken.refusal.empty() || taken.doubts.empty() || command.force) return taken.refusal.empty();
@@ -72,11 +72,11 @@ std::vector<Step> RestoreJob::steps() {
 
 void RestoreJob::onPlanned() {
     if (const std::string date = backupDate(m_workshop.command.file); isWhole() && !date.empty()) {
-        m_workshop.tell("backup of " + date);
+        m_workshop.note("backup of " + date);
     }
-    for (const auto& line : m_restore.planLines()) m_workshop.tell(line);
+    for (const auto& line : m_restore.planLines()) m_workshop.note(line);
     if (!m_restore.safetyCopy().empty() && m_restore.writesAnything()) {
-        m_workshop.tell("what the radio has now is kept in " + m_restore.safetyCopy());
+        m_workshop.note("what the radio has now is kept in " + m_restore.safetyCopy());
     }
     m_restore.go();
 }
@@ -85,7 +85,7 @@ ExitCode RestoreJob::conclude() {
     const bool asSaid = m_restore.isAsTheFilesSay();
     if (m_workshop.command.json) {
         printJson(m_workshop.out, m_restore, m_workshop.titles);
-    } else {
+    } else if (!asSaid || !m_workshop.command.quiet) {
         printReport(m_workshop.out, m_restore.report(), m_workshop.titles, m_workshop.command.verify);
     }
     return asSaid ? ExitCode::Done : ExitCode::Different;

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "cli/JsonReport.h"
+
 namespace korvex::cli {
 
 std::optional<ExitCode> SaveJob::prepare() {
@@ -30,8 +32,11 @@ ExitCode SaveJob::conclude() {
         m_workshop.tell(failure->text);
         return ExitCode::File;
     }
-    for (const auto& remark : reading().remarks ? reading().remarks() : std::vector<std::string>()) {
-        m_workshop.tell(remark);
+    const auto remarks = reading().remarks ? reading().remarks() : std::vector<std::string>();
+    for (const auto& remark : remarks) m_workshop.tell(remark);
+    if (m_workshop.command.json) {
+        const auto items = m_kind->items(m_read);
+        printJson(m_workshop.out, {m_kind->name, file, items ? *items : DataItems(), remarks}, m_workshop.titles);
     }
     return ExitCode::Done;
 }

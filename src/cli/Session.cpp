@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/CodePage.h"
+#include "platform/Settings.h"
 
 namespace korvex::cli {
 
@@ -73,10 +74,28 @@ void Session::configurePort() {
     finish(ExitCode::Usage);
 }
 
+bool Session::isPortThere() {
+    const auto there = m_program.machine().ports.list();
+    const int number = m_program.MSComm1.CommPort();
+    return std::any_of(there.begin(), there.end(), [number](const auto& port) { return port.number == number; });
+}
+
+/// Neither named now nor settled on before, and no device has taken the number by itself.
+bool Session::hasNoPort() {
+    const auto key = keys::device(m_program.MSComm1.CommPort());
+    return !m_command.device && readSetting(m_program.machine().settings, key).empty() && !isPortThere();
+}
+
 void Session::openPort() {
     m_stage = Stage::Idle;
+    if (hasNoPort()) {
+        tell("no port is set; korvexctl ports lists them, -r names one");
+        finish(ExitCode::Port);
+        return;
+    }
     m_program.link.togglePort();
     if (!m_program.link.PortOpen()) {
+        if (!isPortThere()) tell("korvexctl ports lists those that are there");
         finish(ExitCode::Port);
         return;
     }

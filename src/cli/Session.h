@@ -44,6 +44,8 @@ public:
 
 private:
     void configurePort();
+    bool isPortThere();
+    bool hasNoPort();
     void openPort();
     void onPoll();
     void onSilence();

@@ -6,6 +6,7 @@
 
 #include "base/Printable.h"
 #include "cli/Description.h"
+#include "cli/JsonReport.h"
 #include "cli/Session.h"
 #include "menu/ShippedDescriptions.h"
 #include "platform/EndSignals.h"
@@ -45,9 +46,16 @@ std::string onOneLine(std::string text) {
     return text;
 }
 
-int listPorts(SerialPorts& ports, std::ostream& out) {
-    for (const auto& port : ports.list()) {
-        out << port.number << "\t" << onOneLine(port.device) << "\t" << onOneLine(port.description) << "\n";
+int listPorts(const std::vector<SerialPortInfo>& ports, const Command& command, const Output& output) {
+    if (command.json) {
+        printJson(output.out, ports);
+    } else {
+        for (const auto& port : ports) {
+            output.out << port.number << "\t" << onOneLine(port.device) << "\t" << onOneLine(port.description) << "\n";
+        }
+    }
+    if (ports.empty() && !command.quiet) {
+        output.err << "korvexctl: no serial port was found; if the radio is at an adapter, is it plugged in?\n";
     }
     return static_cast<int>(ExitCode::Done);
 }
@@ -62,7 +70,7 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     BorrowedSettings borrowed(settings);
     Program program({clock, ports, borrowed, noFileDialog, msgBox, shell, database, ".", localTimeOfDay, {}, sha256});
     std::optional<ProgressLine> progressLine;
-    if (standardstreams::errorsAreOnTerminal()) progressLine.emplace(program.progress, std::cerr);
+    if (standardstreams::errorsAreOnTerminal() && !command.quiet) progressLine.emplace(program.progress, std::cerr);
     const std::string descriptions = command.database.value_or(findDescriptionDatabase(programPlaces({})));
     Session session(program, command, {output.out, output.err, titlesFrom(database, descriptions)});
     std::optional<ExitCode> code;
@@ -83,14 +91,15 @@ int runDescription(const Command& command, const Output& output) {
     if (databaseFile.empty()) {
         const auto folder = makeProgramFolder(programPlaces({}));
         if (!folder) return output.fail(folder.error().text, ExitCode::File);
-        if (!folder->news.empty()) output.err << folder->news << "\n";
+        if (!folder->news.empty() && !command.quiet) output.err << folder->news << "\n";
         databaseFile = folder->path + "/" + std::string(descriptionDatabaseName);
         takeShippedDescriptions(database, databaseFile, shippedDescriptions(programPlaces({})));
     }
-    const auto code =
-        command.verb == Command::Verb::DescriptionExport
-            ? exportDescription(database, databaseFile, command.file, output.err)
-            : importDescription(database, {databaseFile, command.file, command.withSettings}, output.out, output.err);
+    std::ostream nowhere(nullptr);
+    const auto code = command.verb == Command::Verb::DescriptionExport
+                          ? exportDescription(database, databaseFile, command.file, output.err)
+                          : importDescription(database, {databaseFile, command.file, command.withSettings},
+                                              command.quiet ? nowhere : output.out, output.err);
     return static_cast<int>(code);
 }
 
@@ -101,7 +110,7 @@ int runWithPorts(QCoreApplication& application, const Command& command, const Ou
     if (command.device) given[1] = *command.device;
     SimulatedPorts demo(clock);
     QtSerialPorts ports(settings, given, command.demo ? &demo : nullptr);
-    if (command.verb == Command::Verb::Ports) return listPorts(ports, output.out);
+    if (command.verb == Command::Verb::Ports) return listPorts(ports.list(), command, output);
     return runSession(application, command, clock, ports, settings, output);
 }
 

@@ -48,6 +48,27 @@ Failure addPort(StartOptions& options, const std::string& value) {
     return {};
 }
 
+constexpr auto files = R"(~/.config/Korvex/Korvex.ini: the settings, unless --settings names another file.
+
+~/.local/share/Korvex: the program folder, unless --program-folder names another one. In it are files, which the dialogs
+offer first, FT2000_Menu.mdb with the menu descriptions and the Menu Manager's columns, and the help page.)";
+
+constexpr auto device =
+    R"(The user needs the right to use serial ports; on Debian the members of the group dialout have it. In the
+radio's menu the CAT speed (item 028) has to be that of the port settings, the CAT time-out (item 029) 10 ms or more, and
+CAT RTS (item 030) off. Korvex lowers RTS and DTR at once whenever it opens a port, so that no adapter keys the
+transmitter.)";
+
+void addManual(OptionParser& parser) {
+    parser.exitCode("0", "the program was ended");
+    parser.exitCode("1", "it could not start; a box has told why");
+    parser.exitCode("2", "called wrongly");
+    parser.manual("THE RADIO", device);
+    parser.manual("FILES", files);
+    parser.manual("ENVIRONMENT", "KORVEX_EDITOR, KORVEX_BROWSER: the programs that show text and the help page.");
+    parser.manual("SEE ALSO", "korvexctl(1), ft2000sim(1)");
+}
+
 }  // namespace
 
 Result<StartOptions> parseStartOptions(const std::vector<std::string>& arguments) {
@@ -59,6 +80,7 @@ Result<StartOptions> parseStartOptions(const std::vector<std::string>& arguments
     parser.option("--program-folder", "DIR", "the folder of the data files, the help page and the description database",
                   into(options.programFolder));
     parser.option("--settings", "FILE", "the settings file", into(options.settingsFile));
+    addManual(parser);
     if (auto failure = parser.read(withoutQtOptions(arguments), options.print)) return *failure;
     if (options.demo && options.ports.contains(1)) {
         return wrong("--demo takes port 1; --port 1=... cannot stand beside it");

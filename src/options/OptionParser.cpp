@@ -9,6 +9,7 @@ namespace korvex {
 namespace {
 
 constexpr std::size_t columnWidth = 28;
+constexpr std::size_t exitCodeWidth = 12;
 
 /// CLI11 forgets "--" at the end of a command. This hides the hyphen of what stands behind it; no argument of a program
 /// holds one.
@@ -46,6 +47,13 @@ std::string why(const CLI::App& app, const CLI::ParseError& error) {
     return unknown.empty() ? what : "unknown argument \"" + withoutMark(unknown.front()) + "\"";
 }
 
+/// "-r,--device" -> "-r", "--device".
+std::vector<std::string> namesIn(const std::string& names) {
+    const auto comma = names.find(',');
+    if (comma == std::string::npos) return {names};
+    return {names.substr(0, comma), names.substr(comma + 1)};
+}
+
 /// "  save KIND FILE   what it does" for each command.
 void listCommands(std::ostream& out, const CLI::App& app, const std::string& before) {
     for (const auto* command : app.get_subcommands({})) {
@@ -63,18 +71,38 @@ void listCommands(std::ostream& out, const CLI::App& app, const std::string& bef
 OptionParser::OptionParser(const std::string& program, const std::string& about, const std::string& end)
     : m_app(std::make_unique<CLI::App>(about, program)) {
     m_app->fallthrough()->require_subcommand(0, 1)->set_help_flag("-h,--help", "this page");
-    m_app->set_version_flag("--version", program + " " + std::string(versionText) + "\n", "the release");
+    m_app->set_version_flag("--version", program + " " + versionWithCommit() + "\n", "the release");
     m_app->footer(end);
+    m_form.name = program;
+    m_form.about = about;
+    m_form.options = {{{"-h", "--help"}, "", "prints the help page", m_group},
+                      {{"--version"}, "", "the release", m_group}};
+    addPages();
+}
+
+void OptionParser::addPages() {
+    words("SHELL", {"bash", "zsh", "fish"});
+    option("--completion", "SHELL", "bash, zsh or fish: prints what completes the command line there",
+           [this](const std::string& shell) -> Failure {
+               m_page = completion(m_form, shell);
+               if (!m_page.empty()) return {};
+               return RuntimeError{errors::InvalidPropertyValue, "bash, zsh or fish is wanted"};
+           });
+    m_form.options.push_back({{"--manual"}, "", "prints the manual page; \"man -l -\" shows it", m_group});
+    m_app->add_flag_callback(
+        "--manual", [this] { m_page = manualPage(m_form); }, m_form.options.back().help);
 }
 
 OptionParser::~OptionParser() = default;
 
 void OptionParser::group(const std::string& heading) {
     m_app->option_defaults()->group(heading);
+    m_group = heading;
 }
 
 void OptionParser::flag(const std::string& names, const std::string& help, bool& target) {
     m_app->add_flag(names, target, help);
+    m_form.options.push_back({namesIn(names), "", help, m_group});
 }
 
 void OptionParser::option(const std::string& names, const std::string& valueName, const std::string& help, Take take) {
@@ -83,6 +111,27 @@ void OptionParser::option(const std::string& names, const std::string& valueName
         if (const auto failure = take(value)) throw CLI::ValidationError(names, failure->text);
     };
     m_app->add_option_function<std::string>(names, checked, help)->trigger_on_parse()->option_text(valueName);
+    m_form.options.push_back({namesIn(names), valueName, help, m_group});
+}
+
+void OptionParser::operand(const std::string& name, const std::string& help, Take take) {
+    const auto checked = [take = std::move(take)](const std::string& value) {
+        if (const auto failure = take(withoutMark(value))) throw CLI::ValidationError(failure->text);
+    };
+    m_app->add_option_function<std::string>(name, checked, help)->trigger_on_parse()->option_text(" ");
+    m_form.operands.push_back({name, help});
+}
+
+void OptionParser::words(const std::string& valueName, std::vector<std::string> words) {
+    m_form.words[valueName] = std::move(words);
+}
+
+void OptionParser::exitCode(const std::string& code, const std::string& meaning) {
+    m_form.exitCodes.emplace_back(code, meaning);
+}
+
+void OptionParser::manual(const std::string& title, const std::string& text) {
+    m_form.sections.push_back({title, text});
 }
 
 void OptionParser::command(const std::string& name, const std::vector<Operand>& operands, const std::string& help,
@@ -101,6 +150,8 @@ void OptionParser::command(const std::string& name, const std::vector<Operand>& 
         command->add_option(operand.name, operand.target)->required()->transform(withoutMark);
     }
     command->final_callback(std::move(chosen));
+    m_form.commands.push_back({name, {}, help});
+    for (const auto& operand : operands) m_form.commands.back().operands.push_back(operand.name);
 }
 
 std::string OptionParser::helpPage() const {
@@ -113,6 +164,8 @@ std::string OptionParser::helpPage() const {
     formatter.column_width(columnWidth);
     const std::string groups = formatter.make_groups(m_app.get(), CLI::AppFormatMode::Normal);
     page << CLI::detail::find_and_replace(groups, "\n\n\n", "\n\n") << m_app->get_footer();
+    if (!m_form.exitCodes.empty()) page << "\nExit codes:\n";
+    for (const auto& [code, meaning] : m_form.exitCodes) CLI::detail::format_help(page, code, meaning, exitCodeWidth);
     return page.str();
 }
 
@@ -126,6 +179,7 @@ Failure OptionParser::read(const std::vector<std::string>& arguments, std::strin
     } catch (const CLI::ParseError& error) {
         return RuntimeError{errors::InvalidPropertyValue, why(*m_app, error)};
     }
+    if (!m_page.empty()) print = m_page;
     return {};
 }
 

@@ -7,6 +7,7 @@
 
 #include "base/NumberText.h"
 #include "base/RuntimeError.h"
+#include "options/ProgramForm.h"
 
 namespace CLI {
 class App;
@@ -14,7 +15,8 @@ class App;
 
 namespace korvex {
 
-/// The command line of a program: its options and, if it has them, its commands, and the help page that names them all.
+/// The command line of a program: its options and, if it has them, its commands, and from the same declarations the
+/// help page that names them all (--help), the manual page (--manual) and what completes it in shells (--completion).
 /// A value stands as "--name VALUE", "--name=VALUE", "-n VALUE" or "-nVALUE"; options stand before or behind the
 /// command; behind "--" nothing is an option. No name may be shortened. CLI11 does the work, in one source file.
 class OptionParser {
@@ -25,7 +27,7 @@ public:
         std::string& target;
     };
 
-    /// `about` stands on top of the help page, `end` below the options.
+    /// `about` stands on top of the help page, "program: what it is" in its first line; `end` below the options.
     OptionParser(const std::string& program, const std::string& about, const std::string& end = {});
     ~OptionParser();
 
@@ -38,14 +40,28 @@ public:
     void command(const std::string& name, const std::vector<Operand>& operands, const std::string& help,
                  std::function<void()> chosen);
 
-    /// Reads the arguments behind the program's name. For --help and --version `print` is what to print in place of a
-    /// run. The failure's text is for the user and names the argument.
+    /// What may stand without a name, once; for a program without commands.
+    void operand(const std::string& name, const std::string& help, Take take);
+
+    /// A value or operand of this name is one of the words; what shells offer for it. The check is its `take`'s.
+    void words(const std::string& valueName, std::vector<std::string> words);
+    void exitCode(const std::string& code, const std::string& meaning);
+    /// A part of the manual page that the help page has not; its form is that of ProgramForm::Section.
+    void manual(const std::string& title, const std::string& text);
+    const ProgramForm& form() const { return m_form; }
+
+    /// Reads the arguments behind the program's name. For --help, --version and the like `print` is what to print in
+    /// place of a run. The failure's text is for the user and names the argument.
     Failure read(const std::vector<std::string>& arguments, std::string& print);
 
 private:
+    void addPages();
     std::string helpPage() const;
 
     std::unique_ptr<CLI::App> m_app;
+    ProgramForm m_form;
+    std::string m_group = "OPTIONS";
+    std::string m_page;  // that was asked for
 };
 
 /// The value as it is.

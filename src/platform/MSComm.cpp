@@ -92,6 +92,13 @@ void MSComm::onLost(const RuntimeError& error) {
     lost.emit(told);
 }
 
+std::string MSComm::deviceText() const {
+    for (const auto& port : m_ports.list()) {
+        if (port.number == m_commPort) return port.description.empty() ? port.device : port.description;
+    }
+    return {};
+}
+
 std::string MSComm::Input() {
     return m_open ? m_device->read() : std::string();
 }

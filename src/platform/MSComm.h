@@ -24,6 +24,9 @@ public:
     /// 1..20, else InvalidPortNumber; refused (PortAlreadyOpen) while the port is open.
     Failure setCommPort(int number);
 
+    /// What the ports call the device behind the number, UTF-8: "/dev/ttyUSB0: its adapter"; empty when there is none.
+    std::string deviceText() const;
+
     /// As the control reports it: "4800,n,8,2", the parity letter in lower case.
     std::string Settings() const { return m_settings.text(); }
     const LineSettings& lineSettings() const { return m_settings; }

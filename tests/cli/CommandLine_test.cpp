@@ -39,6 +39,9 @@ TEST(CommandLine, RefusesWhatItDoesNotUnderstand) {
              {"save", "menu", "a", "--dry-run"},
              {"save", "menu", "a", "ports"},
              {"--handshaking=-1", "ports"},
+             {"send", "FA;", "--json"},
+             {"save", "menu", "-", "--json"},
+             {"restore", "menu", "a", "--json", "--dry-run"},
          }) {
         EXPECT_FALSE(parseArguments(bad)) << testing::PrintToString(bad);
     }
@@ -89,7 +92,7 @@ TEST(CommandLine, NamesTheArgumentThatIsWrongAndTellsEveryCommandAndOption) {
     const auto help = parseArguments({"restore", "--help", "--nonsense"});
     EXPECT_EQ(help->verb, Command::Verb::Print);
     for (const char* line : {"\n  description import FILE   table", "\n  restore-all DIR ", "\n  -r,--device DEVICE ",
-                             "\n  --with-cat ", "\nExit codes: 0 done"}) {
+                             "\n  --with-cat ", "\n  128 + N   ended by"}) {
         EXPECT_NE(help->text.find(line), std::string::npos) << line << help->text;
     }
 }

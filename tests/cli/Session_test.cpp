@@ -151,6 +151,26 @@ TEST(Session, SavesToStandardOutputAndRestoresFromStandardInput) {
     EXPECT_EQ(bench.run({"save", "keyer", "-"}), ExitCode::File);
 }
 
+TEST(Session, SaysNothingBesideErrorsOrEverythingForPrograms) {
+    CliBench bench;
+    const std::string file = bench.folder.file("shack.kem");
+    EXPECT_EQ(bench.run({"--json", "save", "keyer", file}), ExitCode::Done);
+    EXPECT_NE(bench.out.str().find("\"item\": \"KM2\",\n      \"value\": \"DE DL1XYZ\""), std::string::npos)
+        << bench.out.str();
+    bench.ports.radio().answer("KM1\"QRL?\";");
+    EXPECT_EQ(bench.run({"--json", "compare", file, "radio"}), ExitCode::Different);
+    for (const char* part : {"\"alike\": false", "\"left\": \"CQ CQ CQ ", R"("right": "\"QRL?\"")"}) {
+        EXPECT_NE(bench.out.str().find(part), std::string::npos) << part << bench.out.str();
+    }
+    EXPECT_EQ(bench.run({"-q", "compare", file, "radio"}), ExitCode::Different);
+    EXPECT_EQ(bench.out.str() + bench.err.str(), "");
+    EXPECT_EQ(bench.run({"--quiet", "restore", "keyer", file}), ExitCode::Done);
+    EXPECT_EQ(bench.out.str() + bench.err.str(), "");
+    bench.ports.unplug();
+    EXPECT_EQ(bench.run({"-q", "save", "keyer", file}), ExitCode::Port);
+    EXPECT_EQ(bench.err.str(), "korvexctl: no port is set; korvexctl ports lists them, -r names one\n");
+}
+
 TEST(Session, ARadioThatTellsNothingReplacesNoFile) {
     CliBench bench;
     const std::string file = bench.folder.file("shack.mem");

@@ -53,8 +53,9 @@ TEST_F(WholeRadio, BackupHasTheFilesOfEachSaveAndAPageToRead) {
     }
     EXPECT_EQ(bench.run({"compare", file("bandstack.bsr"), "radio"}), ExitCode::Done);
     const std::string summary = saved("summary.txt");
-    for (const std::string part : {"2026-11-22 23:42:54", "ID0251; (FT-2000)", "38400,n,8,2", "149 menu items",
-                                   "25 channels\n", "33 registers", "74 memory channels: they are empty"}) {
+    for (const std::string part :
+         {"2026-11-22 23:42:54", "ID0251; (FT-2000)", "Port   Simulated FT-2000, 38400,n,8,2", "149 menu items",
+          "25 channels\n", "33 registers", "74 memory channels: they are empty"}) {
         EXPECT_NE(summary.find(part), std::string::npos) << part << "\n" << summary;
     }
     const std::string equalizer = saved("equalizer.txt");

@@ -1,0 +1,16 @@
+# The release and its day stand in one place, the newest entry of debian/changelog: the programs, the package, and the page
+# that software centers show take them from there.
+set(korvex_changelog ${CMAKE_CURRENT_LIST_DIR}/../debian/changelog)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${korvex_changelog})
+file(STRINGS ${korvex_changelog} korvex_entry REGEX "^(korvex \\(| -- )" LIMIT_COUNT 2)
+if(NOT korvex_entry MATCHES "^korvex \\(([0-9]+\\.[0-9]+\\.[0-9]+).*>  [A-Z][a-z]+, ([0-9]+) ([A-Z][a-z]+) ([0-9]+) ")
+  message(FATAL_ERROR "debian/changelog does not begin with a release such as \"korvex (1.2.3)\"")
+endif()
+set(korvex_version ${CMAKE_MATCH_1})
+set(korvex_day 0${CMAKE_MATCH_2})
+set(korvex_year ${CMAKE_MATCH_4})
+string(FIND "   Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec" " ${CMAKE_MATCH_3}" korvex_month)
+math(EXPR korvex_month "(${korvex_month} - 2) / 4 + 101")
+string(REGEX MATCH "..$" korvex_month ${korvex_month})
+string(REGEX MATCH "..$" korvex_day ${korvex_day})
+set(korvex_release_day ${korvex_year}-${korvex_month}-${korvex_day})
