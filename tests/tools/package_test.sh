@@ -43,6 +43,6 @@ cp -a "$roots/bookworm" "$root"
 cp "$package" "$root/korvex.deb"
 cp "$here/package_user.sh" "$root/usr/local/bin/package_user"
 hold "installed into a bare Debian 12" in_root "$root" sh -euc \
-    'apt-get -q update; apt-get -qy install --no-install-recommends /korvex.deb; useradd -m operator'
+    'apt-get -q update; apt-get -qy install --no-install-recommends /korvex.deb; useradd -m shack'
 [ $failed = 0 ] || exit 1
-in_root "$root" su -l operator -c /usr/local/bin/package_user
+in_root "$root" su -l shack -c /usr/local/bin/package_user
