@@ -17,8 +17,8 @@ Program::Program(Machine machine)
       menuWriter(link),
       menuRestore(link, files, menuWriter),
       memory(link, machine.clock, files, desk),
-      menuManager({link, machine.clock, machine.msgBox, machine.database, windows.menuManager.visible,
-                   machine.programFolder, machine.shippedDescriptions}),
+      menuManager({link, machine.clock, desk, files, machine.database, windows.menuManager.visible,
+                   machine.shippedDescriptions, machine.timeOfDay}),
       eqWindow(machine.ports, machine.clock, machine.msgBox),
       bandStackWindow(link, machine.clock, desk),
       keyerWindow(link, desk),
@@ -127,6 +127,7 @@ std::string Program::whyNoBackup() {
 
 void Program::introduceMenuManager() {
     windows.menuManager.available = true;
+    m_connections += menuWriter.ended.connect([this](const Outcome&) { menuManager.forgetRadio(); });
     m_connections += menuManager.hide.connect([this] { windows.menuManager.hide(); });
     m_connections +=
         menuManager.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::MenuManager); });

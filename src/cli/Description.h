@@ -17,9 +17,9 @@ namespace korvex::cli {
 ExitCode exportDescription(Database& database, const std::string& databaseFile, const std::string& file,
                            std::ostream& err, const Files& files = {std::cin, std::cout});
 
-struct ImportOrder {
+struct TableToImport {
     std::string database;  ///< made if it is not there
-    std::string table;
+    std::string file;
     bool withSettings = false;  ///< the four settings columns, too
     std::string timeOfDay = localTimeOfDay();
 };
@@ -27,7 +27,7 @@ struct ImportOrder {
 /// Takes such a table into the description database. The settings columns stay; what was there before is copied aside,
 /// and the output says where to and what was taken. A file that is no such table, and a database that is not Korvex's,
 /// change nothing.
-ExitCode importDescription(Database& database, const ImportOrder& order, std::ostream& out, std::ostream& err,
+ExitCode importDescription(Database& database, const TableToImport& table, std::ostream& out, std::ostream& err,
                            const Files& files = {std::cin, std::cout});
 
 /// What the owner of the description database calls the menu items. It is read when the first name is asked for, and

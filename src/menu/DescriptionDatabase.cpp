@@ -154,15 +154,42 @@ SettingsRows DescriptionDatabase::rowsInGrid() const {
     return rows;
 }
 
-bool DescriptionDatabase::isModified() const {
+std::vector<DescriptionDatabase::UnsavedCell> DescriptionDatabase::unsavedCells() const {
+    std::vector<UnsavedCell> cells;
     const auto keys = rowKeys(m_numbers);
     for (std::size_t row = 0; row < keys.size(); ++row) {
         int column = firstSavedField - 1;
-        for (const auto& text : m_loaded.at(keys[row])) {
-            if (m_needs.grid.TextMatrix(static_cast<int>(row), column++) != text) return true;
+        for (const auto& before : m_loaded.at(keys[row])) {
+            const std::string& text = m_needs.grid.TextMatrix(static_cast<int>(row), column);
+            if (text != before) cells.push_back({keys[row], column, text});
+            ++column;
         }
     }
-    return false;
+    return cells;
+}
+
+std::vector<std::string> DescriptionDatabase::unsavedRows() const {
+    std::vector<std::string> rows;
+    for (const auto& cell : unsavedCells()) {
+        if (rows.empty() || rows.back() != cell.key) rows.push_back(cell.key);
+    }
+    return rows;
+}
+
+std::vector<std::string> DescriptionDatabase::loadKeepingEdits() {
+    const auto mine = unsavedCells();
+    loadDescriptionGrid();
+    const auto keys = rowKeys(m_numbers);
+    std::vector<std::string> gone;
+    for (const auto& cell : mine) {
+        const auto row = std::find(keys.begin(), keys.end(), cell.key);
+        if (row == keys.end()) {
+            gone.push_back(cell.key);
+        } else {
+            m_needs.grid.setTextMatrix(static_cast<int>(row - keys.begin()), cell.column, cell.text);
+        }
+    }
+    return gone;
 }
 
 Failure DescriptionDatabase::write(const SettingsRows& rows) {

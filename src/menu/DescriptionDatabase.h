@@ -38,14 +38,20 @@ public:
 
     /// The file, opened anew -> grid: another program may have written it, or put another in its place.
     void loadDescriptionGrid();
+    /// The same, and settings that are not in the file stay in the grid. Gives back the keys (rowKeys) of those that
+    /// cannot, because the file has no row for them any more.
+    std::vector<std::string> loadKeepingEdits();
     /// The settings columns of the grid -> the file, opened anew; all or nothing. Only cells that were changed here are
     /// written, each into the row of its item, and the grid then shows what the file holds. Where another program has
     /// changed the same cells the user is asked. A failure has been told.
     bool saveDescriptionGrid();
     /// The settings columns of the grid hold what neither a load nor a save has seen.
-    bool isModified() const;
+    bool isModified() const { return !unsavedCells().empty(); }
+    /// The keys of the rows that such cells are in.
+    std::vector<std::string> unsavedRows() const;
     /// The first column of the rows that were loaded, the titles' first.
     const std::vector<std::string>& numbers() const { return m_numbers; }
+    const std::string& file() const { return m_needs.file; }
 
     enum class UnloadReason { Program, SessionEnd, TaskManager };
     /// Whether the database window may go; when it may, the database is closed. At the session's end the user is asked.
@@ -54,6 +60,13 @@ public:
     bool isOpen() const { return m_recordset && m_recordset->isOpen(); }
 
 private:
+    struct UnsavedCell {
+        std::string key;
+        int column = 0;  // of the grid
+        std::string text;
+    };
+
+    std::vector<UnsavedCell> unsavedCells() const;
     void Timer1_Timer();
     bool openAnew();
     bool openDescriptionDatabase();

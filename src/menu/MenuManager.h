@@ -1,15 +1,19 @@
 #pragma once
 
-#include <optional>
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "base/Property.h"
 #include "menu/DescriptionDatabase.h"
 #include "menu/ItemExchange.h"
+#include "menu/MenuColumns.h"
+#include "menu/MenuDescriptions.h"
 #include "menu/MenuReader.h"
+#include "menu/MenuSheet.h"
 #include "menu/MenuWriter.h"
+#include "menu/SettingsHistory.h"
 #include "platform/MSFlexGrid.h"
+#include "platform/OwnersFiles.h"
 
 namespace korvex {
 
@@ -17,15 +21,16 @@ namespace korvex {
 struct MenuManagerNeeds {
     CatLink& link;
     Clock& clock;
-    MsgBox& msgBox;
+    OwnersDesk desk;
+    OwnersFiles& files;  ///< the menus'
     Database& database;
-    const Property<bool>& visible;    ///< the window is to be seen
-    std::string programFolder;        ///< UTF-8, without a slash at the end
-    std::string shippedDescriptions;  ///< the database that came with the program; empty: none
+    const Property<bool>& visible;           ///< the window is to be seen
+    std::string shippedDescriptions;         ///< the database that came with the program; empty: none
+    std::function<std::string()> timeOfDay;  ///< TimeOfDay.h
 };
 
 /// What the Menu Manager's window decides: the grid of all menu items with their descriptions and four columns of
-/// settings, which of these the user works on, and what goes between grid, radio and database.
+/// settings, which of these the user works on, and what goes between grid, radio, files and database.
 class MenuManager {
 public:
     explicit MenuManager(MenuManagerNeeds needs);
@@ -42,27 +47,48 @@ public:
     /// Asks for the dialog with the title of the selected column; Command1_Click is its "Write Title".
     void mnu_editTitle_Click();
     void Command1_Click(const std::string& title);
+    void mnu_undo_Click();
+    void mnu_redo_Click();
+    /// The selected column: into another one, from a menu file, into one.
+    void copyColumnTo(int column);
+    void mnu_loadColumn_Click();
+    void mnu_saveColumn_Click();
+    /// Reads the radio and changes no column.
+    void mnu_compareRadio_Click();
+    void mnu_exportDescriptions_Click();
+    void mnu_importDescriptions_Click();
+
+    /// Only items whose setting in the selected column is not the radio's. A radio that has not been read is, if the
+    /// port is open.
+    void showOnlyUnlikeRadio(bool only);
 
     /// Whether settings that are not in the file may go: there are none, or the person is asked and lets them go.
     bool mayLoseEdits();
+    Property<bool> modified{false};  ///< there are settings that are not in the file
 
     /// A column is being read from the radio.
     bool reading() const { return m_reader.running(); }
+    /// The radio has been written to by others: what it told may not be so any more.
+    void forgetRadio();
 
     /// The right mouse button on a cell: a settings column becomes the selected one and turns yellow.
-    void FlexGrid1_RightClick(int column);
+    void FlexGrid1_RightClick(int column) { m_sheet.select(column); }
     /// A key's code, which for letters is the capital one; true when the key has been used up.
     bool FlexGrid1_KeyDown(int key);
     /// Whether the current cell is one that the cell editor opens on.
     bool isCurrentCellEditable() const;
+    /// Empties the current cell if it can be edited.
+    void clearCell();
 
     MSFlexGrid grid{192, 14};
-    /// 0 until the user selects one.
-    int SelectedSettingsColumn() const { return m_selectedColumn; }
+    static int tableWidth();  ///< of all columns together, twips
+    int SelectedSettingsColumn() const { return m_sheet.selectedColumn(); }
 
     Property<std::string> notice{" "};
     Property<bool> noticeWarns{false};
 
+    MenuSheet& sheet() { return m_sheet; }
+    SettingsHistory& history() { return m_history; }
     ItemExchange& exchange() { return m_exchange; }
     MenuWriter& writer() { return m_writer; }
     MenuReader& reader() { return m_reader; }
@@ -74,26 +100,34 @@ public:
     Signal<> buttonBackToNormal;  ///< the start window's Menu Manager button
 
 private:
-    bool isSettingsColumn(int column) const;
     bool columnChecked(const std::string& complaint);
     bool toldBusy(const std::string& title);
     void prepareGrid();
+    void changed();
+    void onCellChanged(int row, int col);
+    void readRadio(int column, const std::string& caption);
     void placeAnswer(const std::string& item, const std::string& value);
     void onReadEnded(const Outcome& outcome);
     void readComplete();
-    std::optional<std::vector<std::string>> linesOfColumn();
-    int rowOfItem(const std::string& item, int from) const;
+    void tellCompared();
+    bool mayWriteHidden();
+    void onExchanged(const Outcome& outcome);
     void saveGrid();
+    void stepped(const std::string& what, const std::optional<SettingsHistory::Done>& done);
+    void tellDone(const std::string& what);
     void showLabel(const std::string& text, bool yellow);
 
     MenuManagerNeeds m_needs;
     CatLink& m_link;
     DescriptionDatabase m_database;
+    MenuSheet m_sheet;
+    SettingsHistory m_history;
+    MenuColumns m_columns;
+    MenuDescriptions m_descriptions;
     MenuReader m_reader;
     MenuWriter m_writer;
     ItemExchange m_exchange;
-    int m_selectedColumn = 0;
-    int m_readColumn = 0;  // the selected column when the read began
+    int m_readColumn = 0;  // where a reading goes; 0: into no column
     int m_rowPointer = 0;  // grid row of the last answer that was placed
     int m_placedAnswers = 0;
     Connections m_connections;

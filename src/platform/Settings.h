@@ -44,7 +44,9 @@ inline constexpr SettingsKey<OwnersPath> memoryListPath{settingsSection, "SavePa
 inline constexpr SettingsKey<OwnersPath> bandStackPath{settingsSection, "SavePathBand"};
 inline constexpr SettingsKey<OwnersPath> keyerPath{settingsSection, "SaveKeyer"};
 inline constexpr SettingsKey<OwnersPath> backupPath{settingsSection, "SavePathBackup"};
-inline constexpr std::array ownersPaths = {savePath, memoryListPath, bandStackPath, keyerPath, backupPath};
+inline constexpr SettingsKey<OwnersPath> descriptionsPath{settingsSection, "SavePathDescriptions"};
+inline constexpr std::array ownersPaths = {savePath,  memoryListPath, bandStackPath,
+                                           keyerPath, backupPath,     descriptionsPath};
 
 inline constexpr SettingsKey<bool> memoryListReadable{settingsSection, "ChannelinfoReadable"};
 

@@ -43,6 +43,10 @@ bool WindowGeometry::isRemembered(const SettingsStore& store) const {
     return !left.empty() && !left.starts_with('-') && !stored(store, prefix, "Top").starts_with('-');
 }
 
+bool WindowGeometry::isStored(const SettingsStore& store) const {
+    return !stored(store, prefix, "Left").empty() || !stored(store, prefix, "Top").empty();
+}
+
 WindowPlace WindowGeometry::load(const SettingsStore& store) const {
     for (const auto edge : {"Left", "Top"}) {
         if (stored(store, prefix, edge).starts_with('-')) return afterMinus;

@@ -28,6 +28,8 @@ struct WindowGeometry {
     WindowPlace load(const SettingsStore& store) const;
     /// Whether `load` gives a place that the user has chosen, and not one of ours.
     bool isRemembered(const SettingsStore& store) const;
+    /// Whether there is any place in the store, be it one that `load` does not give.
+    bool isStored(const SettingsStore& store) const;
     void save(SettingsStore& store, const WindowPlace& place) const;
 };
 

@@ -1,7 +1,10 @@
 #include "menu/ui/frmDescription.h"
 
+#include <QCheckBox>
 #include <QDialog>
+#include <QScreen>
 #include <QStatusBar>
+#include <algorithm>
 
 #include "desktop/ui/Desktop.h"
 #include "fakes/FakeDialogs.h"
@@ -89,7 +92,10 @@ TEST(MenuManagerForm, AColumnReadFromTheRadioIsStillThereTheNextTime) {
         value = run.cells().TextMatrix(35, 8);  // 029
         EXPECT_EQ(value, "1");
         EXPECT_TRUE(run.program.end());
-        EXPECT_EQ(shack.settings.values["Settings/frmDescriptionWidth"], "6500");
+        const int screen = run.form->screen()->availableGeometry().width();
+        EXPECT_GT(run.form->width(), std::min(screen - 20, 1300));  // all columns, as far as the screen goes
+        EXPECT_EQ(shack.settings.values["Settings/frmDescriptionWidth"],
+                  std::to_string(ToolWindow::twips(run.form->width())));
     }
     Sitting again(shack);
     EXPECT_EQ(again.cells().TextMatrix(35, 8), value);
@@ -113,6 +119,28 @@ TEST(MenuManagerForm, CellsOfTheSelectedColumnAreEditedSentAndRetitled) {
     EXPECT_EQ(box->text().toStdString(), "065");
     QTest::keyClick(box, Qt::Key_Return);
     EXPECT_EQ(run.cells().TextMatrix(53, 7), "065");
+
+    EXPECT_EQ(run.form->windowTitle().toStdString(), "Menu Manager - not saved");
+    run.choose("mnu_undo");
+    EXPECT_EQ(run.cells().TextMatrix(53, 7), "");
+    EXPECT_EQ(run.form->windowTitle().toStdString(), "Menu Manager");
+    QTest::keyClick(run.grid, Qt::Key_Z, Qt::ControlModifier);  // nothing more to undo, and nothing opens
+    EXPECT_FALSE(box->isVisible());
+    run.choose("mnu_redo");
+    EXPECT_EQ(run.cells().TextMatrix(53, 7), "065");
+    QTest::keyClick(run.grid, Qt::Key_F2);
+    EXPECT_TRUE(box->isVisible());
+    QTest::keyClick(box, Qt::Key_Tab);
+    EXPECT_EQ(run.form->focusWidget(), run.grid);
+    QTest::keyClick(run.grid, Qt::Key_Tab);
+    EXPECT_EQ(run.form->focusWidget(), run.find<QCheckBox>("onlyDiffering"));
+    run.find<QCheckBox>("onlyDiffering")->toggle();  // as assistive programs do it
+    QApplication::processEvents();
+    EXPECT_TRUE(run.cells().isRowHidden(53));
+    run.find<QCheckBox>("onlyDiffering")->toggle();
+    QApplication::processEvents();
+    run.cells().setCurrent(53, 7);
+    run.grid->setFocus();
 
     // "S" sends and opens nothing.
     run.msgBox.foresee("  no changes  ");

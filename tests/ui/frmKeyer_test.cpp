@@ -80,6 +80,9 @@ TEST_F(frmKeyerTest, WhatIsStillBeingTypedIsSavedSentAndKept) {
     choose("mnu_SaveKeyer");
     EXPECT_NE(fakes::fileContent(file).find("|KM1;|CQ|2|"), std::string::npos);
     EXPECT_FALSE(box()->isVisible());
+    key(Qt::Key_Tab, QStringLiteral("\t"));
+    EXPECT_EQ(form->focusWidget(), control<QLabel>(*form, "hint"));
+    view->setFocus();
 
     bench.openPort();
     key(Qt::Key_T, QStringLiteral("t"));

@@ -9,6 +9,7 @@
 #include "keyer/KeyerWindow.h"
 #include "keyer/ui/frmInfo.h"
 #include "platform/qtwidgets/FlexGridView.h"
+#include "windows/ui/ElidedLabel.h"
 #include "windows/ui/PanelLabel.h"
 
 namespace korvex {
@@ -77,6 +78,12 @@ void frmKeyer::makeBody() {
     const int margin = pixels(besideGrid) / 2;
     layout->setContentsMargins(margin, margin, pixels(besideGrid) - margin, 0);
     layout->addWidget(MSFlexGrid_k1);
+    auto* gestures = new ElidedLabel;
+    gestures->setText(
+        QStringLiteral("Double click, F2, Enter or typing: edit · Up and Down: next text · Esc: as it was"));
+    gestures->setObjectName(QStringLiteral("gestures"));
+    gestures->setAccessibleDescription(QStringLiteral("What can be done in the grid"));
+    layout->addWidget(gestures);
     layout->addStretch();
     setCentralWidget(body);
 
@@ -84,10 +91,16 @@ void frmKeyer::makeBody() {
     hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long one must not hold the window wide open
     m_connections +=
         m_logic.hint.bind([hint](const std::string& text) { hint->setToolTip(QString::fromStdString(text)); });
+    // Where Tab goes from the grid: long hints are read at leisure and copied.
+    hint->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    hint->setFocusPolicy(Qt::StrongFocus);
     statusBar()->addWidget(hint, 1);
 
     m_editable = std::make_unique<QtEditableGrid>(*MSFlexGrid_k1);
     connect(MSFlexGrid_k1, &FlexGridView::cellPressed, this, &frmKeyer::MSFlexGrid_k1_Click);
+    connect(MSFlexGrid_k1, &FlexGridView::keyDown, this, [this](int key) {
+        if (key == Qt::Key_F2) m_editable->doubleClicked.emit();
+    });
 }
 
 void frmKeyer::fitSize() {

@@ -3,15 +3,21 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <functional>
 #include <utility>
 
 #include "cat/CatLink.h"
 #include "menu/MenuManager.h"
+#include "menu/ui/MenuFilterBar.h"
+#include "menu/ui/TableMenu.h"
 #include "menu/ui/frmTitle.h"
 #include "windows/ui/Colors.h"
+#include "windows/ui/ElidedLabel.h"
 #include "windows/ui/PanelLabel.h"
 
 namespace korvex {
@@ -19,6 +25,11 @@ namespace korvex {
 namespace {
 
 constexpr int yellow = 0x00FFFF;
+
+constexpr auto gestures =
+    "Right click or menu key: select a column (yellow) · Double click, Enter or typing: edit · Del: empty · S: send "
+    "item "
+    "· R: read item · Ctrl+Z: undo";
 
 QString fromUtf8(const std::string& text) {
     return QString::fromStdString(text);
@@ -35,13 +46,13 @@ frmDescription::frmDescription(MenuManager& logic, CatLink& link, SettingsStore&
       notice(new QLabel),
       m_title(std::make_unique<frmTitle>(logic, this)) {
     setObjectName(QStringLiteral("frmDescription"));
-    setWindowTitle(QStringLiteral("Menu Manager"));
     makeMenus(link);
     makeGrid();
     makeBody();
     makeStatusBar(link);
     wire();
     loadPlace();
+    if (isNew()) growToGrid();
     m_logic.Form_Load();
 }
 
@@ -70,6 +81,7 @@ void frmDescription::makeMenus(CatLink& link) {
     QMenu* table = menuBar()->addMenu(QStringLiteral("Table"));
     table->setObjectName(QStringLiteral("mnu_Tabel"));
     entry(table, "mnu_editTitle", "Edit Title", &MenuManager::mnu_editTitle_Click);
+    new TableMenu(*table, m_logic, link, [this] { writeBack(); });  // the menu's
     m_connections += link.indicators().open.bind([read, restore](bool open) {
         read->setEnabled(open);
         restore->setEnabled(open);
@@ -91,6 +103,13 @@ void frmDescription::makeBody() {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(grid, 1);
+    column->addWidget(new MenuFilterBar(m_logic, [this] { writeBack(); }));
+    auto* hint = new ElidedLabel;
+    hint->setText(QString::fromUtf8(gestures));
+    hint->setObjectName(QStringLiteral("gestures"));
+    hint->setAccessibleDescription(QStringLiteral("What can be done in the grid"));
+    hint->setContentsMargins(4, 0, 4, 2);
+    column->addWidget(hint);
     notice->setObjectName(QStringLiteral("Label1"));
     notice->setAccessibleDescription(QStringLiteral("Whether there are settings to be saved"));
     notice->setTextFormat(Qt::PlainText);
@@ -101,6 +120,18 @@ void frmDescription::makeBody() {
     setCentralWidget(body);
 }
 
+/// A window that nobody has placed yet shows all columns, as far as the screen is wide.
+void frmDescription::growToGrid() {
+    constexpr int borders = 4;
+    constexpr int highest = 640;
+    constexpr int frame = 16;
+    constexpr int titleBar = 60;
+    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const int wanted = pixels(MenuManager::tableWidth()) + scrollBar + borders;
+    const QRect room = screen()->availableGeometry().adjusted(0, 0, -frame, -titleBar);
+    resize(std::min(wanted, room.width()), std::max(height(), std::min(highest, room.bottom() - y())));
+}
+
 void frmDescription::addField(Property<std::string>& text, const char* name, const char* word, const char* meaning) {
     auto* edit = new QLineEdit;
     edit->setObjectName(QLatin1String(name));
@@ -109,7 +140,6 @@ void frmDescription::addField(Property<std::string>& text, const char* name, con
     edit->setPlaceholderText(QLatin1String(word));
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(QStringLiteral("EX000-0000;  ")));
     edit->setReadOnly(true);
-    edit->setFocusPolicy(Qt::ClickFocus);
     m_connections += text.bind([edit](const std::string& value) { edit->setText(fromUtf8(value)); });
     statusBar()->addPermanentWidget(edit);
 }
@@ -141,13 +171,22 @@ void frmDescription::wire() {
         notice->setPalette(QPalette());
         if (isYellow) setBackColor(*notice, yellow);
     });
+    m_connections += m_logic.modified.bind([this](bool modified) {
+        setWindowTitle(modified ? QStringLiteral("Menu Manager - not saved") : QStringLiteral("Menu Manager"));
+    });
     m_connections += m_logic.storePlace.connect([this] { storePlace(); });
     m_connections += m_logic.hide.connect([this] { hide(); });
 }
 
 void frmDescription::onKey(int key, Qt::KeyboardModifiers modifiers) {
     if (!m_editor) bindEditor();
-    if (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return;
+    if (modifiers & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) {
+        // There is nothing to undo or redo, or the entries' shortcuts would have taken them.
+        if (key == Qt::Key_Z || key == Qt::Key_Y) grid->swallowKey();
+        return;
+    }
+    if (key == Qt::Key_F2) m_editable->doubleClicked.emit();
+    if (key == Qt::Key_Delete) m_logic.clearCell();
     if (key == Qt::Key_Menu) m_logic.FlexGrid1_RightClick(m_logic.grid.Col());
     if (m_logic.FlexGrid1_KeyDown(key)) grid->swallowKey();
 }

@@ -35,6 +35,7 @@ private:
     void makeMenus(CatLink& link);
     void makeGrid();
     void makeBody();
+    void growToGrid();
     void addField(Property<std::string>& text, const char* name, const char* word, const char* meaning);
     void makeStatusBar(CatLink& link);
     void wire();

@@ -32,6 +32,8 @@ public:
 protected:
     /// Moves and sizes the window as it was left. Call it when the window is built, before it is shown.
     void loadPlace();
+    /// No earlier run has left anything about its place.
+    bool isNew() const { return !m_geometry.isStored(m_settings); }
 
     /// The close box. Returning false keeps the window as it is; unless overridden the place is stored and the window
     /// goes out of sight.
