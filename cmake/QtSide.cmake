@@ -1,5 +1,5 @@
 # The machine's side and the windows. Nothing above this file may need Qt.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core SerialPort Sql Gui Widgets Svg)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Network SerialPort Sql Gui Widgets Svg)
 
 # moc has to look again when the list of sources changes; left alone it misses files that a glob has newly found.
 function(korvex_refresh_moc target)
@@ -26,7 +26,7 @@ endfunction()
 file(GLOB found CONFIGURE_DEPENDS src/platform/qt/*.cpp)
 add_library(korvex_qt STATIC ${found})
 korvex_qt_target(korvex_qt)
-target_link_libraries(korvex_qt PUBLIC korvex_logic Qt6::Core Qt6::SerialPort Qt6::Sql)
+target_link_libraries(korvex_qt PUBLIC korvex_logic Qt6::Core Qt6::SerialPort Qt6::Sql PRIVATE Qt6::Network)
 
 # The picture of the start window and the program's icon, drawn at build time: drawing them at every start costs more than
 # everything else that the start window does. Other sizes are drawn from the SVG when they are needed.

@@ -29,6 +29,8 @@ Program::Program(Machine machine)
                    [this] { return link.freeLine(); }}),
       restoreEntry(
           {link, restore, machine.clock, desk, machine.checksum, machine.timeOfDay, [this] { return whyNoBackup(); }}),
+      share(link, machine.clock, machine.doors),
+      shareEntry({link, share, machine.settings, machine.msgBox}),
       startWindow(machine.clock, startWindowCalls()),
       m_machine(std::move(machine)) {
     announceTools();
@@ -135,6 +137,7 @@ void Program::introduceMenuManager() {
 
 void Program::openTool(int tool) {
     terminal.Form_Load();
+    shareEntry.recall();
     if (tool == StartWindow::Equalizer) {
         terminal.mnu_equalizer_Click();
         return;

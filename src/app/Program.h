@@ -21,6 +21,7 @@
 #include "menu/MenuWriter.h"
 #include "platform/Clock.h"
 #include "platform/Database.h"
+#include "platform/Doors.h"
 #include "platform/FileDialog.h"
 #include "platform/MSComm.h"
 #include "platform/MsgBox.h"
@@ -30,6 +31,8 @@
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "platform/TimeOfDay.h"
+#include "share/PortShare.h"
+#include "share/ShareEntry.h"
 #include "terminal/Terminal.h"
 #include "terminal/ToolWindows.h"
 
@@ -48,6 +51,7 @@ struct Machine {
     std::function<std::string()> timeOfDay = localTimeOfDay;
     std::string shippedDescriptions = {};  ///< the description database that came with the program, if any
     Backup::Checksum checksum = {};        ///< the SHA-256 of what a file holds, in hexadecimal digits
+    Doors* doors = nullptr;                ///< ways in for other programs, where there are any
 };
 
 /// Makes the parts of the program and introduces them to each other. It owns all logic; windows are made by whoever
@@ -78,6 +82,8 @@ public:
     Restore restore;
     BackupEntry backupEntry;
     RestoreEntry restoreEntry;
+    PortShare share;
+    ShareEntry shareEntry;
     StartWindow startWindow;
 
     /// The logic of one opening of the port settings dialog.

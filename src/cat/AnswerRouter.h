@@ -28,6 +28,10 @@ public:
     /// Nobody's any more: shown, and given to nobody.
     void release();
 
+    /// Another program that shares the line: gets each piece first, and says whether it was meant for it alone.
+    using FirstLook = std::function<bool(std::string_view piece)>;
+    void setFirstLook(FirstLook look) { m_firstLook = std::move(look); }
+
     /// What has come behind the last ";". Bounded: of an endless stream the last `keptCharacters` at least stay.
     const std::string& pending() const { return m_pending; }
     void dropPending() { m_pending.clear(); }
@@ -45,6 +49,7 @@ private:
     ActiveOperation m_active = ActiveOperation::Idle;
     std::string m_pending;
     PieceStep m_owner;
+    FirstLook m_firstLook;
 };
 
 }  // namespace korvex

@@ -54,6 +54,8 @@ public:
     void workFor(std::string task) { m_task = std::move(task); }
     /// Ends the operation that runs, if any, without a question.
     void breakOff(Outcome::Kind kind);
+    /// Nobody has the line, nor is between two operations of one task; what is sent now disturbs nobody.
+    bool isIdle() const { return PortOpen() && !m_operation && m_task.empty() && !testing(); }
     /// Who has the line, if anybody.
     const Operation* operation() const { return m_operation; }
     /// For an operation that could not begin: why.

@@ -75,7 +75,10 @@ void addChoices(OptionParser& parser, Command& command) {
     parser.group("For other commands");
     parser.option("--kind", "KIND", "compare: what the files are, where their ending does not tell",
                   into(command.kind));
-    parser.flag("--allow-transmit", "send: a command that keys the transmitter", command.allowTransmit);
+    parser.flag("--allow-transmit", "send, share: commands that key the transmitter, too", command.allowTransmit);
+    parser.option("--link", "PATH", "share: makes the symbolic link PATH to the device", into(command.link));
+    parser.option("--rigctld", "PORT", "share: serves hamlib's network protocol at localhost:PORT, too (4532 is usual)",
+                  intoWhole(command.rigctlPort, 1, 65'535));
     parser.flag("--with-settings", "description import: the settings columns too, in place of those that\nare there",
                 command.withSettings);
 }
@@ -94,6 +97,7 @@ void addVerbs(OptionParser& parser, Command& command) {
     add(Verb::Backup, "backup", {folder}, "the whole radio -> a new folder in DIR");
     add(Verb::RestoreAll, "restore-all", {folder}, "such a folder -> radio");
     add(Verb::Compare, "compare", {file, {"OTHER", command.otherFile}}, "item by item; \"radio\" in place of a file");
+    add(Verb::Share, "share", {}, "a device that other programs open as if it were the radio, until Ctrl-C");
     add(Verb::Send, "send", {{"COMMAND", command.text}}, "sends a command such as 'FA;', prints the answer");
     add(Verb::Ports, "ports", {}, "lists the serial ports");
     add(Verb::DescriptionExport, "description export", {file}, "menu descriptions -> table to edit");
@@ -145,6 +149,9 @@ Failure checkOptions(const Command& command) {
     }
     if (command.withoutSafetyCopy && command.safetyFolder) {
         return wrong("--safety-copy and --no-safety-copy exclude each other");
+    }
+    if ((!command.link.empty() || command.rigctlPort) && command.verb != Verb::Share) {
+        return wrong("--link and --rigctld belong to share");
     }
     if (command.withSettings && command.verb != Verb::DescriptionImport) {
         return wrong("--with-settings belongs to description import");

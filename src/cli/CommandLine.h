@@ -21,6 +21,7 @@ struct Command {
         Backup,
         RestoreAll,
         Compare,
+        Share,
         DescriptionExport,
         DescriptionImport
     };
@@ -37,8 +38,10 @@ struct Command {
     std::optional<std::string> settingsFile;  ///< where the program keeps its settings
     std::optional<std::string> database;      ///< the description database; else that of the program folder
     bool allowTransmit = false;
-    bool verify = false;     ///< tell of every item of a restore
-    bool writesAll = false;  ///< also what the radio has already
+    std::string link;               ///< for Share: a second name of the device; empty for none
+    std::optional<int> rigctlPort;  ///< for Share
+    bool verify = false;            ///< tell of every item of a restore
+    bool writesAll = false;         ///< also what the radio has already
     bool withoutSafetyCopy = false;
     std::optional<std::string> safetyFolder;  ///< for the folder of the safety copy; else beside what is restored
     bool quiet = false;                       ///< errors only

@@ -4,6 +4,7 @@
 #include "cli/CompareJob.h"
 #include "cli/RestoreJob.h"
 #include "cli/SaveJob.h"
+#include "cli/ShareJob.h"
 
 namespace korvex::cli {
 
@@ -12,6 +13,7 @@ std::unique_ptr<Job> makeJob(const Workshop& workshop) {
         case Command::Verb::Backup: return std::make_unique<BackupJob>(workshop);
         case Command::Verb::Compare: return std::make_unique<CompareJob>(workshop);
         case Command::Verb::Save: return std::make_unique<SaveJob>(workshop);
+        case Command::Verb::Share: return std::make_unique<ShareJob>(workshop);
         default: return std::make_unique<RestoreJob>(workshop);
     }
 }

@@ -51,6 +51,8 @@ public:
     virtual std::vector<Step> steps() = 0;
     /// Every step has ended well. The exit code is Done unless the job found something.
     virtual ExitCode conclude() { return ExitCode::Done; }
+    /// Whether a signal is how it ends when all is well.
+    virtual bool goesOnUntilInterrupted() const { return false; }
     /// A step has failed, or the user has had enough.
     virtual void abandon() {}
 };

@@ -218,7 +218,8 @@ void Session::conclude() {
 }
 
 void Session::interrupt() {
-    if (m_stage != Stage::Finished) finish(ExitCode::Interrupted);
+    if (m_stage == Stage::Finished) return;
+    finish(m_job && m_job->goesOnUntilInterrupted() ? ExitCode::Done : ExitCode::Interrupted);
 }
 
 void Session::finish(ExitCode code) {

@@ -15,6 +15,7 @@
 #include "platform/qt/QtChecksum.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDatabase.h"
+#include "platform/qt/QtDoors.h"
 #include "platform/qt/QtProgramPlaces.h"
 #include "platform/qt/QtSerialPorts.h"
 #include "platform/qt/QtSettingsStore.h"
@@ -67,8 +68,10 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     ConsoleMsgBox msgBox(output.err);
     NoShell shell;
     QtDatabase database;
+    QtDoors doors;
     BorrowedSettings borrowed(settings);
-    Program program({clock, ports, borrowed, noFileDialog, msgBox, shell, database, ".", localTimeOfDay, {}, sha256});
+    Program program(
+        {clock, ports, borrowed, noFileDialog, msgBox, shell, database, ".", localTimeOfDay, {}, sha256, &doors});
     std::optional<ProgressLine> progressLine;
     if (standardstreams::errorsAreOnTerminal() && !command.quiet) progressLine.emplace(program.progress, std::cerr);
     const std::string descriptions = command.database.value_or(findDescriptionDatabase(programPlaces({})));

@@ -37,6 +37,8 @@ inline constexpr SettingsKey<int> handshaking{portSection, "Handshaking", 0,
                                               -1};  // nonsense is refused like a wrong code
 inline constexpr SettingsKey<bool> echo{portSection, "Echo"};
 inline constexpr SettingsKey<bool> fastTransfers{portSection, "FastTransfers"};
+inline constexpr SettingsKey<bool> sharePort{portSection, "SharePort"};      // with other programs, as a device
+inline constexpr SettingsKey<bool> shareRigctl{portSection, "ShareRigctl"};  // and by hamlib's network protocol
 
 /// Where the next dialog begins: the last file, or the last folder of a backup.
 inline constexpr SettingsKey<OwnersPath> savePath{settingsSection, "SavePath"};  // menus and memories

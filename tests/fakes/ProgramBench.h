@@ -8,6 +8,7 @@
 #include "app/Program.h"
 #include "fakes/FakeDatabase.h"
 #include "fakes/FakeDialogs.h"
+#include "fakes/FakeDoors.h"
 #include "fakes/VirtualClock.h"
 
 namespace korvex::fakes {
@@ -52,10 +53,21 @@ struct ProgramBench {
     FakeMsgBox msgBox;
     FakeShell shell;
     FakeDatabase database;
+    FakeDoors doors;
     TemporaryFolder folder;
     std::string timeOfDay = "2026-11-22 23:42:54";
-    Program program{
-        {clock, ports, settings, fileDialog, msgBox, shell, database, folder.path(), [this] { return timeOfDay; }}};
+    Program program{{clock,
+                     ports,
+                     settings,
+                     fileDialog,
+                     msgBox,
+                     shell,
+                     database,
+                     folder.path(),
+                     [this] { return timeOfDay; },
+                     {},
+                     {},
+                     &doors}};
 
     /// Opens the terminal and its port and lets the communication test come to its end.
     void openPort() {

@@ -11,6 +11,7 @@
 #include "platform/qt/QtChecksum.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDatabase.h"
+#include "platform/qt/QtDoors.h"
 #include "platform/qt/QtProgramPlaces.h"
 #include "platform/qt/QtSerialPorts.h"
 #include "platform/qt/QtSettingsStore.h"
@@ -49,6 +50,7 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
     QtMsgBox msgBox;
     QtShell shell;
     QtDatabase database;
+    QtDoors doors;
     const auto folder = makeProgramFolder(places(options));
     if (!folder) {
         msgBox.stop(folder.error().text);
@@ -56,7 +58,7 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
     }
     rememberNewFolder(settings, folder->former, folder->path);
     Program program({clock, ports, settings, fileDialog, msgBox, shell, database, folder->path, localTimeOfDay,
-                     shippedDescriptions(places(options)), sha256});
+                     shippedDescriptions(places(options)), sha256, &doors});
     Desktop desktop(program);
     desktop.showStartWindow();
     if (!folder->news.empty()) msgBox.show({folder->news, "", MsgIcon::Information, MsgButtons::Ok});

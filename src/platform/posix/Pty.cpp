@@ -107,6 +107,12 @@ void Pty::wait(std::optional<double> ms, int other) const {
     ::ppoll(watched.data(), watched.size(), ms ? &longest : nullptr, nullptr);
 }
 
+std::vector<int> Pty::descriptors() const {
+    std::vector<int> all{m_master};
+    if (m_watch >= 0) all.push_back(m_watch);
+    return all;
+}
+
 std::string Pty::read() {
     std::array<char, 4096> buffer{};
     const auto got = ::read(m_master, buffer.data(), buffer.size());

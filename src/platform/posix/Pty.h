@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/RuntimeError.h"
 
@@ -25,6 +26,9 @@ public:
     /// Returns when a program has written or closed the device, `other` can be read, a signal has come, or `ms` are
     /// over; without `ms`, it waits for as long as it takes.
     void wait(std::optional<double> ms, int other) const;
+
+    /// One of them can be read when a program has written, or closed the device.
+    std::vector<int> descriptors() const;
 
     std::string read();
     void write(std::string_view text);

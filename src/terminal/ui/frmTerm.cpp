@@ -94,6 +94,7 @@ void frmTerm::makePortMenu() {
                           [this] { m_terminal.mnu_fastTransfers_Click(); });
     fast->setCheckable(true);
     m_connections += m_link.pace.bind([fast](Pace pace) { fast->setChecked(pace == Pace::Answered); });
+    if (m_actions.addShareEntries) m_actions.addShareEntries(menu);
 }
 
 void frmTerm::makeMoreMenu(ToolWindows& windows) {

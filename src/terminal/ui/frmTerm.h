@@ -21,6 +21,7 @@ struct TerminalActions {
     std::function<void()> saveMemories;     ///< empty: the entry stands disabled
     std::function<void()> restoreMemories;  ///< empty: the entry stands disabled
     std::function<void()> portSettings;
+    std::function<void(QMenu* menu)> addShareEntries = {};  ///< at the end of the port menu
     std::function<void()> about;
     std::function<void()> backupRadio;
     std::function<void()> restoreRadio;

@@ -1,0 +1,212 @@
+#include "share/PortShare.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "fakes/FakeDoors.h"
+#include "fakes/ProgramBench.h"
+#include "fakes/ScriptedDevice.h"
+#include "radio/SimulatedPorts.h"
+
+namespace korvex {
+namespace {
+
+using fakes::FakeProgram;
+
+/// The simulated radio's port, shared.
+struct ShareBench : fakes::ProgramBench<SimulatedPorts> {
+    PortShare& share = program.share;
+    FakeProgram& logger = doors.atDevice;
+    std::vector<std::string> told;
+    std::string went;
+    Connections connections;
+
+    ShareBench() {
+        connections += share.told.connect([this](const std::string& text) { told.push_back(text); });
+        openPort();
+        connections += program.link.went.connect([this](std::string_view wire) { went += wire; });
+        EXPECT_FALSE(share.openTerminal(""));
+    }
+    std::string ask(std::string_view wire, std::int64_t ms = 200) {
+        logger.say(wire);
+        clock.advance(ms);
+        return logger.takeHeard();
+    }
+};
+
+TEST(PortShare, AnswersWhoAskedInHisOrderAndOneAtATime) {
+    ShareBench bench;
+    EXPECT_EQ(bench.ask("FA07041000;FA;ID;AI;", 1'000), "FA07041000;ID0251;AI0;");
+    EXPECT_EQ(bench.ask("fa;"), "FA07041000;");
+    EXPECT_EQ(bench.ask("F"), "");
+    EXPECT_EQ(bench.ask("A;\r\n ID;", 500), "FA07041000;ID0251;");
+    EXPECT_EQ(bench.ask("SH1;ID;", 500), "?;ID0251;");
+
+    bench.went.clear();
+    bench.logger.say("FA;FB;");
+    EXPECT_EQ(bench.went, "FA;");
+    bench.clock.advance(200);
+    EXPECT_EQ(bench.went, "FA;FB;");
+}
+
+TEST(PortShare, TellsApartWhatTwoProgramsAsk) {
+    ShareBench bench;
+    FakeProgram other;
+    ASSERT_FALSE(bench.share.listen(4532));
+    bench.doors.connect(other);
+    bench.ask("FA14074000;");
+    bench.logger.takeHeard();
+    other.say("f\n");
+    bench.logger.say("MD0;");
+    bench.clock.advance(500);
+    EXPECT_EQ(other.takeHeard(), "14074000\n");
+    EXPECT_EQ(bench.logger.takeHeard().substr(0, 3), "MD0");
+}
+
+TEST(PortShare, RefusesNoiseAndFloodsAndGoesOn) {
+    ShareBench bench;
+    bench.went.clear();
+    EXPECT_EQ(bench.ask(std::string(5'000, 'F') + ";"), "?;");
+    EXPECT_EQ(bench.ask("\x01\xff\x80;"), "?;");
+    EXPECT_EQ(bench.ask(";"), "?;");
+    EXPECT_EQ(bench.ask("12;"), "?;");
+    EXPECT_EQ(bench.went, "");
+    for (int i = 0; i < 1'000; ++i) bench.logger.say("ID;");
+    bench.clock.advance(5'000);
+    const std::string heard = bench.logger.takeHeard();
+    std::size_t answered = 0;
+    for (auto at = heard.find("ID0251;"); at != std::string::npos; at = heard.find("ID0251;", at + 1)) ++answered;
+    EXPECT_EQ(answered, SharedLine::mostWaiting + 1);
+    EXPECT_EQ(bench.ask("ID;"), "ID0251;");
+}
+
+TEST(PortShare, LetsNothingThroughWhileOursHasTheLine) {
+    ShareBench bench;
+    EXPECT_EQ(bench.ask("FA;").substr(0, 2), "FA");
+    bench.fileDialog.choose(bench.folder.file("menu.mnu"));
+    bench.program.menuSave.mnu_Store_Click();
+    bench.clock.advance(300);
+    bench.went.clear();
+    bench.logger.say("FA;FA07000000;MD0;");
+    bench.clock.advance(1'900);
+    EXPECT_EQ(bench.logger.takeHeard().substr(0, 2), "FA") << "the last answer";
+    EXPECT_EQ(bench.went.find("FA"), std::string::npos);
+    bench.clock.advance(200);
+    EXPECT_EQ(bench.logger.takeHeard(), "?;?;") << "too late for anybody to want it";
+    bench.clock.advance(20'000);
+    EXPECT_EQ(bench.went.find("FA"), std::string::npos);
+    EXPECT_FALSE(bench.program.link.operation());
+    EXPECT_EQ(fakes::fileContent(bench.folder.file("menu.mnu")).substr(0, 5), "EX001");
+    EXPECT_EQ(bench.ask("ID;"), "ID0251;");
+}
+
+/// The answer to a foreign question comes when a reading of ours has begun.
+TEST(PortShare, KeepsALateForeignAnswerFromOurReading) {
+    fakes::ProgramBench<fakes::ScriptedPorts> bench;
+    auto& radio = bench.ports.plug(1);
+    radio.answer = [](std::string_view wire) {
+        return wire == "FA;"            ? std::string("FA14074000;")
+               : wire.starts_with("EX") ? std::string(wire.substr(0, 5)) + "1;"
+                                        : "";
+    };
+    bench.openPort();
+    ASSERT_FALSE(bench.program.share.openTerminal(""));
+    radio.answerDelay = 80;
+    bench.doors.atDevice.say("EX149;");
+    bench.fileDialog.choose(bench.folder.file("menu.mnu"));
+    bench.program.menuSave.mnu_Store_Click();
+    bench.clock.advance(20'000);
+    EXPECT_EQ(bench.doors.atDevice.takeHeard(), "EX1491;");
+    const std::string file = fakes::fileContent(bench.folder.file("menu.mnu"));
+    EXPECT_EQ(file.substr(0, 6), "EX0011");
+    EXPECT_EQ(file.find("EX149"), file.rfind("EX149"));
+}
+
+TEST(PortShare, TransmitsOnlyWithLeaveAndEndsItWithWhoBeganIt) {
+    ShareBench bench;
+    bench.went.clear();
+    EXPECT_EQ(bench.ask("TX1;TX0;MX1;KY6;AC002;", 1'000), "?;?;?;?;");
+    EXPECT_EQ(bench.went, "TX0;");
+    EXPECT_EQ(bench.told.size(), 4U);
+
+    bench.told.clear();
+    bench.went.clear();
+    bench.share.allowTransmit(true);
+    EXPECT_EQ(bench.ask("TX1;"), "");
+    EXPECT_EQ(bench.told.size(), 1U);
+    bench.logger.leave();
+    EXPECT_EQ(bench.went, "TX1;TX0;");
+    EXPECT_EQ(bench.told.size(), 2U);
+
+    bench.ask("TX1;");
+    bench.program.menuSave.mnu_Store_Click();
+    bench.went.clear();
+    bench.logger.say("TX0;");
+    EXPECT_EQ(bench.went, "TX0;") << "at once, whoever has the line";
+}
+
+TEST(PortShare, LeavesTheRadioAsItWasFound) {
+    ShareBench bench;
+    bench.went.clear();
+    EXPECT_EQ(bench.ask("EX0291;EX029;"), "EX0291;") << "what hamlib wants to hear";
+    EXPECT_EQ(bench.went, "");
+    bench.ask("AI1;");
+    bench.logger.leave();
+    bench.clock.advance(100);
+    EXPECT_EQ(bench.went, "AI1;AI0;");
+    EXPECT_EQ(bench.ask("EX029;").size(), 7U) << "the radio's own";
+}
+
+TEST(PortShare, IsSilentWithoutARadio) {
+    ShareBench bench;
+    bench.program.link.closePort();
+    EXPECT_EQ(bench.ask("FA;AI;"), "");
+    bench.openPort();
+    EXPECT_EQ(bench.ask("ID;"), "ID0251;");
+    bench.msgBox.foresee("not plugged in");
+    bench.ports.unplug();
+    bench.clock.advance(100);
+    EXPECT_EQ(bench.ask("ID;"), "");
+}
+
+TEST(RigctlFace, SpeaksHamlibsNetworkProtocol) {
+    ShareBench bench;
+    FakeProgram client;
+    ASSERT_FALSE(bench.share.listen(4532));
+    bench.doors.connect(client);
+    const auto request = [&](const std::string& line) {
+        client.say(line + "\n");
+        bench.clock.advance(500);
+        return client.takeHeard();
+    };
+    EXPECT_EQ(request("F 14250000.000000"), "RPRT 0\n");
+    EXPECT_EQ(request("f"), "14250000\n");
+    EXPECT_EQ(request("+f"), "get_freq:\nFrequency: 14250000\nRPRT 0\n");
+    EXPECT_EQ(request("M PKTUSB 0"), "RPRT 0\n");
+    EXPECT_EQ(request("\\get_mode"), "PKTUSB\n0\n");
+    EXPECT_EQ(request("V Sub"), "RPRT 0\n");
+    EXPECT_EQ(request("v"), "VFOB\n");
+    EXPECT_EQ(request("F 7040000"), "RPRT 0\n");
+    EXPECT_EQ(request("V VFOA"), "RPRT 0\n");
+    EXPECT_EQ(request("S 1 VFOB"), "RPRT 0\n");
+    EXPECT_EQ(request("s"), "1\nVFOB\n");
+    EXPECT_EQ(request("i"), "7040000\n");
+    EXPECT_EQ(request("I 7050000"), "RPRT 0\n");
+    EXPECT_EQ(request("f"), "14250000\n");
+    EXPECT_EQ(request("S 0 VFOA"), "RPRT 0\n");
+    EXPECT_EQ(request("s"), "0\nVFOA\n");
+    EXPECT_EQ(request("T 1"), "RPRT -9\n");
+    EXPECT_EQ(request("t"), "0\n");
+    EXPECT_EQ(request("F 99"), "RPRT -1\n");
+    EXPECT_EQ(request("F"), "RPRT -1\n");
+    EXPECT_EQ(request("l STRENGTH"), "RPRT -11\n");
+    EXPECT_EQ(request("f\nv\nt"), "14250000\nVFOA\n0\n");
+    bench.program.link.closePort();
+    EXPECT_EQ(request("f"), "RPRT -5\n");
+    client.leave();
+    EXPECT_EQ(client.caller, nullptr);
+}
+
+}  // namespace
+}  // namespace korvex
