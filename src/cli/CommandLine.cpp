@@ -73,8 +73,9 @@ void addChoices(OptionParser& parser, Command& command) {
                 command.withCat);
     parser.flag("--force", "a file that does not hold every menu item or register", command.force);
     parser.group("For other commands");
-    parser.option("--kind", "KIND", "compare: what the files are, where their ending does not tell",
+    parser.option("--kind", "KIND", "compare, convert: what the files are, where their ending does not tell",
                   into(command.kind));
+    parser.flag("--chirp", "convert: memory channels as CHIRP has them", command.chirp);
     parser.flag("--allow-transmit", "send, share: commands that key the transmitter, too", command.allowTransmit);
     parser.option("--link", "PATH", "share: makes the symbolic link PATH to the device", into(command.link));
     parser.option("--rigctld", "PORT", "share: serves hamlib's network protocol at localhost:PORT, too (4532 is usual)",
@@ -97,6 +98,8 @@ void addVerbs(OptionParser& parser, Command& command) {
     add(Verb::Backup, "backup", {folder}, "the whole radio -> a new folder in DIR");
     add(Verb::RestoreAll, "restore-all", {folder}, "such a folder -> radio");
     add(Verb::Compare, "compare", {file, {"OTHER", command.otherFile}}, "item by item; \"radio\" in place of a file");
+    add(Verb::Convert, "convert", {file, {"OTHER", command.otherFile}},
+        "a file of any kind -> a table (.csv) for spreadsheets or, with\n--chirp, for CHIRP; and such a table -> file");
     add(Verb::Share, "share", {}, "a device that other programs open as if it were the radio, until Ctrl-C");
     add(Verb::Send, "send", {{"COMMAND", command.text}}, "sends a command such as 'FA;', prints the answer");
     add(Verb::Ports, "ports", {}, "lists the serial ports");
@@ -150,6 +153,7 @@ Failure checkOptions(const Command& command) {
     if (command.withoutSafetyCopy && command.safetyFolder) {
         return wrong("--safety-copy and --no-safety-copy exclude each other");
     }
+    if (command.chirp && command.verb != Verb::Convert) return wrong("--chirp belongs to convert");
     if ((!command.link.empty() || command.rigctlPort) && command.verb != Verb::Share) {
         return wrong("--link and --rigctld belong to share");
     }

@@ -22,6 +22,7 @@ struct Command {
         RestoreAll,
         Compare,
         Share,
+        Convert,
         DescriptionExport,
         DescriptionImport
     };
@@ -38,6 +39,7 @@ struct Command {
     std::optional<std::string> settingsFile;  ///< where the program keeps its settings
     std::optional<std::string> database;      ///< the description database; else that of the program folder
     bool allowTransmit = false;
+    bool chirp = false;             ///< for Convert: CHIRP's table
     std::string link;               ///< for Share: a second name of the device; empty for none
     std::optional<int> rigctlPort;  ///< for Share
     bool verify = false;            ///< tell of every item of a restore

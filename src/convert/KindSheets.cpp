@@ -1,0 +1,286 @@
+#include "convert/KindSheets.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <vector>
+
+#include "bandstack/BandStackCells.h"
+#include "bandstack/BandStackFile.h"
+#include "base/CodePage.h"
+#include "base/Lines.h"
+#include "base/NumberText.h"
+#include "convert/ChannelWords.h"
+#include "keyer/KeyerFile.h"
+#include "memory/MemoryCodes.h"
+#include "memory/MemoryListFile.h"
+#include "menu/MenuFile.h"
+#include "menu/SheetText.h"
+
+namespace korvex {
+
+namespace {
+
+Result<std::string> wireOf(const std::string& cell, int line) {
+    if (const auto character = firstInexpressible(cell)) {
+        return refusedLine(line, "the radio does not have the character \"" + *character + "\"");
+    }
+    return wireFromUtf8(cell).value_or("");
+}
+
+// --- menu
+
+constexpr std::size_t menuHead = 5;  // EX042
+
+std::string valueIn(const std::string& command) {
+    if (command.size() <= menuHead || !command.ends_with(';')) return {};
+    return command.substr(menuHead, command.size() - menuHead - 1);
+}
+
+Result<Table> menuSheet(std::string_view content, const MenuTitles& titles) {
+    const auto lines = menuFileLines(content);
+    if (!lines) return lines.error();
+    Table table{{"Item", "Name", "Value", "Command"}};
+    for (std::size_t i = 0; i < lines->size(); ++i) {
+        const std::string& line = (*lines)[i];
+        if (line.empty()) continue;
+        const std::string item = line.size() > menuHead ? line.substr(2, 3) : zeroPadded(static_cast<int>(i) + 1, 3);
+        table.push_back({item, titles ? titles(item) : "", utf8FromWire(valueIn(line)), utf8FromWire(line)});
+    }
+    return table;
+}
+
+/// A number in as many characters as another one has: "5" for "+00" is "+05".
+std::string inTheFormOf(const std::string& pattern, int number) {
+    const bool isSigned = pattern.starts_with('+') || pattern.starts_with('-');
+    const auto digits = static_cast<int>(pattern.size()) - (isSigned ? 1 : 0);
+    const std::string text = zeroPadded(std::abs(number), digits);
+    if (isSigned) return (number < 0 ? "-" : "+") + text;
+    return number < 0 ? "-" + text : text;
+}
+
+/// What the row sets: the command as it is while the value says the same, else with the value in its form.
+Result<std::string> menuCommand(const NamedTable& table, std::size_t row, int item) {
+    const int line = table.line(row);
+    const auto value = wireOf(table.word(row, "Value"), line);
+    const auto command = wireOf(table.word(row, "Command"), line);
+    if (!value) return value.error();
+    if (!command) return command.error();
+    const std::string before = valueIn(*command);
+    if (*value == before || (value->empty() && *command == "?;")) return *command;
+    if (value->empty()) return refusedLine(line, "there is no value");
+    std::string text = *value;
+    if (const auto number = parseWhole(*value); number && !before.empty()) {
+        if (number == parseWhole(before)) return *command;
+        text = inTheFormOf(before, *number);
+    }
+    if (!before.empty() && text.size() != before.size()) {
+        return refusedLine(line, "\"" + *value + "\" does not have the form of \"" + before + "\"");
+    }
+    return "EX" + zeroPadded(item, 3) + text + ";";
+}
+
+Result<std::string> menuFile(std::string_view csv) {
+    const auto table = NamedTable::read(csv, {"Item", "Value", "Command"});
+    if (!table) return table.error();
+    std::array<std::string, menuItemCount> lines;
+    for (std::size_t row = 0; row < table->rows(); ++row) {
+        const int item = parseWhole(table->word(row, "Item")).value_or(0);
+        if (item < 1 || item > menuItemCount) return refusedLine(table->line(row), "there is no such menu item");
+        auto command = menuCommand(*table, row, item);
+        if (!command) return command.error();
+        if (command->starts_with("EX") && command->substr(2, 3) != zeroPadded(item, 3)) {
+            return refusedLine(table->line(row), "the command is that of another item");
+        }
+        std::string& place = lines.at(static_cast<std::size_t>(item) - 1);
+        if (!place.empty()) return refusedLine(table->line(row), "the item stands in the table twice");
+        place = std::move(*command);
+    }
+    std::string text;
+    for (const auto& line : lines) text.append(line).append(crLf);
+    if (const auto refused = menuFileLines(text); !refused) return refused.error();
+    return text;
+}
+
+// --- memories
+
+/// A column of the table: its field, and the list that its code stands in, if any.
+struct ChannelColumn {
+    std::string_view title;
+    MemoryField field;
+    const CodeList* list = nullptr;
+};
+
+const std::vector<ChannelColumn>& channelColumns() {
+    static const std::vector<ChannelColumn> columns = {
+        {"Frequency", MemoryField::Frequency},
+        {"Mode", MemoryField::Mode, &modeTable},
+        {"Clarifier Direction", MemoryField::ClarifierDirection, &directionTable},
+        {"Clarifier Offset", MemoryField::ClarifierOffset},
+        {"RX Clarifier", MemoryField::RxClarifier, &clarifierTable},
+        {"TX Clarifier", MemoryField::TxClarifier, &clarifierTable},
+        {"Tone Mode", MemoryField::CtcssMode, &ctcssModeTable},
+        {"Tone", MemoryField::ToneNumber, &toneTable},
+        {"Shift", MemoryField::Shift, &shiftTable},
+        {"Fixed Digit", MemoryField::FixedDigit},
+    };
+    return columns;
+}
+
+/// A code that its list does not have is shown as it is, and read so.
+std::string wordFor(const ChannelColumn& column, const std::string& code) {
+    const auto position = column.list == nullptr ? std::nullopt : column.list->position(code);
+    return position ? std::string(column.list->label(*position)) : utf8FromWire(code);
+}
+
+std::string codeFor(const ChannelColumn& column, std::string word) {
+    if (column.field == MemoryField::ToneNumber) std::replace(word.begin(), word.end(), ',', '.');
+    for (int i = 0; column.list != nullptr && i < column.list->size(); ++i) {
+        if (column.list->label(i) == word) return column.list->code(i);
+    }
+    // A spreadsheet writes 67 for 67.0.
+    if (column.field == MemoryField::ToneNumber && word.size() > 2 && word.find('.') == std::string::npos) {
+        return codeFor(column, word + ".0");
+    }
+    const int width = memoryPlace(column.field).width;
+    const auto number = column.list == nullptr ? parseWhole(word) : std::nullopt;
+    return number && *number >= 0 ? zeroPadded(*number, width) : word;
+}
+
+Result<Table> channelSheet(std::string_view kind, std::string_view content) {
+    const auto channels = channelsIn(kind, content);
+    if (!channels) return channels.error();
+    Table table{{"Channel"}};
+    for (const auto& column : channelColumns()) table[0].emplace_back(column.title);
+    table[0].emplace_back("Remark");
+    for (const auto& record : *channels) {
+        TableRow row{record[MemoryField::Channel]};
+        for (const auto& column : channelColumns()) row.push_back(wordFor(column, record[column.field]));
+        row.push_back(utf8FromWire(record[MemoryField::Remark]));
+        table.push_back(std::move(row));
+    }
+    return table;
+}
+
+Result<MemoryRecord> channelIn(const NamedTable& table, std::size_t row, int channel) {
+    MemoryRecord record;
+    record[MemoryField::Channel] = zeroPadded(channel, 3);
+    for (const auto& column : channelColumns()) {
+        const std::string word = table.word(row, column.title);
+        const std::string code = codeFor(column, word);
+        if (!canStandIn(column.field, code)) {
+            return refusedLine(table.line(row), std::string(column.title) + " cannot be \"" + word + "\"");
+        }
+        record[column.field] = code;
+    }
+    const std::string remark = table.cell(row, "Remark");
+    if (const auto why = whyRemarkIsRefused(remark)) return refusedLine(table.line(row), *why);
+    record[MemoryField::Remark] = wireFromUtf8(remark).value_or("");
+    return record;
+}
+
+Result<std::string> channelFileOf(std::string_view kind, std::string_view csv) {
+    std::vector<std::string_view> needed{"Channel"};
+    for (const auto& column : channelColumns()) needed.push_back(column.title);
+    const auto table = NamedTable::read(csv, needed);
+    if (!table) return table.error();
+    std::map<int, MemoryRecord> channels;
+    for (std::size_t row = 0; row < table->rows(); ++row) {
+        const int channel = channelNamed(table->word(row, "Channel"));
+        if (channel == 0) return refusedLine(table->line(row), "channels are numbered 1 to 99");
+        if (channels.contains(channel)) return refusedLine(table->line(row), "the channel stands in the table twice");
+        auto record = channelIn(*table, row, channel);
+        if (!record) return record.error();
+        channels[channel] = std::move(*record);
+    }
+    return channelFile(kind, channels);
+}
+
+// --- band stack: a register a row, a query a column
+
+Result<Table> bandStackSheet(std::string_view content) {
+    const auto cells = parseBandStackText(content);
+    if (!cells) return cells.error();
+    Table table;
+    for (int column = 0; column < BandStackCells::columns; ++column) {
+        TableRow row{column == 0 ? "Register" : registerName(column)};
+        for (int i = 0; i < cells->rows(); ++i)
+            row.push_back(column == 0 && i == 0 ? "Band" : utf8FromWire(cells->at(i, column)));
+        table.push_back(std::move(row));
+    }
+    return table;
+}
+
+/// The rows of the file are the columns behind "Register"; some have the same query.
+Result<std::string> bandStackFile(std::string_view csv) {
+    const auto table = NamedTable::read(csv, {"Register", "Band"});
+    if (!table) return table.error();
+    const std::size_t rows = table->titles().size() - 1;
+    if (rows > BandStackCells::allRows) return refusedLine(1, "there are too many columns");
+    BandStackCells cells(static_cast<int>(rows));
+    for (std::size_t i = 1; i < rows; ++i) cells.set(static_cast<int>(i), 0, table->titles()[i + 1]);
+    for (std::size_t row = 0; row < table->rows(); ++row) {
+        int column = 1;
+        while (column < BandStackCells::columns && registerName(column) != table->word(row, "Register")) ++column;
+        if (column == BandStackCells::columns) return refusedLine(table->line(row), "there is no such register");
+        for (std::size_t i = 0; i < rows; ++i) {
+            const auto cell = wireOf(table->cellAt(row, i + 1), table->line(row));
+            if (!cell) return cell.error();
+            cells.set(static_cast<int>(i), column, *cell);
+        }
+    }
+    std::string text = bandStackFileText(cells);
+    if (const auto refused = parseBandStackText(text); !refused) return refused.error();
+    return text;
+}
+
+// --- keyer
+
+Result<Table> keyerSheet(std::string_view content) {
+    const auto rows = parseKeyerFile(content);
+    if (!rows) return rows.error();
+    Table table{{"Memory", "Text"}};
+    for (std::size_t i = 1; i < rows->size(); ++i) {
+        table.push_back({std::to_string(i), utf8FromWire((*rows)[i].at(1))});
+    }
+    return table;
+}
+
+Result<std::string> keyerFile(std::string_view csv) {
+    const auto table = NamedTable::read(csv, {"Memory", "Text"});
+    if (!table) return table.error();
+    KeyerTexts texts;
+    for (std::size_t row = 0; row < table->rows(); ++row) {
+        const int memory = parseWhole(table->word(row, "Memory")).value_or(0);
+        if (memory < 1 || memory > keyerMemories) return refusedLine(table->line(row), "memories are numbered 1 to 5");
+        const auto text = wireOf(table->cell(row, "Text"), table->line(row));
+        if (!text) return text.error();
+        keyerText(texts, memory) = WireText(*text);
+        if (const auto why = whyNotStorable(WireText(*text)); !why.empty()) return refusedLine(table->line(row), why);
+    }
+    return keyerFileText(keyerFileRows(texts));
+}
+
+RuntimeError noSuchKind(std::string_view kind) {
+    return {errors::InvalidPropertyValue, "there is no kind of file called " + std::string(kind)};
+}
+
+}  // namespace
+
+Result<Table> sheetOf(std::string_view kind, std::string_view content, const MenuTitles& titles) {
+    if (kind == "menu") return menuSheet(content, titles);
+    if (kind == "memory" || kind == "list") return channelSheet(kind, content);
+    if (kind == "bandstack") return bandStackSheet(content);
+    if (kind == "keyer") return keyerSheet(content);
+    return noSuchKind(kind);
+}
+
+Result<std::string> fileOf(std::string_view kind, std::string_view csv) {
+    if (kind == "menu") return menuFile(csv);
+    if (kind == "memory" || kind == "list") return channelFileOf(kind, csv);
+    if (kind == "bandstack") return bandStackFile(csv);
+    if (kind == "keyer") return keyerFile(csv);
+    return noSuchKind(kind);
+}
+
+}  // namespace korvex
