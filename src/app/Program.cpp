@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "app/HelpPage.h"
+#include "backup/MenuTitles.h"
 #include "memory/UnsavedList.h"
+#include "platform/ProgramFolder.h"
 
 namespace korvex {
 
@@ -27,8 +29,12 @@ Program::Program(Machine machine)
       restore(link, backup, transfers, machine.clock),
       backupEntry({backup, machine.clock, desk, machine.timeOfDay, [this] { return whyNoBackup(); },
                    [this] { return link.freeLine(); }}),
-      restoreEntry(
-          {link, restore, machine.clock, desk, machine.checksum, machine.timeOfDay, [this] { return whyNoBackup(); }}),
+      restoreEntry({link, restore, machine.clock, desk, machine.checksum, machine.timeOfDay,
+                    [this] { return whyNoBackup(); },
+                    [this] {
+                        return titlesFrom(m_machine.database,
+                                          m_machine.programFolder + "/" + std::string(descriptionDatabaseName));
+                    }}),
       share(link, machine.clock, machine.doors),
       shareEntry({link, share, machine.settings, machine.msgBox}),
       startWindow(machine.clock, startWindowCalls()),
@@ -96,6 +102,7 @@ void Program::introduceMemories() {
 
 void Program::introduceEqualizer() {
     windows.equalizer.available = true;
+    eqWindow.exchange().pace = [this] { return link.pace.get(); };
     // Both ports are set to the same device: whoever opens takes it from the other.
     m_connections += link.opening.connect([this] { eqWindow.closePort(); });
     eqWindow.mayTakePort = [this] { return link.freeLine(); };
@@ -169,7 +176,7 @@ bool Program::mayEnd() {
 bool Program::end() {
     const bool withSession = m_machine.clock.now() < m_sessionEndsBefore;
     if (!withSession && !mayEnd()) return false;
-    link.stopOperation();
+    link.breakOff(Outcome::Kind::Cancelled, CatLink::For::Another);
     if (!terminal.Form_Unload()) return false;
     if (!withSession) backupEntry.tellNow();
     eqWindow.closePort();

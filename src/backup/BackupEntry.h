@@ -1,12 +1,10 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string>
 
 #include "backup/Backup.h"
-#include "platform/Clock.h"
-#include "platform/OwnersFiles.h"
+#include "backup/WholeRadioEntry.h"
 
 namespace korvex {
 
@@ -27,18 +25,19 @@ public:
 
     void mnu_BackupRadio_Click();
     /// The end of a backup is told from the event loop; this tells it now, if it has not been told.
-    void tellNow();
+    void tellNow() { m_entry.now(); }
 
 private:
-    bool hasLine();
+    static std::string unfinishedIn(const std::string& folder);
+    bool mayGoOn(const std::string& unfinished);
+    std::string brokenOffText() const;
     std::string savedText() const;
     void onEnded(const Outcome& outcome);
 
     BackupEntryNeeds m_needs;
     OwnersFiles m_folders;
+    WholeRadioEntry m_entry;
     bool m_started = false;  // from here, and not yet ended
-    MsgBoxRequest m_untold;
-    std::unique_ptr<Timer> m_tell;
     Connections m_connections;
 };
 

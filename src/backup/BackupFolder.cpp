@@ -46,10 +46,20 @@ Failure BackupFolder::make(const std::string& dir, const std::string& timeOfDay,
 /// One that is there belongs to another backup, or is what a power cut has left: it is not ours to remove.
 Failure BackupFolder::makeNamed(const std::string& path) {
     m_path = path;
-    const std::string incomplete = path + ".incomplete";
+    const std::string incomplete = path + std::string(incompleteEnding);
     std::error_code error;
     if (fs::exists(path, error)) return taken(path);
     if (!fs::create_directory(incomplete, error)) return error ? failed(incomplete, error) : taken(incomplete);
+    m_incomplete = incomplete;
+    return {};
+}
+
+Failure BackupFolder::adopt(const std::string& incomplete) {
+    std::error_code error;
+    const bool isOne = incomplete.ends_with(incompleteEnding) && fs::is_directory(incomplete, error);
+    if (!isOne) return RuntimeError{errors::PathNotFound, incomplete + " is no unfinished backup"};
+    m_path = incomplete.substr(0, incomplete.size() - incompleteEnding.size());
+    if (fs::exists(m_path, error)) return taken(m_path);
     m_incomplete = incomplete;
     return {};
 }

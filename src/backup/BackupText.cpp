@@ -78,6 +78,24 @@ std::vector<std::string> refusedLines(const BackupSummary& summary) {
     return lines;
 }
 
+namespace {
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const auto& word : words) text += (text.empty() ? "" : " and ") + word;
+    return text;
+}
+
+std::string timesText(const BackupSummary& summary) {
+    if (summary.resumed.empty()) return {};
+    std::string text =
+        "\nIt was cut off, and gone on with on " + joined(summary.resumed) + ". Its parts were read by the backup of\n";
+    for (const auto& part : summary.parts) text += "  " + column(part.file, 16) + joined(part.times) + "\n";
+    return text;
+}
+
+}  // namespace
+
 std::string summaryText(const BackupSummary& summary) {
     std::string text = "Backup of " + summary.timeOfDay + "\n\n";
     text += "Radio  " + radioName(summary.radio) + "\n";
@@ -88,6 +106,8 @@ std::string summaryText(const BackupSummary& summary) {
     text += column("equalizer.txt", 18) + "menu items 125 to 142 by name; what is restored is in the menu file\n";
     if (!missingLines(summary).empty()) text += "\nThis backup is not complete.";
     text += "\nThe radio refused to tell" + (refused.empty() ? " nothing\n" : ":\n" + refused);
+    text += timesText(summary);
+    for (const auto& remark : summary.remarks) text += "\n" + remark + "\n";
     return text;
 }
 

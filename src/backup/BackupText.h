@@ -17,8 +17,12 @@ struct BackupSummary {
         std::string file;
         DataItems items;
         std::vector<std::string> missing = {};  ///< what is not among the items, by name
+        std::string reading = {};               ///< that has brought it
+        std::vector<std::string> times = {};    ///< when it was read: the beginnings of those backups
     };
     std::vector<Part> parts;
+    std::vector<std::string> resumed = {};  ///< when it was gone on with
+    std::vector<std::string> remarks = {};  ///< what the owner should know of the radio, a line each
 };
 
 /// A line for each part: "menu.mnu: 149 menu items".

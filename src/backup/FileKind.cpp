@@ -115,10 +115,9 @@ bool isCommand(const DataItem& item) {
     return !item.command.empty();
 }
 
-std::string menuLacks(std::string_view content) {
-    const auto items = menuItems(content);
+std::string menuLacks(std::string_view /*content*/, const DataItems& items) {
     std::set<std::string> named;
-    for (const auto& item : items ? *items : DataItems()) named.insert(item.name);
+    for (const auto& item : items) named.insert(item.name);
     if (named.size() == std::size_t{menuItemCount}) return {};
     return "it holds " + std::to_string(named.size()) + " of " + count(menuItemCount, "menu items");
 }
@@ -140,7 +139,7 @@ std::string registersHeld(const DataItems& items, std::size_t /*missing*/) {
     return count(static_cast<std::size_t>(registers), "registers");
 }
 
-std::string bandStackLacks(std::string_view content) {
+std::string bandStackLacks(std::string_view content, const DataItems& /*items*/) {
     const auto cells = parseBandStackText(content);
     return cells ? missingRegisters(*cells) : "";
 }

@@ -21,7 +21,9 @@ struct FileKind {
     /// Whether an item is what the kind is about: a file without any has nothing to restore.
     bool (*counts)(const DataItem& item);
     /// What a file lacks, with numbers; empty when it is whole. It is restored only when a person says so.
-    std::string (*lacks)(std::string_view content) = [](std::string_view) { return std::string(); };
+    std::string (*lacks)(std::string_view content, const DataItems& items) = [](std::string_view, const DataItems&) {
+        return std::string();
+    };
     /// Why the items cannot go into a radio; empty when they can.
     std::string (*objection)(const DataItems& items) = [](const DataItems&) { return std::string(); };
     /// What the items leave out as a whole because the radio refused it, a line each.

@@ -4,9 +4,11 @@
 
 #include "backup/Objections.h"
 #include "bandstack/BandStackFile.h"
+#include "base/NumberText.h"
 #include "keyer/KeyerFile.h"
 #include "memory/MemoryFile.h"
 #include "memory/MemoryListFile.h"
+#include "memory/MemoryRecord.h"
 #include "menu/MenuFile.h"
 
 namespace korvex {
@@ -49,6 +51,26 @@ KeyerTexts textsOf(const DataItems& items) {
     return texts;
 }
 
+/// "05.2 MD0", and not what was asked beside the registers.
+bool isCell(const std::string& item) {
+    constexpr std::size_t point = 2;
+    return item.size() > point && item[point] == '.';
+}
+
+std::string bandOf(const std::string& cell) {
+    return cell.substr(0, 2);
+}
+
+/// A band is walked through as a whole: nobody knows at which of its registers the radio stands now.
+void leaveOutPartBands(ReadSoFar::Reading& reading) {
+    if (reading.isWhole) return;
+    std::map<std::string, int> known;
+    for (const auto& [item, answer] : reading.answers) known[bandOf(item)] += isCell(item) ? 1 : 0;
+    std::erase_if(reading.answers, [&](const auto& one) {
+        return isCell(one.first) && known[bandOf(one.first)] < BandStackCells::perBand * BandStackCells::lastQueried;
+    });
+}
+
 }  // namespace
 
 KindTransfers::KindTransfers(CatLink& link, OwnersFiles& files, Clock& clock)
@@ -60,6 +82,7 @@ KindTransfers::KindTransfers(CatLink& link, OwnersFiles& files, Clock& clock)
       m_menuWriter(link),
       m_memoryWriter(link, files, m_unused),
       m_bandStackWriter(link),
+      m_walk(link, m_bandStackReader, m_bandStackWriter),
       m_keyerWriter(link) {
     m_readings = {modelReading(), menuReading(), memoryReading(), bandStackReading(), keyerReading()};
     addWritings();
@@ -71,8 +94,7 @@ void KindTransfers::addWritings() {
         {"menu", {[this](const DataItems& items) { m_menuWriter.write(commandsOf(items)); }, &m_menuWriter.ended}},
         {"memory", {writeMemories, &m_memoryWriter.ended}},
         {"list", {writeMemories, &m_memoryWriter.ended}},
-        {"bandstack",
-         {[this](const DataItems& items) { m_bandStackWriter.write(cellsOf(items)); }, &m_bandStackWriter.ended}},
+        {"bandstack", {[this](const DataItems& items) { m_walk.write(cellsOf(items)); }, &m_walk.ended}},
         {"keyer", {[this](const DataItems& items) { m_keyerWriter.write(textsOf(items)); }, &m_keyerWriter.ended}}};
 }
 
@@ -108,7 +130,10 @@ KindReading KindTransfers::menuReading() {
             [this] {
                 return std::vector<BackupFile>{{fileKind("menu"), menuFileText(m_menuReader.answers())}};
             },
-            [this] { return objections::toMenu(m_menuReader.answers()); }};
+            [this] { return objections::toMenu(m_menuReader.answers()); },
+            {},
+            {},
+            [this] { return toldOfMenu(); }};
 }
 
 KindReading KindTransfers::memoryReading() {
@@ -124,7 +149,8 @@ KindReading KindTransfers::memoryReading() {
                 const bool all = static_cast<int>(m_memoryReader.damaged().size()) == m_memoryReader.found();
                 return all ? objections::toMemories(m_memoryReader) : "";
             },
-            [this] { return m_memoryReader.remarks(); }};
+            [this] { return m_memoryReader.remarks(); },
+            [this] { return toldOfMemories(); }};
 }
 
 /// A list that is filled from the answers says the same as one that the radio is asked for a second time. A channel
@@ -144,13 +170,18 @@ std::vector<BackupFile> KindTransfers::memoryFiles() {
 KindReading KindTransfers::bandStackReading() {
     return {"band stack",
             {"bandstack"},
-            [this] { m_bandStackReader.read(); },
-            [this] { m_bandStackReader.stop(); },
-            &m_bandStackReader.ended,
+            [this] { m_walk.read(); },
+            [this] { m_walk.stop(); },
+            &m_walk.ended,
             [this] { return objections::toBandStack(m_bandStackReader.cells()); },
             [this] {
                 return std::vector<BackupFile>{{fileKind("bandstack"), bandStackFileText(m_bandStackReader.cells())}};
-            }};
+            },
+            {},
+            {},
+            [this] { return whyNotHome().empty() ? std::vector<std::string>() : std::vector{whyNotHome()}; },
+            [this] { return toldOfBandStack(); },
+            leaveOutPartBands};
 }
 
 KindReading KindTransfers::keyerReading() {
@@ -165,7 +196,10 @@ KindReading KindTransfers::keyerReading() {
                 const std::string objection = objections::toKeyerTexts(m_keyerReader);
                 const auto missing = keyerFile().missing;
                 return objection.empty() && !missing.empty() ? missing.front() : objection;
-            }};
+            },
+            {},
+            {},
+            [this] { return toldOfKeyer(); }};
 }
 
 /// A text that a keyer file has no room for is left out, as one that the radio refuses to tell: an empty text changes
@@ -180,6 +214,43 @@ BackupFile KindTransfers::keyerFile() const {
         missing.push_back(keyerHead(memory) + (why.empty() ? "" : ", which cannot be kept in a file: " + why));
     }
     return {fileKind("keyer"), keyerFileText(keyerFileRows(texts)), missing};
+}
+
+std::vector<BackupJournal::Told> KindTransfers::toldOfMenu() const {
+    std::vector<BackupJournal::Told> told;
+    for (int item = 1; item <= menuItemCount; ++item) {
+        told.push_back({zeroPadded(item, 3), menuReadCommand(item), m_menuReader.answers().answer(item)});
+    }
+    return told;
+}
+
+std::vector<BackupJournal::Told> KindTransfers::toldOfMemories() const {
+    std::vector<BackupJournal::Told> told;
+    for (int channel = 1; channel <= lastMemoryChannel; ++channel) {
+        told.push_back({channelText(channel), memoryReadCommand(channel), m_memoryReader.told(channel)});
+    }
+    return told;
+}
+
+std::vector<BackupJournal::Told> KindTransfers::toldOfBandStack() const {
+    const BandStackCells& cells = m_bandStackReader.cells();
+    std::vector<BackupJournal::Told> told;
+    for (int column = 1; column < BandStackCells::columns; ++column) {
+        for (int row = 1; row <= BandStackCells::lastQueried; ++row) {
+            told.push_back({cellName(cells, row, column), cells.query(row), cells.at(row, column)});
+        }
+    }
+    return told;
+}
+
+std::vector<BackupJournal::Told> KindTransfers::toldOfKeyer() const {
+    std::vector<BackupJournal::Told> told;
+    for (int memory = 1; memory <= keyerMemories; ++memory) {
+        const bool refused = m_keyerReader.wasRefused(memory);
+        const std::string text = keyerWriteCommand(memory, keyerText(m_keyerReader.texts(), memory));
+        told.push_back({keyerHead(memory), keyerReadCommand(memory), refused ? "?;" : text});
+    }
+    return told;
 }
 
 }  // namespace korvex

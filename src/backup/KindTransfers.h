@@ -6,9 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "backup/BackupJournal.h"
 #include "backup/FileKind.h"
 #include "backup/ModelReader.h"
 #include "bandstack/BandStackReader.h"
+#include "bandstack/BandStackWalk.h"
 #include "bandstack/BandStackWriter.h"
 #include "keyer/KeyerReader.h"
 #include "keyer/KeyerWriter.h"
@@ -42,6 +44,10 @@ struct KindReading {
     std::function<std::string()> ruin = {};
     /// What the owner should know of the files all the same, a line each.
     std::function<std::vector<std::string>()> remarks = {};
+    /// Answer by answer what was read.
+    std::function<std::vector<BackupJournal::Told>()> told = {};
+    /// Of what an unfinished backup has read: leaves out what has to be read again.
+    void (*leaveOut)(ReadSoFar::Reading& reading) = [](ReadSoFar::Reading&) {};
 };
 
 /// How items of a kind get into the radio. What is not among those given keeps what the radio has.
@@ -64,6 +70,8 @@ public:
     BackupFile file(const FileKind& kind) const;
     const KindWriting& writing(const FileKind& kind) const { return m_writings.at(kind.name); }
     const std::string& model() const { return m_modelReader.model(); }
+    /// Where the radio stands otherwise than before the last walk through its band stack, UTF-8; else empty.
+    const std::string& whyNotHome() const { return m_walk.whyNotHome(); }
 
 private:
     KindReading modelReading();
@@ -73,6 +81,10 @@ private:
     KindReading keyerReading();
     std::vector<BackupFile> memoryFiles();
     BackupFile keyerFile() const;
+    std::vector<BackupJournal::Told> toldOfMenu() const;
+    std::vector<BackupJournal::Told> toldOfMemories() const;
+    std::vector<BackupJournal::Told> toldOfBandStack() const;
+    std::vector<BackupJournal::Told> toldOfKeyer() const;
     void addWritings();
 
     ModelReader m_modelReader;
@@ -85,6 +97,7 @@ private:
     MemoryTable m_unused;
     MemoryRestorer m_memoryWriter;
     BandStackWriter m_bandStackWriter;
+    BandStackWalk m_walk;
     KeyerWriter m_keyerWriter;
     std::vector<KindReading> m_readings;
     std::map<std::string_view, KindWriting> m_writings;

@@ -11,7 +11,7 @@ namespace korvex {
 class CatLink;
 
 /// How long those who have nobody to ask wait for the radio: 5 s without the end of an answer, as noise could go on for
-/// ever, and 30 s without a step forward, as news of the dial could.
+/// ever, and 30 s without a step forward, as what the dial tells unasked could.
 class Patience {
 public:
     /// `lost` is called once; the watch is over then.

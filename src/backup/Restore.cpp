@@ -33,12 +33,10 @@ void Restore::clear() {
     m_safetyCopy.clear();
 }
 
-Failure Restore::take(const FileKind& kind, const std::string& content) {
-    auto items = kind.items(content);
-    if (!items) return items.error();
-    const std::string why = kind.objection(*items);
+Failure Restore::take(const FileKind& kind, DataItems items) {
+    const std::string why = kind.objection(items);
     if (!why.empty()) return RuntimeError{errors::TypeMismatch, why};
-    m_parts.emplace_back(kind, std::move(*items));
+    m_parts.emplace_back(kind, std::move(items));
     std::stable_sort(m_parts.begin(), m_parts.end(), [](const RestorePart& one, const RestorePart& other) {
         return one.kind->order < other.kind->order;
     });
@@ -103,10 +101,10 @@ std::vector<std::string> Restore::planLines() const {
     return lines;
 }
 
-std::vector<std::string> Restore::planDetails() const {
+std::vector<std::string> Restore::planDetails(const ItemTitles& titles) const {
     std::vector<std::string> lines;
     for (const auto& one : m_parts) {
-        for (auto& line : one.planDetails()) lines.push_back(std::move(line));
+        for (auto& line : one.planDetails(titles)) lines.push_back(std::move(line));
     }
     return lines;
 }
@@ -247,6 +245,13 @@ void Restore::finish(const Outcome& outcome) {
     m_stepEnd.end();
     m_link.workFor({});
     ended.emit(outcome);
+}
+
+std::vector<std::string> Restore::remarks() const {
+    const bool walked =
+        std::any_of(m_parts.begin(), m_parts.end(), [](const RestorePart& one) { return one.kind->isCircle; });
+    if (!walked || m_transfers.whyNotHome().empty()) return {};
+    return {m_transfers.whyNotHome()};
 }
 
 bool Restore::isAsTheFilesSay() const {

@@ -31,8 +31,8 @@ public:
 
     /// Begins anew, without any file.
     void clear();
-    /// Refused is what its kind refuses. Whether it is whole, and holds anything, the kind tells.
-    Failure take(const FileKind& kind, const std::string& content);
+    /// What a file of the kind says. Whether it is whole, and holds anything, the kind tells.
+    Failure take(const FileKind& kind, DataItems items);
     /// The safety copy's folder is made here already, so that a disk that is full or locked is told before anything is
     /// sent.
     Failure prepare(const RestoreChoices& choices);
@@ -52,7 +52,7 @@ public:
     /// "menu: 3 of 146 items differ: 020, 042, 126", a line for each kind.
     std::vector<std::string> planLines() const;
     /// Item by item: what the radio has, and what the file.
-    std::vector<std::string> planDetails() const;
+    std::vector<std::string> planDetails(const ItemTitles& titles = {}) const;
     bool writesAnything() const;
     /// All that could be sent, in its order.
     DataItems commands() const;
@@ -61,6 +61,8 @@ public:
     const std::vector<RestoredItem>& report() const { return m_report; }
     /// The radio is as the files say.
     bool isAsTheFilesSay() const;
+    /// Where the radio stands otherwise than before, UTF-8, a line each.
+    std::vector<std::string> remarks() const;
     /// The folder of the safety copy; empty without one, and when nothing had to be written.
     const std::string& safetyCopy() const { return m_safetyCopy; }
 

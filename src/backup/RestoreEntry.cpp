@@ -8,8 +8,6 @@ namespace korvex {
 
 namespace {
 
-constexpr const char* title = "Restore";
-
 std::string joined(const std::vector<std::string>& lines) {
     std::string text;
     for (const auto& line : lines) text += line + "\r\n";
@@ -21,38 +19,31 @@ std::string joined(const std::vector<std::string>& lines) {
 RestoreEntry::RestoreEntry(RestoreEntryNeeds needs)
     : m_needs(std::move(needs)),
       m_folders(m_needs.desk, keys::backupPath),
-      m_ask(m_needs.clock.makeTimer()),
-      m_tell(m_needs.clock.makeTimer()) {
-    // Boxes come from the event loop, not from inside the end of a transfer.
-    m_connections += m_ask->tick.connect([this] { askToGo(); });
-    m_connections += m_tell->tick.connect([this] { tellEnd(); });
-    m_connections += m_needs.restore.planned.connect([this] { m_ask->setEnabled(m_started); });
-    m_connections += m_needs.restore.ended.connect([this](const Outcome&) { m_tell->setEnabled(m_started); });
+      m_entry(m_folders, m_needs.clock, "Restore", m_needs.whyNotNow) {
+    m_connections += m_needs.restore.planned.connect([this] {
+        if (m_started) m_entry.soon([this] { askToGo(); });
+    });
+    m_connections += m_needs.restore.ended.connect([this](const Outcome&) {
+        if (m_started) m_entry.soon([this] { tellEnd(); });
+    });
 }
 
 void RestoreEntry::mnu_RestoreRadio_Click() {
-    if (!hasLine()) return;
+    if (!m_entry.hasLine()) return;
     const auto folder = m_folders.askForFolder("Backup to restore into the Radio");
     if (!folder || !takeFiles(*folder)) return;
     m_folders.remember(*folder);
-    if (hasLine() && m_needs.link.freeLine()) begin(*folder);
-}
-
-bool RestoreEntry::hasLine() {
-    const std::string why = m_needs.whyNotNow();
-    if (!why.empty()) m_folders.msgBox().exclamation(why, title);
-    return why.empty();
+    if (m_entry.hasLine() && m_needs.link.freeLine()) begin(*folder);
 }
 
 bool RestoreEntry::takeFiles(const std::string& folder) {
     m_needs.restore.clear();
     const FilesTaken taken = takeFolder(m_needs.restore, folder, m_needs.checksum);
     if (!taken.refusal.empty()) {
-        m_folders.msgBox().exclamation(taken.refusal + "\r\n\r\nNothing was sent.", title);
+        m_entry.exclaim(taken.refusal + "\r\n\r\nNothing was sent.");
         return false;
     }
-    return taken.doubts.empty() ||
-           m_folders.msgBox().confirm(joined(taken.doubts) + "\r\nRestore what is there all the same?", title);
+    return taken.doubts.empty() || m_entry.confirm(joined(taken.doubts) + "\r\nRestore what is there all the same?");
 }
 
 void RestoreEntry::begin(const std::string& folder) {
@@ -64,8 +55,8 @@ void RestoreEntry::begin(const std::string& folder) {
     RestoreChoices choices;
     choices.safetyCopy = BackupOrder{folderBeside(folder), m_needs.timeOfDay(), "-before-restore"};
     if (const auto failure = m_needs.restore.prepare(choices)) {
-        return m_folders.msgBox().exclamation(
-            "What the radio has now cannot be kept:\r\n" + failure->text + "\r\n\r\nNothing was sent.", title);
+        return m_entry.exclaim("What the radio has now cannot be kept:\r\n" + failure->text +
+                               "\r\n\r\nNothing was sent.");
     }
     m_started = true;
     m_paceBefore = m_needs.link.pace;
@@ -74,13 +65,12 @@ void RestoreEntry::begin(const std::string& folder) {
 }
 
 void RestoreEntry::askToGo() {
-    m_ask->setEnabled(false);
     Restore& restore = m_needs.restore;
     if (!restore.writesAnything()) return restore.go();
     const std::string text = m_earlier + joined(restore.planLines()) + "\r\nWhat the radio has now is kept in\r\n" +
                              restore.safetyCopy() + "\r\n\r\nWrite this into the radio?";
-    const auto answer = m_folders.msgBox().show(
-        {text, title, MsgIcon::Question, MsgButtons::YesNoCareful, joined(restore.planDetails())});
+    const auto answer = m_entry.show(
+        {text, {}, MsgIcon::Question, MsgButtons::YesNoCareful, joined(restore.planDetails(m_needs.titles()))});
     // The port may have been closed while the box stood, which is for the restore to tell.
     if (answer == MsgAnswer::Yes) return restore.go();
     giveBack();
@@ -93,7 +83,6 @@ void RestoreEntry::giveBack() {
 }
 
 void RestoreEntry::tellEnd() {
-    m_tell->setEnabled(false);
     giveBack();
     const Restore& restore = m_needs.restore;
     const bool whole = restore.why().empty();
@@ -103,10 +92,14 @@ void RestoreEntry::tellEnd() {
                                      : "The restore did not come to its end.";
     const auto& lines = whole ? countLines(restore.report()) : restore.why();
     std::string text = head + "\r\n\r\n" + joined(lines);
+    if (const auto remarks = restore.remarks(); !remarks.empty()) text += "\r\n" + joined(remarks);
     if (whole && !restore.safetyCopy().empty())
         text += "\r\nWhat the radio had before is in\r\n" + restore.safetyCopy();
-    m_folders.msgBox().show({text, title, fine ? MsgIcon::Information : MsgIcon::Exclamation, MsgButtons::Ok,
-                             joined(itemLines(restore.report(), {}, false))});
+    m_entry.show({text,
+                  {},
+                  fine ? MsgIcon::Information : MsgIcon::Exclamation,
+                  MsgButtons::Ok,
+                  joined(itemLines(restore.report(), m_needs.titles(), false))});
 }
 
 }  // namespace korvex

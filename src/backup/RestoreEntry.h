@@ -1,12 +1,10 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string>
 
 #include "backup/RestoreFiles.h"
-#include "platform/Clock.h"
-#include "platform/OwnersFiles.h"
+#include "backup/WholeRadioEntry.h"
 
 namespace korvex {
 
@@ -19,6 +17,7 @@ struct RestoreEntryNeeds {
     Backup::Checksum checksum;
     std::function<std::string()> timeOfDay;
     std::function<std::string()> whyNotNow;  ///< why there is no line, for the owner; empty when there is one
+    std::function<ItemTitles()> titles;      ///< what the owner calls the items now
 };
 
 /// "Restore whole Radio...": asks for the folder of a backup, shows what would be written, and writes it when the
@@ -30,7 +29,6 @@ public:
     void mnu_RestoreRadio_Click();
 
 private:
-    bool hasLine();
     bool takeFiles(const std::string& folder);
     void begin(const std::string& folder);
     void askToGo();
@@ -39,11 +37,10 @@ private:
 
     RestoreEntryNeeds m_needs;
     OwnersFiles m_folders;
+    WholeRadioEntry m_entry;
     bool m_started = false;  // from here, and not yet ended
     Pace m_paceBefore{};
     std::string m_earlier;  // restores that have not come to their end, for the person
-    std::unique_ptr<Timer> m_ask;
-    std::unique_ptr<Timer> m_tell;
     Connections m_connections;
 };
 

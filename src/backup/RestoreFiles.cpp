@@ -39,47 +39,68 @@ std::vector<std::string> faultsOf(const std::string& folder, const Backup::Check
     return faults;
 }
 
+struct FileContent {
+    const FileKind& kind;
+    std::string name;
+    const std::string& content;
+};
+
+void takeItems(Restore& restore, const FileContent& file, DataItems items, FilesTaken& taken) {
+    const std::string lacks = file.kind.lacks(file.content, items);
+    if (const auto failure = restore.take(file.kind, std::move(items))) {
+        taken.refusal = file.name + ": " + failure->text;
+    } else if (!lacks.empty()) {
+        taken.doubts.push_back(file.name + ": " + lacks);
+    }
+}
+
 bool isThere(const std::string& file) {
     std::error_code ignored;
     return fs::exists(file, ignored);
+}
+
+/// Whether it was taken. One that holds nothing is left out, so that a backup without keyer texts is one.
+bool takeFile(Restore& restore, const FileKind& kind, const std::string& folder, FilesTaken& taken) {
+    const std::string name = backupFileName(kind);
+    const std::string path = folder + "/" + name;
+    const auto content = textfile::read(path);
+    auto items = content ? kind.items(*content) : Result<DataItems>(content.error());
+    if (!isThere(path)) {
+        taken.notes.push_back("there is no " + name + ": the radio keeps what it has");
+    } else if (!items) {
+        taken.refusal = content ? path + ": " + items.error().text : items.error().text;
+    } else if (!holdsAnything(kind, *items)) {
+        taken.notes.push_back(name + " holds nothing: the radio keeps what it has");
+    } else {
+        takeItems(restore, {kind, path, *content}, std::move(*items), taken);
+        return true;
+    }
+    return false;
 }
 
 }  // namespace
 
 void takeContent(Restore& restore, const FileKind& kind, const std::string& name, const std::string& content,
                  FilesTaken& taken) {
-    const auto items = kind.items(content);
-    const auto failure = restore.take(kind, content);
-    if (failure) {
-        taken.refusal = name + ": " + failure->text;
-    } else if (items && !holdsAnything(kind, *items)) {
+    auto items = kind.items(content);
+    if (!items) {
+        taken.refusal = name + ": " + items.error().text;
+    } else if (!holdsAnything(kind, *items)) {
         taken.refusal = name + ": there is nothing in it that could be restored as " + std::string(kind.name);
-    } else if (const std::string lacks = kind.lacks(content); !lacks.empty()) {
-        taken.doubts.push_back(name + ": " + lacks);
+    } else {
+        takeItems(restore, {kind, name, content}, std::move(*items), taken);
     }
 }
 
-/// One that holds nothing is left out, so that a backup without keyer texts is one.
 FilesTaken takeFolder(Restore& restore, const std::string& folder, const Backup::Checksum& checksum) {
-    FilesTaken taken{{}, faultsOf(folder, checksum), folder + " holds no file of a backup"};
+    FilesTaken taken{{}, faultsOf(folder, checksum), {}};
+    bool holdsAny = false;
     for (const auto& kind : fileKinds()) {
         if (kind.order == 0) continue;
-        const std::string name = backupFileName(kind);
-        const auto content = textfile::read(folder + "/" + name);
-        const auto items = content ? kind.items(*content) : Result<DataItems>(content.error());
-        if (!isThere(folder + "/" + name)) {
-            taken.notes.push_back("there is no " + name + ": the radio keeps what it has");
-        } else if (!content) {
-            taken.refusal = content.error().text;
-            return taken;
-        } else if (items && !holdsAnything(kind, *items)) {
-            taken.notes.push_back(name + " holds nothing: the radio keeps what it has");
-        } else {
-            taken.refusal.clear();
-            takeContent(restore, kind, folder + "/" + name, *content, taken);
-            if (!taken.refusal.empty()) return taken;
-        }
+        holdsAny = takeFile(restore, kind, folder, taken) || holdsAny;
+        if (!taken.refusal.empty()) return taken;
     }
+    if (!holdsAny) taken.refusal = folder + " holds no file of a backup";
     return taken;
 }
 

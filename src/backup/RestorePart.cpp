@@ -34,6 +34,12 @@ bool changesTheRadio(const DataItem& item) {
     return !item.command.empty() && (!item.value.empty() || !isSetting(item));
 }
 
+/// Why an item that the radio has otherwise was not sent.
+std::string whyNotSent(const DataItem& item) {
+    return item.command.empty() ? "there is nothing in it that could be sent"
+                                : "an empty text changes nothing in the radio";
+}
+
 std::string bandOf(const std::string& name) {
     return name.substr(0, 2);
 }
@@ -113,15 +119,16 @@ std::string RestorePart::planLine() const {
     return count + " of " + all + " items are written: " + listed(namesOf(writes));
 }
 
-std::vector<std::string> RestorePart::planDetails() const {
+std::vector<std::string> RestorePart::planDetails(const ItemTitles& titles) const {
     const DataItems has = present ? presentLike(wanted) : DataItems();
     std::vector<std::string> lines;
     for (const auto& item : settingsOf(toWrite)) {
         const DataItem* found = find(has, item.name);
         if (alike(item, found)) continue;
         const std::string now = found == nullptr ? "nothing" : "\"" + utf8FromWire(found->value) + "\"";
-        lines.push_back(std::string(kind->name) + " " + utf8FromWire(item.name) + ": the radio has " + now +
-                        ", the file \"" + utf8FromWire(item.value) + "\"");
+        const std::string name = std::string(kind->name);
+        lines.push_back(name + " " + titled(name, item.name, titles) + ": the radio has " + now + ", the file \"" +
+                        utf8FromWire(item.value) + "\"");
     }
     return lines;
 }
@@ -148,11 +155,11 @@ RestoredItem RestorePart::told(const DataItem& item, const DataItem* found) cons
     const bool wasRefusedNow = std::find(refused.begin(), refused.end(), item.name) != refused.end();
     if (told.isAsTheFileSays) {
         told.became = sent ? Became::Written : Became::Unchanged;
-    } else if (sent) {
+    } else if (sent || changesTheRadio(item)) {  // the latter was alike when the restore began
         told.became = wasRefusedNow ? Became::Refused : Became::Different;
     } else {
         told.became = Became::LeftAlone;
-        told.why = "an empty text changes nothing in the radio";
+        told.why = whyNotSent(item);
     }
     return told;
 }

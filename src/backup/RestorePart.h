@@ -41,7 +41,7 @@ public:
     /// "3 of 146 items differ: 020, 042, 126".
     std::string planLine() const;
     /// "menu 042: the radio has "2", the file "1"", of what is to be written.
-    std::vector<std::string> planDetails() const;
+    std::vector<std::string> planDetails(const ItemTitles& titles) const;
     /// Names of items whose value is wider or narrower than the radio's own.
     std::vector<std::string> otherWidths() const;
     /// A walk through the band stack leaves each band two registers on, so a band stack that was confirmed as it was

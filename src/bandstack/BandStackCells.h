@@ -56,8 +56,8 @@ std::string bandSelectCommand(int column);
 std::string settableAnswer(int row, const std::string& answer);
 
 /// What a cell is written to the radio as. The antenna is told with more digits than it is set with. And what was read
-/// while the tuner tuned, or news of a pressed key that took a row, must not key the transmitter now: the tuner is
-/// switched on instead of started, the rest is left out.
+/// while the tuner tuned, or what a pressed key told unasked and took a row, must not key the transmitter now: the
+/// tuner is switched on instead of started, the rest is left out.
 std::string bandStackCommand(const std::string& cell);
 
 /// "16 of 33 registers are empty: 05.2 to 10.3. 1 is incomplete: 05.1."; empty where nothing is missing. What only

@@ -82,7 +82,7 @@ Rest BandStackReader::takeAnswer(std::string_view piece) {
         return Rest::GoOn;
     }
     if (answer == "?;" || answersQuery(query, answer)) return store(answer);
-    if (!m_strange) m_strange = answer;  // news, maybe; the answer itself may stand behind
+    if (!m_strange) m_strange = answer;  // unasked, maybe; the answer itself may stand behind
     return Rest::GoOn;
 }
 

@@ -28,7 +28,11 @@ std::string_view messageFor(int number) {
 }  // namespace
 
 BandStackWindow::BandStackWindow(CatLink& link, Clock& clock, const OwnersDesk& desk)
-    : m_link(link), m_files(desk, keys::bandStackPath), m_reader(link, clock), m_writer(link) {
+    : m_link(link),
+      m_files(desk, keys::bandStackPath),
+      m_reader(link, clock),
+      m_writer(link),
+      m_walk(link, m_reader, m_writer) {
     listen();
 }
 
@@ -37,12 +41,21 @@ void BandStackWindow::listen() {
     m_connections += m_reader.told.connect(
         [this](int row, int column) { m_stack.show(row, column, m_reader.cells().at(row, column)); });
     m_connections += m_reader.silent.connect([this] { tellSilence(); });
-    m_connections += m_reader.ended.connect([this](const Outcome& outcome) { onReadEnded(outcome); });
+    m_connections += m_reader.ended.connect([this](const Outcome& outcome) {
+        if (!m_goesHome) onReadEnded(outcome);
+    });
+    m_connections += m_walk.ended.connect([this](const Outcome& outcome) {
+        m_walk.writes() ? onWriteEnded(outcome) : onReadEnded(outcome);
+        if (const std::string& why = m_walk.whyNotHome(); !why.empty())
+            m_link.received().append("\r\n " + why + " \r\n");
+    });
     m_connections += m_writer.began.connect([this] { m_stack.show(m_writer.cells()); });
     m_connections += m_writer.told.connect(
         [this](int row, int column) { m_stack.show(row, column, m_writer.cells().at(row, column)); });
     m_connections += m_writer.sendsCell.connect([this](const std::string& wire) { cellWritten = utf8FromWire(wire); });
-    m_connections += m_writer.ended.connect([this](const Outcome& outcome) { onWriteEnded(outcome); });
+    m_connections += m_writer.ended.connect([this](const Outcome& outcome) {
+        if (!m_goesHome) onWriteEnded(outcome);
+    });
 }
 
 void BandStackWindow::Form_Load() {
@@ -94,8 +107,16 @@ bool BandStackWindow::mayBeIncomplete(const std::string& question) {
     return missing.empty() || m_files.msgBox().confirm(missing + "\r\n" + question);
 }
 
+/// The way home is no part of the sequence that goes at fixed intervals.
+void BandStackWindow::mnu_readBandStack_Click() {
+    m_goesHome = m_link.pace == Pace::Answered;
+    m_goesHome ? m_walk.read() : m_reader.read();
+}
+
 void BandStackWindow::mnu_writeBandStack_Click() {
-    if (mayBeIncomplete("Write the band stack all the same?")) m_writer.write(m_stack.cells());
+    if (!mayBeIncomplete("Write the band stack all the same?")) return;
+    m_goesHome = m_link.pace == Pace::Answered;
+    m_goesHome ? m_walk.write(m_stack.cells()) : m_writer.write(m_stack.cells());
 }
 
 void BandStackWindow::mnu_saveDatafromHD_Click() {

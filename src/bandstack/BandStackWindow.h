@@ -4,6 +4,7 @@
 
 #include "bandstack/BandStack.h"
 #include "bandstack/BandStackReader.h"
+#include "bandstack/BandStackWalk.h"
 #include "bandstack/BandStackWriter.h"
 #include "base/Property.h"
 #include "platform/Clock.h"
@@ -20,7 +21,7 @@ public:
     void Form_Load();
 
     /// A reading asks for a file at its end.
-    void mnu_readBandStack_Click() { m_reader.read(); }
+    void mnu_readBandStack_Click();
     /// Writing and saving ask first when registers are missing.
     void mnu_writeBandStack_Click();
     void mnu_loadDatafromHD_Click() { loadBandStackFile(); }
@@ -67,6 +68,8 @@ private:
     BandStack m_stack;
     BandStackReader m_reader;
     BandStackWriter m_writer;
+    BandStackWalk m_walk;
+    bool m_goesHome = false;  // the last transfer leads the radio back to where it was
     Connections m_connections;
 };
 

@@ -84,7 +84,7 @@ std::optional<QueryLedger::Place> QueryLedger::ownerOf(std::string_view answer, 
     const auto late =
         firstThat([&](const Asked& asked) { return asked.place != place && answersQuery(asked.query, answer); });
     if (late != m_owed.end()) return settle(late, now);
-    if (own == m_owed.end()) return std::nullopt;  // news before anything was asked
+    if (own == m_owed.end()) return std::nullopt;  // unasked
     own->taken = true;
     return place;
 }

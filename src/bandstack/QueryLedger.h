@@ -30,7 +30,7 @@ public:
     bool due(const Place& place, std::int64_t now);
     void sent(const Place& place, std::string_view query, std::int64_t now);
     /// Where an answer belongs that came while the query of `place` was waiting for one. What cannot be told belongs to
-    /// `place`; a repeated refusal, and news that come before anything was asked, belong nowhere. A refusal that comes
+    /// `place`; a repeated refusal, and what comes unasked, belong nowhere. A refusal that comes
     /// so early is that of the band-select command.
     std::optional<Place> ownerOf(std::string_view answer, const Place& place, std::string_view query, std::int64_t now);
     void clear() { *this = {}; }
@@ -52,7 +52,7 @@ private:
     std::int64_t silenceLimit() const;
 
     std::deque<Asked> m_owed;         // oldest first
-    std::int64_t m_lastActivity = 0;  // a query or an answer to one; news tell nothing of what is owed
+    std::int64_t m_lastActivity = 0;  // a query or an answer to one; what comes unasked tells nothing of what is owed
     std::int64_t m_span = 0;          // from the first query of the last answered row to its answer
     std::int64_t m_latency = 0;       // the longest time that a repeated answer was seen to take
 };

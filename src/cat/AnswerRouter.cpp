@@ -61,6 +61,7 @@ void AnswerRouter::release() {
 
 Rest AnswerRouter::give() {
     const std::string piece = std::exchange(m_pending, {});
+    if (m_isNone && m_isNone(piece)) return Rest::GoOn;
     if (m_firstLook && m_firstLook(piece)) return Rest::GoOn;
     const auto owner = m_owner;  // a copy: the step may end the operation
     return owner ? owner(piece) : Rest::GoOn;

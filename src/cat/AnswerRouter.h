@@ -23,6 +23,8 @@ public:
     ActiveOperation active() const { return m_active; }
     /// Gives everything that comes from now on to one owner; nothing of what came before.
     void own(ActiveOperation code, PieceStep step);
+    /// What is left out of what the owner gets; it is shown all the same.
+    void leaveOut(std::function<bool(std::string_view piece)> isNone) { m_isNone = std::move(isNone); }
     /// The owner stays; what comes is shown as `code` has it.
     void showAs(ActiveOperation code) { m_active = code; }
     /// Nobody's any more: shown, and given to nobody.
@@ -50,6 +52,7 @@ private:
     std::string m_pending;
     PieceStep m_owner;
     FirstLook m_firstLook;
+    std::function<bool(std::string_view piece)> m_isNone;
 };
 
 }  // namespace korvex

@@ -1,5 +1,7 @@
 #include "cat/CatLink.h"
 
+#include <utility>
+
 namespace korvex {
 
 namespace {
@@ -27,6 +29,7 @@ CatLink::CatLink(MSComm& port, Clock& clock, MsgBox& msgBox, ProgressWindow& pro
       m_timer2(clock.makeTimer()) {
     m_timer2->setInterval(2000);
     m_connections += m_timer2->tick.connect([this] { Timer2_Timer(); });
+    m_router.leaveOut([this](std::string_view piece) { return isEcho(piece); });
     m_connections += m_port.OnComm.connect([this](CommEvent event) { onComm(event); });
     m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
     m_connections += m_progress.cancelled.connect([this] { breakOff(Outcome::Kind::Cancelled); });
@@ -44,6 +47,7 @@ void CatLink::closePort() {
 }
 
 void CatLink::send(std::string_view wire) {
+    m_echo.sent(wire);
     m_port.Output(wire);
     went.emit(wire);
 }
@@ -66,6 +70,8 @@ void CatLink::showOpened() {
     m_panels.Settings = "Settings: Port " + std::to_string(m_port.CommPort()) + ", " + m_port.Settings() + " ";
     if (m_indicators.memoryEditorVisible) m_indicators.memoryEditor = " RS232 open ";
     m_connectClock.start();
+    m_echo.begin();
+    m_echo.sent(CommTest::question);
     m_commTest.start();
     opened.emit();
 }
@@ -97,6 +103,17 @@ void CatLink::onComm(CommEvent event) {
     const std::string wire = m_port.Input();
     came.emit(wire);
     m_router.take(wire);
+}
+
+bool CatLink::isEcho(std::string_view piece) {
+    const bool wasKnown = m_echo.echoes();
+    const bool isEcho = m_echo.isEcho(piece);
+    if (isEcho && !wasKnown) {
+        m_received.append(
+            "\r\n Attention: this cable or adapter returns what is sent. \r\n That is no answer of the radio. ");
+        echoFound.emit();
+    }
+    return isEcho;
 }
 
 void CatLink::onLost(const RuntimeError& error) {
@@ -155,18 +172,14 @@ bool CatLink::freeLine() {
     if (!m_operation) return true;
     const Operation* asked = m_operation;
     const bool mayStop = m_msgBox.confirm(standing() + ". Stop it?");
-    if (mayStop && m_operation == asked) stopOperation();
+    if (mayStop && m_operation == asked) breakOff(Outcome::Kind::Cancelled, For::Another);
     return mayStop && !m_operation;
 }
 
-void CatLink::stopOperation() {
-    m_givesWay = true;
-    breakOff(Outcome::Kind::Cancelled);
-    m_givesWay = false;
-}
-
-void CatLink::breakOff(Outcome::Kind kind) {
+void CatLink::breakOff(Outcome::Kind kind, For what) {
+    const bool before = std::exchange(m_givesWay, m_givesWay || what == For::Another);
     if (m_operation) m_operation->breakOff(kind);
+    m_givesWay = before;
 }
 
 std::string CatLink::standing() const {

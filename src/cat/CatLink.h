@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,9 +9,11 @@
 #include "cat/AnswerRouter.h"
 #include "cat/CommTest.h"
 #include "cat/ConnectClock.h"
+#include "cat/EchoGuard.h"
 #include "cat/Operation.h"
 #include "cat/Pace.h"
 #include "cat/PortIndicators.h"
+#include "cat/Recollection.h"
 #include "cat/StatusPanels.h"
 #include "cat/TrafficDisplay.h"
 #include "platform/Clock.h"
@@ -41,19 +44,21 @@ public:
 
     // --- the operation that has the line
     Property<Pace> pace{Pace::Every100Ms};  ///< of the operations that begin from now on
+    /// What the conversations from now on need not ask, and where their answers are kept.
+    std::optional<Recollection> recollection;
     /// The line for one operation. Nothing while the port is closed, or while another operation has it and the person
     /// who is asked does not let it be stopped.
     std::unique_ptr<Operation> begin(OperationPlan plan);
     /// Whether the line is free now: nothing runs, or the person has just let it be stopped.
     bool freeLine();
-    /// Ends what runs without asking: the person has said so, or cannot be asked.
-    void stopOperation();
     /// An operation is being ended because another one wants the line, or the program its end.
     bool givesWay() const { return m_givesWay; }
     /// What the operations are a part of, for the person who is asked: "Backup"; empty for one by itself.
     void workFor(std::string task) { m_task = std::move(task); }
-    /// Ends the operation that runs, if any, without a question.
-    void breakOff(Outcome::Kind kind);
+    /// Ends the operation that runs, if any, without a question: by itself, or because another one or the end of the
+    /// program wants the line and the person has said so.
+    enum class For { Itself, Another };
+    void breakOff(Outcome::Kind kind, For what = For::Itself);
     /// Nobody has the line, nor is between two operations of one task; what is sent now disturbs nobody.
     bool isIdle() const { return PortOpen() && !m_operation && m_task.empty() && !testing(); }
     /// Who has the line, if anybody.
@@ -86,6 +91,8 @@ public:
     Signal<> opening;  ///< the port is about to be opened: whoever holds the device lets it go
     Signal<> opened;   ///< the port has just been opened
 
+    Signal<> echoFound;  ///< the open line returns what is sent, which is no answer; told once after each opening
+
     /// All wire text as it goes and as it comes, for those who keep a record of it. What they do does not change it.
     Signal<std::string_view> went;
     Signal<std::string_view> came;
@@ -96,6 +103,7 @@ public:
 
 private:
     bool drain();
+    bool isEcho(std::string_view piece);
     void onComm(CommEvent event);
     void onLost(const RuntimeError& error);
     void Timer2_Timer();
@@ -113,6 +121,7 @@ private:
     PortIndicators m_indicators;
     AnswerRouter m_router;
     CommTest m_commTest;
+    EchoGuard m_echo;
     ConnectClock m_connectClock;
     std::unique_ptr<Timer> m_timer2;
     std::string standing() const;

@@ -19,6 +19,10 @@ public:
     void start();
     bool running() const { return m_timer5->Enabled(); }
 
+    /// Whether the answer stands in what has come: a question that an adapter has returned is none.
+    static bool isAnswered(std::string_view received);
+
+    static constexpr std::string_view question = "FA;\r\n";
     static constexpr std::string_view banner =
         " Communication Test \r\n Reading VFO A Frequency. Please check the result \r\n\r\n VFO A Frequency =  ";
 

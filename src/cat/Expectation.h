@@ -20,7 +20,7 @@ struct Expectation {
 };
 
 /// What answers in a piece of the line that ends in ";": from the head on, without the noise in front of it, or "?;"
-/// for a refusal. Nothing for news that the radio tells unasked, for echoes, and for noise.
+/// for a refusal. Nothing for what the radio tells unasked, for echoes, and for noise.
 std::optional<std::string> answerIn(const Expectation& expectation, std::string_view piece);
 
 }  // namespace korvex

@@ -8,7 +8,8 @@ std::string cause(const Outcome& outcome, const ItemWords& words) {
     if (outcome.kind == Outcome::Kind::NoAnswer) return "The radio has stopped answering";
     const std::string stopped =
         outcome.kind == Outcome::Kind::PortClosed ? "The port was closed" : "The reading was stopped";
-    return stopped + " at " + words.one + " " + std::to_string(outcome.done + 1) + " of " + std::to_string(outcome.of);
+    return stopped + " at " + words.one + " " + std::to_string(outcome.brokenOffAt()) + " of " +
+           std::to_string(outcome.of);
 }
 
 }  // namespace

@@ -79,6 +79,7 @@ void Operation::write(const std::string& item, std::string_view wire) {
 
 void Operation::converse(Conversation conversation) {
     m_onStrange = nullptr;
+    if (m_link.recollection) conversation = recollecting(std::move(conversation), *m_link.recollection);
     const double characterMs = m_link.port().lineSettings().characterTime();
     std::make_shared<Dialogue>(*this, std::move(conversation), characterMs)->begin();
 }
@@ -171,6 +172,7 @@ void Operation::breakOff(Outcome::Kind kind, std::string reason) {
     if (m_finished)
         return end(outcome(Outcome::Kind::Done, *m_finished - static_cast<int>(m_noted.refused.size()), *m_finished));
     Outcome broken = outcome(kind, m_item - 1, m_plan.items);
+    broken.at = m_item;
     broken.reason = std::move(reason);
     end(broken);
 }

@@ -56,7 +56,7 @@ public:
 
     /// What an answer looks like; without it every piece that ends in ";" is one.
     void expect(Expectation expectation) { m_expectation = std::move(expectation); }
-    /// Gets each answer, or a refusal as "?;", cut and freed of noise. News that nobody asked for and an adapter's
+    /// Gets each answer, or a refusal as "?;", cut and freed of noise. What comes unasked and an adapter's
     /// echo are not among them.
     void onAnswer(AnswerStep step) { m_onAnswer = std::move(step); }
     /// Gets what came and is no answer, as it came: for those who take it for want of a better one.

@@ -40,10 +40,11 @@ std::string cause(const Outcome& outcome) {
 
 /// What of it is where it belongs.
 std::string kept(const Outcome& outcome, const ItemWords& words) {
-    const std::string where = words.toRadio ? " in the radio" : " read";
     if (outcome.done == 0) return words.toRadio ? "nothing was written" : "nothing was read";
-    if (outcome.done == 1) return words.one + " 1 is" + where;
-    return words.many + " 1 to " + number(outcome.done) + " are" + where;
+    if (!words.toRadio)
+        return number(outcome.done) + " " + (outcome.done == 1 ? words.one + " is" : words.many + " are") + " read";
+    if (outcome.done == 1) return words.one + " 1 is in the radio";
+    return words.many + " 1 to " + number(outcome.done) + " are in the radio";
 }
 
 }  // namespace
@@ -53,8 +54,8 @@ std::string inWords(const Outcome& outcome, const ItemWords& words) {
     if (outcome.of == 0 && !outcome.reason.empty()) return outcome.reason;  // it never began
     std::string text = cause(outcome);
     if (outcome.of > 0) {
-        const int at = outcome.done < outcome.of ? outcome.done + 1 : outcome.of;
-        text += " at " + words.one + " " + number(at) + " of " + number(outcome.of) + "; " + kept(outcome, words);
+        text += " at " + words.one + " " + number(outcome.brokenOffAt()) + " of " + number(outcome.of) + "; " +
+                kept(outcome, words);
     }
     text += exceptions(outcome) + ".";
     return outcome.reason.empty() ? text : text + " " + outcome.reason;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,11 +27,14 @@ struct Outcome {
     Kind kind = Kind::Done;
     int done = 0;                          ///< items that are where they belong, in the file or in the radio
     int of = 0;                            ///< items that there are; 0 where nothing is counted
+    int at = 0;                            ///< the item that it was broken off at; 0: behind those that are done
     std::vector<std::string> refused;      ///< names of the items that the radio refused, UTF-8
     std::string reason;                    ///< UTF-8, for a person; empty where the kind says it all
     std::vector<std::string> different;    ///< items that were written, and the radio shows another value
     std::vector<std::string> unconfirmed;  ///< items that were sent, and the radio does not tell of them
 
+    /// The item where it was broken off, from 1.
+    int brokenOffAt() const { return at > 0 ? at : std::min(done + 1, of); }
     bool isDone() const { return kind == Kind::Done; }
     /// All has gone out, be it that the radio did not tell of every item.
     bool wentThrough() const { return isDone() || (kind == Kind::NoAnswer && !unconfirmed.empty()); }
@@ -44,8 +48,8 @@ struct ItemWords {
     bool toRadio = false;        ///< it writes into the radio
 };
 
-/// "149 items written, 2 refused: 031, 088"; "Stopped at item 34 of 149; items 1 to 33 are in the radio." One line,
-/// UTF-8.
+/// "149 items written, 2 refused: 031, 088"; "Stopped at item 34 of 149; items 1 to 33 are in the radio."; "...; 32
+/// items are read." One line, UTF-8.
 std::string inWords(const Outcome& outcome, const ItemWords& words);
 
 }  // namespace korvex

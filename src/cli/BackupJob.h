@@ -4,7 +4,8 @@
 
 namespace korvex::cli {
 
-/// backup DIR: every kind of file into a new folder, the equalizer by name, and a summary.
+/// backup DIR: every kind of file into a new folder, the equalizer by name, and a summary; with --resume into the one
+/// that an earlier backup has left there.
 class BackupJob : public Job {
 public:
     explicit BackupJob(Workshop workshop) : m_workshop(std::move(workshop)), m_backup(m_workshop.program.backup) {}
@@ -15,6 +16,8 @@ public:
     void abandon() override;
 
 private:
+    Failure takeUp(const std::string& timeOfDay);
+
     Workshop m_workshop;
     Backup& m_backup;
 };

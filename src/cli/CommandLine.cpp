@@ -73,6 +73,10 @@ void addChoices(OptionParser& parser, Command& command) {
                 command.withCat);
     parser.flag("--force", "a file that does not hold every menu item or register", command.force);
     parser.group("For other commands");
+    parser.flag("--resume",
+                "backup: goes on with the unfinished one in DIR (DIR may be its folder,\n\"....incomplete\"), if it is "
+                "the same radio",
+                command.resume);
     parser.option("--kind", "KIND", "compare, convert: what the files are, where their ending does not tell",
                   into(command.kind));
     parser.flag("--chirp", "convert: memory channels as CHIRP has them", command.chirp);
@@ -157,6 +161,7 @@ Failure checkOptions(const Command& command) {
     if ((!command.link.empty() || command.rigctlPort) && command.verb != Verb::Share) {
         return wrong("--link and --rigctld belong to share");
     }
+    if (command.resume && command.verb != Verb::Backup) return wrong("--resume belongs to backup");
     if (command.withSettings && command.verb != Verb::DescriptionImport) {
         return wrong("--with-settings belongs to description import");
     }

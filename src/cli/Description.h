@@ -30,8 +30,4 @@ struct TableToImport {
 ExitCode importDescription(Database& database, const TableToImport& table, std::ostream& out, std::ostream& err,
                            const Files& files = {std::cin, std::cout});
 
-/// What the owner of the description database calls the menu items. It is read when the first name is asked for, and
-/// never made or changed; where it is not there or has no name, the item goes by its number alone.
-ItemTitles titlesFrom(Database& database, const std::string& databaseFile);
-
 }  // namespace korvex::cli

@@ -88,6 +88,7 @@ ExitCode RestoreJob::conclude() {
     } else if (!asSaid || !m_workshop.command.quiet) {
         printReport(m_workshop.out, m_restore.report(), m_workshop.titles, m_workshop.command.verify);
     }
+    for (const auto& remark : m_restore.remarks()) m_workshop.tell(remark);
     return asSaid ? ExitCode::Done : ExitCode::Different;
 }
 

@@ -39,6 +39,9 @@ Session::Session(Program& program, Command command, Surroundings surroundings)
     m_connections += program.link.closed.connect([this] {
         if (m_stage == Stage::Testing || m_stage == Stage::Listening) finish(ExitCode::Port);
     });
+    m_connections += program.link.echoFound.connect([this] {
+        tell("this cable or adapter returns what is sent; that is passed over, and no answer of the radio");
+    });
 }
 
 void Session::tell(const std::string& text) {
@@ -120,8 +123,7 @@ void Session::onSilence() {
 
 void Session::onTestPoll(bool late) {
     const std::string text = received();
-    const auto answer = text.find("FA");
-    const bool answered = answer != std::string::npos && text.find(';', answer) != std::string::npos;
+    const bool answered = CommTest::isAnswered(text) && text.find(';', text.rfind("FA")) != std::string::npos;
     if (answered && !m_program.link.testing()) {
         beginNext();  // with the verdict behind us: nothing but answers comes from now on
     } else if (late) {

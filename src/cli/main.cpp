@@ -4,6 +4,7 @@
 #include <iostream>
 #include <optional>
 
+#include "backup/MenuTitles.h"
 #include "base/Printable.h"
 #include "cli/Description.h"
 #include "cli/JsonReport.h"

@@ -78,24 +78,39 @@ void EqExchange::startReading() {
 void EqExchange::readTick() {
     if (m_readToggle.isSet() && m_port.PortOpen()) {
         m_switching = false;
-        m_port.Output(itemMenu(m_readIndex) + ";");
-        ++m_readIndex;
-        if (m_readIndex == eqItemCount) {
-            m_readTimer->setEnabled(false);
-            m_finishTimer->setEnabled(true);
-        }
+        askNext();
     }
     m_readToggle.invert();
 }
 
+void EqExchange::askNext() {
+    m_port.Output(itemMenu(m_readIndex) + ";");
+    ++m_readIndex;
+    if (m_readIndex < eqItemCount) return;
+    m_readTimer->setEnabled(false);
+    m_finishTimer->setEnabled(true);
+}
+
+/// At the answered pace; the ticks go on for a radio that does not answer.
+void EqExchange::goOn(std::size_t told) {
+    const bool isLastAsked = told + 1 == m_readIndex;
+    if (pace() != Pace::Answered || !isLastAsked || !m_port.PortOpen()) return;
+    if (m_readIndex == eqItemCount) return finish();
+    m_readTimer->setEnabled(false);
+    m_readTimer->setEnabled(true);
+    askNext();
+}
+
 void EqExchange::finishTick() {
-    if (m_finishToggle.isSet()) {
-        m_phase = Phase::Live;
-        m_finishTimer->setEnabled(false);
-        statusText = "";
-        readingEnded.emit();
-    }
+    if (m_finishToggle.isSet()) finish();
     m_finishToggle.invert();
+}
+
+void EqExchange::finish() {
+    m_phase = Phase::Live;
+    m_finishTimer->setEnabled(false);
+    statusText = "";
+    readingEnded.emit();
 }
 
 void EqExchange::onReceive(std::string_view wire) {
@@ -125,9 +140,12 @@ void EqExchange::takeAnswer(std::string_view answer) {
         const auto read = eq::valueFromAnswer(eqItems[item], answer.substr(menuLength, answer.size() - menuLength - 1));
         if (!read) return;
         known[item] = true;
-        if (*read != value[item]) return applyValue(item, *read);
-        m_radioHas[item] = m_command[item];
-        return;
+        if (*read != value[item]) {
+            applyValue(item, *read);
+        } else {
+            m_radioHas[item] = m_command[item];
+        }
+        return goOn(item);
     }
 }
 

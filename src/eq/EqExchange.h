@@ -1,12 +1,14 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "base/Property.h"
 #include "base/RuntimeError.h"
+#include "cat/Pace.h"
 #include "cat/PhaseFlag.h"
 #include "eq/EqItems.h"
 #include "platform/Clock.h"
@@ -16,12 +18,12 @@ namespace korvex {
 
 /// Holds the nine equalizer values, reads them from the radio and sends every change at once, over a port of its own.
 ///
-/// A reading queries one item every 400 ms; its answers set the values. 0.5 to 1 s after the last query it ends, and
-/// from then on answers (the radio's echo of what the user changes) are consumed without effect, so that a late echo
-/// never pulls a slider back while it is dragged.
+/// A reading queries one item every 400 ms, at the answered pace also as soon as the one before has been told; its
+/// answers set the values. 0.5 to 1 s after the last query it ends, and from then on answers (the radio's echo of what
+/// the user changes) are consumed without effect, so that a late echo never pulls a slider back while it is dragged.
 ///
-/// What comes ends at each ";". Noise in front of an answer is cut off; a refusal and news cost no other item its
-/// answer. A command that the radio has already had for an item does not go out again.
+/// What comes ends at each ";". Noise in front of an answer is cut off; a refusal and what comes unasked cost no other
+/// item its answer. A command that the radio has already had for an item does not go out again.
 class EqExchange {
 public:
     enum class Phase { Reading, Live };
@@ -53,6 +55,8 @@ public:
     /// The radio would not switch; the set that was shown before is being read again.
     Signal<> switchRefused;
 
+    /// Of the readings; asked at each answer.
+    std::function<Pace()> pace = [] { return Pace::Every100Ms; };
     /// How many of the items have been answered since the reading began.
     int answered() const;
     /// A reading is over; from now on values come from the user alone.
@@ -65,7 +69,10 @@ public:
 
 private:
     void readTick();
+    void askNext();
+    void goOn(std::size_t told);
     void finishTick();
+    void finish();
     void composeCommands();
     std::string itemMenu(std::size_t item) const;
     void showProcessor(bool on);

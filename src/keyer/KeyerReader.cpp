@@ -109,7 +109,7 @@ Rest KeyerReader::takeStrange(std::string_view piece) {
 }
 
 void KeyerReader::store(int memory, std::string_view answer, Told what) {
-    if (what != Told::Memory && toldOf(memory) == Told::Memory) return;  // news behind the answer
+    if (what != Told::Memory && toldOf(memory) == Told::Memory) return;  // unasked, behind the answer
     const bool hasText = answer.size() > headLength;
     const auto text = hasText ? answer.substr(headLength, answer.size() - headLength - 1) : std::string_view();
     keyerText(m_texts, memory) = WireText(text);

@@ -29,4 +29,8 @@ Exchange memoryWriting(const std::string& command) {
     return exchange;
 }
 
+bool isSameMemory(std::string_view one, std::string_view other) {
+    return compared(one) == compared(other);
+}
+
 }  // namespace korvex

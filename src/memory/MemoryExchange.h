@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "cat/Exchange.h"
 
 namespace korvex {
@@ -11,5 +13,8 @@ inline constexpr std::size_t shortestMemoryAnswer = 7;
 Exchange memoryReading(int channel);
 /// Writes a channel ("MW007...;") and asks for it. The digit that tells where the radio has it from may be another.
 Exchange memoryWriting(const std::string& command);
+
+/// Whether two answers tell of the same channel; that digit may be another.
+bool isSameMemory(std::string_view one, std::string_view other);
 
 }  // namespace korvex

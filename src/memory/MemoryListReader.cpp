@@ -47,7 +47,7 @@ void MemoryListReader::onRead(const Outcome& reading) {
         fillList();
         return tellRemarks(m_link, m_reader);
     }
-    tellBrokenOff(m_link, reading);
+    tellBrokenOff(m_link, reading, m_reader.found());
     const PartOfReading part = {
         m_reader.found(), {"memory", "memories"}, "Put them into the list? Its other rows stay as they are."};
     if (mayKeep(m_link, m_msgBox, reading, part)) fillList();

@@ -65,7 +65,7 @@ void MemoryReader::show(int channel) {
 }
 
 Rest MemoryReader::takeAnswer(std::string_view answer) {
-    if (m_answered == m_asked) return Rest::GoOn;  // news that nobody asked for
+    if (m_answered == m_asked) return Rest::GoOn;  // unasked
     m_silentSteps = 0;
     return take(m_channels[m_answered++], answer) ? Rest::GoOn : finish();
 }
@@ -132,6 +132,11 @@ Rest MemoryReader::finish() {
     for (const int channel : m_refused) refused.push_back(channelText(channel));
     m_operation->end({Outcome::Kind::Done, found(), lastMemoryChannel, std::move(refused), {}});
     return Rest::Discard;
+}
+
+std::string MemoryReader::told(int channel) const {
+    const auto found = m_found.find(channel);
+    return found == m_found.end() ? "?;" : found->second;
 }
 
 MemoryTable MemoryReader::table() const {

@@ -38,6 +38,8 @@ public:
     MemoryTable table() const;
     /// What stands in the file of the last reading.
     std::string fileText() const;
+    /// What the radio has told of a channel; "?;" where it has refused.
+    std::string told(int channel) const;
     int found() const { return static_cast<int>(m_found.size()); }
     /// Those of the table that can be what the radio said, and the channels ("007") of the others.
     MemoryTable undamaged() const;

@@ -105,7 +105,7 @@ std::string channelText(int channel);
 std::string memoryReadCommand(int channel);
 
 /// The answer to a read of a memory within what has been received up to a ";": line noise in front of it is dropped.
-/// Nothing for what is none, such as news of the dial that the radio sends unasked: neither "MR" nor an error answer.
+/// Nothing for what is none, such as what the dial tells unasked: neither "MR" nor an error answer.
 std::optional<std::string> memoryAnswerIn(std::string_view received);
 
 /// The radio's answer to the read of a channel without data.

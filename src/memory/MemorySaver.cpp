@@ -16,7 +16,8 @@ void tellRemarks(CatLink& link, const MemoryReader& reader) {
     for (const auto& remark : reader.remarks()) link.received().append("\r\n " + remark + " \r\n");
 }
 
-void tellBrokenOff(CatLink& link, const Outcome& reading) {
+void tellBrokenOff(CatLink& link, Outcome reading, int found) {
+    reading.done = found;
     if (reading.kind != Outcome::Kind::NoAnswer) link.panels().Error = inWords(reading, memories);
 }
 
@@ -38,7 +39,7 @@ Outcome MemorySaver::onRead(const Outcome& reading) {
         m_link.panels().Error = "Terminated";
         return reading;
     }
-    tellBrokenOff(m_link, reading);
+    tellBrokenOff(m_link, reading, m_reader.found());
     if (!mayKeep(m_link, m_files.msgBox(), reading, {m_reader.found(), memories, keepInFile})) return reading;
     if (save(true) == Outcome::Kind::Done) {
         m_link.received().append("\r\n Attention: the file holds only what was read: " +

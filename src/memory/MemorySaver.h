@@ -34,6 +34,6 @@ private:
 
 /// Tells in the receive display what a reading has not brought, and in the panel why one did not come to its end.
 void tellRemarks(CatLink& link, const MemoryReader& reader);
-void tellBrokenOff(CatLink& link, const Outcome& reading);
+void tellBrokenOff(CatLink& link, Outcome reading, int found);
 
 }  // namespace korvex

@@ -10,7 +10,7 @@ namespace korvex {
 
 namespace {
 
-constexpr int settleMs = 250;  // between a value and the question for it
+constexpr int settleMs = 250;  // between a value and the question for it, unless the answers set the pace
 constexpr int patienceMs = 5'000;
 
 }  // namespace
@@ -55,6 +55,7 @@ void ItemExchange::send(int row, int col) {
     commandSent = utf8FromWire(*command);
     m_operation->send(*command);
     commandSent = "EX" + m_number + ";";
+    if (m_link.pace == Pace::Answered) return ask();
     m_operation->after(settleMs, [this] { ask(); });
 }
 

@@ -17,6 +17,8 @@ namespace korvex {
 ///     send    EX042050;  (250 ms)  EX042;   answer EX042050;  -> as sent: "  no changes  "
 ///     read                         EX042;   answer EX042060;  -> into the cell, "  New Value  "
 ///
+/// At the answered pace (CatLink) value and question leave in one go.
+///
 /// A radio that says nothing for 5 s is not waited for any longer; the cell stays as it is.
 class ItemExchange {
 public:

@@ -15,9 +15,10 @@ void MenuSave::onRead(const Outcome& outcome) {
     if (outcome.isDone()) {
         told.kind = saveMenuFile();
     } else {
-        if (outcome.kind != Outcome::Kind::NoAnswer) m_link.panels().Error = inWords(outcome, {});
         const auto named = namedAnswers(answers());
-        if (mayKeep(m_link, m_files.msgBox(), outcome, {answersInPlace(named), {}, keepInFile})) saveIncomplete(named);
+        told.done = answersInPlace(named);
+        if (told.kind != Outcome::Kind::NoAnswer) m_link.panels().Error = inWords(told, {});
+        if (mayKeep(m_link, m_files.msgBox(), told, {told.done, {}, keepInFile})) saveIncomplete(named);
     }
     ended.emit(told);
 }

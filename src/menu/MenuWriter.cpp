@@ -46,7 +46,7 @@ void MenuWriter::begin(OperationPlan plan, std::vector<std::string> lines) {
     m_link.panels().Error = "";
     m_operation->expect({"EX"});
     m_operation->onEnd([this](const Outcome& outcome) { ended.emit(outcome); });
-    if (m_link.pace == Pace::Answered && !m_closes) return converse();
+    if (m_link.pace == Pace::Answered) return converse();
     m_operation->every(intervalMs, m_closes ? m_closingPhase : m_phase, [this] { work(); });
 }
 
@@ -90,6 +90,7 @@ void MenuWriter::converse() {
     const auto done = [this](const Outcome& outcome) {
         if (outcome.wentThrough()) m_link.showTerminated();
         m_operation->end(outcome);
+        if (m_closes && outcome.wentThrough()) m_link.closePort();
     };
     m_operation->converse({next, [](const Reply&) {}, done});
 }

@@ -14,8 +14,8 @@ inline const ItemWords menuItemsWritten = {"item", "items", true};
 /// Writes lines into the radio's menu: one every 100 ms, each followed by CR LF, without waiting for anything; the
 /// radio says nothing to a set that it takes. An empty line is CR LF alone, which the radio passes over.
 ///
-/// At the answered pace (CatLink) `write` sends each line with the question for its item behind it, and the answer
-/// confirms it:
+/// At the answered pace (CatLink) each line is sent with the question for its item behind it, and the answer confirms
+/// it:
 ///
 ///     EX0421;EX042;  ->  EX0421;
 ///

@@ -34,6 +34,7 @@ void raiseEighthBit(std::string& answer) {
 }  // namespace
 
 void RadioLine::hear(double nowMs, std::string_view characters) {
+    if (faults.echoes && !m_goneAt) putOnLine(nowMs, characters);
     for (const char c : characters) {
         dropIfTooSlow(nowMs);
         m_lastHeard = nowMs;
@@ -105,8 +106,8 @@ void RadioLine::send(double readyMs, std::string answer) {
     if (faults.garbage) answer.insert(0, noise());
     if (faults.eighthBit) raiseEighthBit(answer);
     if (faults.unasked) {
-        m_newsInFront = !m_newsInFront;
-        answer.insert(m_newsInFront ? 0 : answer.size(), m_radio.obey("FA"));
+        m_unaskedInFront = !m_unaskedInFront;
+        answer.insert(m_unaskedInFront ? 0 : answer.size(), m_radio.obey("FA"));
     }
     if (faults.glued > 1) {
         sendTogether(readyMs, answer);

@@ -69,7 +69,7 @@ private:
     double m_heldUntil = 0;
     std::optional<double> m_goneAt;
     unsigned m_noiseSeed = 1;
-    bool m_newsInFront = false;
+    bool m_unaskedInFront = false;
 };
 
 }  // namespace korvex

@@ -68,22 +68,29 @@ TEST_F(BandStackTransferTest, ReadsTwentyTwoAnswersOfEachRegister) {
 TEST_F(BandStackTransferTest, AtTheAnsweredPaceTheBandSelectGoesWithTheFirstQueryAndItsRefusalIsKept) {
     line.answerDelay = 5;
     line.answer = [](std::string_view wire) -> std::string {
+        if (wire.ends_with("ID;")) return "ID2;";
         if (wire.starts_with("BS")) return wire == "BS01;AC;" ? "?;AC2;" : "AC2;";
         return std::string(wire.substr(0, wire.size() - 1)) + "2;";
     };
     bench.program.link.pace = Pace::Answered;
     bench.fileDialog.cancel();
     window.mnu_readBandStack_Click();
-    EXPECT_EQ(line.story(), "0 BS00;AC;");
-    clock.advance(33 * 22 * 5);
-    ASSERT_EQ(line.writes.size(), 33U * 22);
-    EXPECT_EQ(line.writes.at(1), (Write{5, "BC0;"}));
-    EXPECT_EQ(line.writes.at(22), (Write{22 * 5, "BS00;AC;"}));
+    clock.advance(10);
+    EXPECT_EQ(line.story(), "0 FA;|5 MD0;|10 BS00;AC;");
+    clock.advance(33 * 22 * 5 - 5);
+    ASSERT_EQ(line.writes.size(), 2 + 33U * 22);
+    EXPECT_EQ(line.writes.at(3), (Write{15, "BC0;"}));
+    EXPECT_EQ(line.writes.at(24), (Write{10 + 22 * 5, "BS00;AC;"}));
+    clock.advance(2'000);
+    EXPECT_EQ(line.writes.at(2 + 33U * 22).text, "BS02;ID;") << "home, the band that it stood on last";
     EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::Cancelled});
     EXPECT_EQ(bench.cell(22, 33), "AN02;");
     EXPECT_EQ(bench.cell(1, 4) + bench.cell(2, 4), "?;BC02;");
 
-    line.answer = [](std::string_view wire) { return wire.starts_with("BS") ? "AC2;" : ""; };
+    line.answer = [](std::string_view wire) {
+        const std::string question(wire.substr(0, wire.size() - 1));
+        return wire.starts_with("BS") ? "AC2;" : wire == "FA;" || wire == "MD0;" ? question + "2;" : "";
+    };
     window.mnu_readBandStack_Click();
     clock.advance(10'000);
     EXPECT_EQ(bench.ends.back(), Outcome::Kind::NoAnswer);
@@ -153,7 +160,7 @@ TEST_F(BandStackTransferTest, WhatComesLateTwiceOrUnaskedMovesNoRow) {
 
     line.answerDelay = 40;
     window.mnu_readBandStack_Click();
-    for (int news = 0; news < 300; ++news) {
+    for (int times = 0; times < 300; ++times) {
         clock.advance(37);
         line.feed("FA14195000;");
     }

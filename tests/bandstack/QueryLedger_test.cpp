@@ -34,7 +34,7 @@ TEST(QueryLedger, LateAnswersGoWhereTheyBelongAndASlowRadioIsAskedLess) {
     EXPECT_EQ(ledger.ownerOf("MD02;", next, "PA0;", 450), first);  // to the query of 100 ms
     EXPECT_EQ(ledger.ownerOf("?;", next, "PA0;", 550), std::nullopt);
     EXPECT_EQ(ledger.ownerOf("MD02;", next, "PA0;", 650), first);
-    EXPECT_EQ(ledger.ownerOf("MD02;", next, "PA0;", 660), std::nullopt) << "news, and nothing has been asked";
+    EXPECT_EQ(ledger.ownerOf("MD02;", next, "PA0;", 660), std::nullopt) << "unasked";
     EXPECT_TRUE(ledger.due(next, 661));
     ledger.sent(next, "PA0;", 661);
     EXPECT_FALSE(ledger.due(next, 661 + 2 * 350 - 1));

@@ -172,7 +172,7 @@ TEST_F(OperationTest, AClosedPortEndsItAndItsOwnersWordsStay) {
     operation->onEnd([&](const Outcome& outcome) { link.panels().Error = inWords(outcome, operation->plan().words); });
     operation->step(3);
     link.togglePort();
-    EXPECT_EQ(link.panels().Error.get(), "The port was closed at item 3 of 149; items 1 to 2 are read.");
+    EXPECT_EQ(link.panels().Error.get(), "The port was closed at item 3 of 149; 2 items are read.");
 }
 
 TEST_F(OperationTest, KnowsWhatTheRadioRefusedAndWaitsForALateRefusalUnlessSomebodyWantsTheLine) {
@@ -213,7 +213,7 @@ TEST(OutcomeInWords, SaysWhatIsWhere) {
     EXPECT_EQ(inWords({Outcome::Kind::Cancelled, 0, 149, {}, {}}, writing),
               "Stopped at item 1 of 149; nothing was written.");
     EXPECT_EQ(inWords({Outcome::Kind::NoAnswer, 1, 99, {}, "Is it switched on?"}, channels),
-              "The radio has stopped answering at channel 2 of 99; channel 1 is read. Is it switched on?");
+              "The radio has stopped answering at channel 2 of 99; 1 channel is read. Is it switched on?");
 }
 
 }  // namespace

@@ -242,5 +242,38 @@ TEST(Session, RefusesAFileThatHoldsNothingForTheRadioOrMoreThanItTakes) {
     EXPECT_NE(bench.err.str().find("KM2: the text has 51 characters"), std::string::npos) << bench.err.str();
 }
 
+/// What is sent comes back, as from some cables: it is told, passed over, and confirms nothing.
+TEST(Session, AnEchoIsNoAnswerOfTheRadio) {
+    CliBench bench;
+    bench.ports.faults().echoes = true;
+    const std::string file = bench.folder.file("radio.");
+    const std::vector<std::string> kinds = {"menu", "memory", "bandstack", "keyer"};
+    for (const auto& kind : kinds) {
+        EXPECT_EQ(bench.run({"save", kind, file + kind}), ExitCode::Done) << kind << bench.err.str();
+        EXPECT_NE(bench.err.str().find("returns what is sent"), std::string::npos);
+    }
+    const RadioState saved = bench.ports.radio().state;
+    bench.ports.radio().state.menu.at(42) = "007";
+    bench.ports.radio().state.keyer.at(2) = "OTHER";
+    for (const std::string pace : {"answered", "100"}) {
+        for (const auto& kind : kinds) {
+            const std::vector<std::string> restore = {"--pace",  pace, "--all",    "--no-safety-copy",
+                                                      "restore", kind, file + kind};
+            EXPECT_EQ(bench.run(restore), ExitCode::Done) << kind << bench.err.str() << bench.out.str();
+        }
+    }
+    EXPECT_EQ(bench.ports.radio().state.menu, saved.menu);
+    EXPECT_EQ(bench.ports.radio().state.keyer, saved.keyer);
+
+    bench.ports.faults().deaf = true;
+    EXPECT_EQ(bench.run({"save", "menu", file + "none"}), ExitCode::Answers);
+    EXPECT_NE(bench.err.str().find("the radio does not answer"), std::string::npos) << bench.err.str();
+    for (const auto& kind : kinds) {
+        bench.ports.faults().deaf = false;
+        bench.ports.faults().deafAfter = 1;
+        EXPECT_EQ(bench.run({"--all", "--no-safety-copy", "restore", kind, file + kind}), ExitCode::Answers) << kind;
+    }
+}
+
 }  // namespace
 }  // namespace korvex::cli

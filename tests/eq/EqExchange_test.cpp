@@ -128,7 +128,7 @@ TEST_F(EqExchangeTest, WhatIsNoValueOfTheItemIsIgnoredAndLeavesNothingBehind) {
     EXPECT_EQ(line.written().find("EX12"), std::string::npos);
 }
 
-TEST_F(EqExchangeTest, RefusalsNewsAndNoiseCostNoOtherItemItsAnswer) {
+TEST_F(EqExchangeTest, RefusalsNoiseAndWhatComesUnaskedCostNoOtherItemItsAnswer) {
     open();
     exchange.startReading();
     for (const char* before : {"?;", "FA014250000;", "TX0;?;", "EX125;", "?", "~~~~~~~~~~~~~~", "EX12"}) {

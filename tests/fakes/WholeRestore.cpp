@@ -133,6 +133,7 @@ const std::vector<LeftAsItIs>& leftByWholeRestore() {
          {"KS", "KP", "SD", "VD", "VX", "PR"}},
         {"VFO, split, steps, lock, meter, memory channel: no file holds how the front panel is set",
          {"VS", "FR", "FT", "FS", "LK", "MS", "channel"}},
+        {"the band that the radio stands on: it is put back onto its own", {"band"}},
     };
     return all;
 }

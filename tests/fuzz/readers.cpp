@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "backup/FileKind.h"
+#include "backup/ReadSoFar.h"
 #include "bandstack/BandStackFile.h"
 #include "base/CodePage.h"
 #include "base/Lines.h"
@@ -50,6 +51,19 @@ bool isPlain(std::string_view value) {
 }
 
 }  // namespace
+
+/// What an unfinished backup has left: what is taken from it stands in it again.
+FUZZ_TARGET(unfinished_backup) {
+    const auto soFar = parseReadSoFar(input);
+    if (!soFar) {
+        EXPECT_FALSE(soFar.error().text.empty());
+        return;
+    }
+    const std::string text = textOf(*soFar);
+    const auto again = parseReadSoFar(text);
+    ASSERT_TRUE(again);
+    EXPECT_EQ(textOf(*again), text);
+}
 
 /// A file of the menu: what is taken from it fits into the table, and is in the file again after a save.
 FUZZ_TARGET(menu_file) {

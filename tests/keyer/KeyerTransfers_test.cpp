@@ -69,7 +69,7 @@ TEST_F(KeyerTransferTest, StrayAndGluedAnswersDoNoHarm) {
     line.feed("KM3SP");
     line.feed("LIT;");
     EXPECT_EQ(bench.text(3), "SPLIT");
-    line.feed("IF001;");  // news behind the answer
+    line.feed("IF001;");  // unasked, behind the answer
     EXPECT_EQ(bench.text(3), "SPLIT");
     clock.advance(1000);
     line.feed("KM4");  // late: the fifth has been asked for

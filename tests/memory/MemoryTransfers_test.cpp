@@ -107,7 +107,7 @@ TEST_F(MemoryBench, ARadioWithoutMemoriesGivesAnEmptyFileAndReplacesNoneUnasked)
     }
 }
 
-TEST_F(MemoryBench, WaitsForASlowRadioAndIsNotMisledByNews) {
+TEST_F(MemoryBench, WaitsForASlowRadioAndIsNotMisledByWhatComesUnasked) {
     openPort();
     ports.faults().slowMs = 900;
     ports.faults().unasked = true;

@@ -27,11 +27,11 @@ const std::vector<Job>& jobs() {
     return all;
 }
 
-/// The lines of every file below a folder.
+/// The lines of every file below a folder, but for what a backup has left for another one to go on with.
 std::vector<std::string> linesBelow(const std::string& folder) {
     std::vector<std::string> lines;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (!entry.is_regular_file()) continue;
+        if (!entry.is_regular_file() || entry.path().string().find(".incomplete/") != std::string::npos) continue;
         const std::string name = entry.path().filename().string();
         for (const auto& line : linesOf(fakes::fileContent(entry.path()))) lines.push_back(name + line);
     }

@@ -1,12 +1,14 @@
 #include "desktop/ui/RunProgram.h"
 
 #include <QApplication>
+#include <QSocketNotifier>
 #include <optional>
 #include <string>
 
 #include "app/Program.h"
 #include "app/RememberedPaths.h"
 #include "desktop/ui/Desktop.h"
+#include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
 #include "platform/qt/QtChecksum.h"
 #include "platform/qt/QtClock.h"
@@ -63,7 +65,14 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
     desktop.showStartWindow();
     if (!folder->news.empty()) msgBox.show({folder->news, "", MsgIcon::Information, MsgButtons::Ok});
     if (started) started(program);
-    return QApplication::exec();
+    // As at the end of the desktop's session: nobody is asked any more.
+    endsignals::watch();
+    const QSocketNotifier signal(endsignals::descriptor(), QSocketNotifier::Read);
+    QObject::connect(&signal, &QSocketNotifier::activated, [&program] {
+        if (program.mayEndSession(false)) program.end();
+    });
+    const int code = QApplication::exec();
+    return endsignals::came() == 0 ? code : endsignals::exitCode();
 }
 
 }  // namespace korvex
