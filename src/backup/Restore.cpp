@@ -191,7 +191,7 @@ void Restore::onStepEnded(const Outcome& outcome) {
     m_patience.end();
     const bool reads = m_stage == Stage::ReadingBack;
     if (reads ? !wasRead(outcome) || !takeReadBack() : !outcome.wentThrough()) return breakOff(outcome);
-    if (!reads) part().noteWritten(outcome, m_link.pace == Pace::Answered);
+    if (!reads) part().noteWritten(outcome, m_link.pace == Pace::Answered && m_transfers.whyNotHome().empty());
     ++m_part;
     next();
 }

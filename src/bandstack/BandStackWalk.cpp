@@ -173,7 +173,8 @@ void BandStackWalk::check(const std::string& frequency) {
         if (counted) nextBand(false);
         return;
     }
-    if (frequency == band.home && (band.isAlone || counted)) return nextBand(true);
+    // More presses than it should take, or fewer: the radio has not heard one on the walk, and a register came twice.
+    if (frequency == band.home && (band.isAlone || counted)) return nextBand(m_presses == band.presses);
     if (m_presses == mostPresses) nextBand(false);
 }
 
@@ -190,7 +191,8 @@ void BandStackWalk::onHome(const Outcome& outcome) {
     if (m_at < m_way.size()) {
         m_whyNotHome = "The radio could not be put back on its band.";
     } else if (!m_notHome.empty()) {
-        m_whyNotHome = "These bands may stand on another of their three registers than before:";
+        m_whyNotHome =
+            "The walk through the band stack went astray in these bands; one of their registers may have come twice:";
         for (const int band : m_notHome) m_whyNotHome += " " + zeroPadded(band, 2);
     } else if (m_startBand < 0) {
         m_whyNotHome = "The radio stood on " + utf8FromWire(m_frequency) +

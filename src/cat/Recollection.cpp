@@ -8,11 +8,12 @@ namespace korvex {
 Conversation recollecting(Conversation conversation, Recollection recollection) {
     using Kind = Reply::Kind;
     const auto asked = std::make_shared<Exchange>();
-    const auto told = [inner = conversation.told, heard = recollection.heard, asked](const Reply& reply) {
+    const auto told = [inner = conversation.told, heard = std::move(recollection.heard), asked](const Reply& reply) {
         if (reply.kind == Kind::Answer) heard(*asked, reply.answer);
         inner(reply);
     };
-    const auto next = [inner = conversation, known = recollection.known, asked]() -> std::optional<Exchange> {
+    const auto next = [inner = conversation, known = std::move(recollection.known),
+                       asked]() -> std::optional<Exchange> {
         for (auto exchange = inner.next(); exchange; exchange = inner.next()) {
             const auto answer = known(*exchange);
             if (!answer) return *asked = std::move(*exchange);

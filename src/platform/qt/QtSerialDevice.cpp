@@ -98,7 +98,9 @@ void QtSerialDevice::close() {
 }
 
 void QtSerialDevice::write(std::string_view wire) {
-    if (m_port.isOpen()) m_port.write(wire.data(), static_cast<qint64>(wire.size()));
+    if (!m_port.isOpen()) return;
+    m_port.write(wire.data(), static_cast<qint64>(wire.size()));
+    m_port.flush();  // now, as far as it goes without waiting, and not after another round of the event loop
 }
 
 std::string QtSerialDevice::read() {
