@@ -20,11 +20,14 @@ constexpr std::string_view setUpNote =
     "\r\n- Set RTS in menu 30 of FT-2000 to (OFF)."
     "\r\n  If RST is (ON), the Communication will be blocked.";
 
+constexpr std::string_view refusedText = "The radio refused ";
+
 }  // namespace
 
 Terminal::Terminal(const TerminalNeeds& needs) : m_needs(needs), m_timer10(m_needs.clock.makeTimer()) {
     m_timer10->setInterval(200);
     m_connections += m_timer10->tick.connect([this] { Timer10_Timer(); });
+    m_connections += m_needs.link.came.connect([this](std::string_view wire) { onCame(wire); });
 }
 
 void Terminal::Form_Load() {
@@ -60,11 +63,22 @@ void Terminal::term3_KeyPress(std::string_view character) {
     }
     m_needs.link.sent().append(enter ? crLf : *wire);
     if (enter && m_needs.link.PortOpen()) {
-        m_needs.link.send(transmitBuffer.get());
+        m_typedLast = transmitBuffer;
+        m_cameLast.clear();
+        if (m_needs.link.panels().Error.get().starts_with(refusedText)) m_needs.link.panels().Error = "";
+        m_needs.link.send(m_typedLast);
         transmitBuffer = "";
         return;
     }
     transmitBuffer = transmitBuffer.get() + *wire;
+}
+
+/// "?;" names nothing. While nobody else has the line it can only mean what was typed last.
+void Terminal::onCame(std::string_view wire) {
+    if (m_typedLast.empty() || m_needs.link.operation() || m_needs.link.testing()) return m_typedLast.clear();
+    const bool refused = (m_cameLast + std::string(wire)).find("?;") != std::string::npos;
+    m_cameLast = wire.substr(wire.empty() ? 0 : wire.size() - 1);
+    if (refused) m_needs.link.panels().Error = std::string(refusedText) + utf8FromWire(m_typedLast);
 }
 
 void Terminal::term3_Backspace() {

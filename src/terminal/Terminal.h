@@ -68,10 +68,13 @@ public:
 
 private:
     void refuse(std::string_view character);
+    void onCame(std::string_view wire);
     void Timer10_Timer();
 
     TerminalNeeds m_needs;
     bool m_loaded = false;
+    std::string m_cameLast;   // a "?;" may come in two pieces
+    std::string m_typedLast;  // wire text that was sent from here, while its answer may still come
     std::unique_ptr<Timer> m_timer10;
     PhaseFlag m_timer10Phase;
     Connections m_connections;

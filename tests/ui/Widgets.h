@@ -20,6 +20,11 @@ T* control(const QWidget& window, const char* name) {
     return found;
 }
 
+/// A caption as it is read, without the mark of its letter.
+inline QString caption(const QAction* entry) {
+    return entry->text().remove(QLatin1Char('&'));
+}
+
 /// An open window by its name, or null.
 template <class T = QWidget>
 T* topLevel(const char* name) {

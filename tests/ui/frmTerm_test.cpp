@@ -5,6 +5,8 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QToolBar>
 
 #include "cat/ui/frmProperties.h"
@@ -76,10 +78,10 @@ TEST(TerminalEntries, BackupWholeRadio) {
     bench.program.windows.terminal.show();
     auto* entry = control<QAction>(*topLevel("frmTerm"), "mnu_BackupRadio");
     const auto* more = qobject_cast<QMenu*>(entry->parent());
-    EXPECT_EQ(more->title(), QStringLiteral("More"));
+    EXPECT_EQ(caption(more->menuAction()), QStringLiteral("More"));
     EXPECT_EQ(more->actions().at(more->actions().size() - 2), entry);
     EXPECT_EQ(more->actions().constLast()->objectName(), QStringLiteral("mnu_RestoreRadio"));
-    EXPECT_EQ(entry->text(), QStringLiteral("Backup whole Radio..."));
+    EXPECT_EQ(caption(entry), QStringLiteral("Backup whole Radio..."));
     const std::string dir = bench.folder.file("backups");
     entry->trigger();
     EXPECT_TRUE(bench.fileDialog.shown.empty()) << "an assistive program's call would wait for the dialog";
@@ -185,6 +187,65 @@ TEST_F(TerminalWindow, EveryControlHasANameThatAPersonUnderstands) {
     for (const auto* button : buttons) {
         EXPECT_TRUE(!button->isVisible() || !button->accessibleName().isEmpty()) << button->objectName().toStdString();
     }
+}
+
+TEST_F(TerminalWindow, ATypedLineStaysInViewAndBreaksBehindItsCommands) {
+    auto* typed = pane("term3");
+    QString commands;
+    for (int item = 100; item < 150; ++item) commands += QStringLiteral("EX%1;").arg(item);
+    QTest::keyClicks(typed, commands);
+    settle();
+    const QTextBlock block = typed->document()->firstBlock();
+    EXPECT_EQ(typed->document()->blockCount(), 1);
+    EXPECT_TRUE(typed->viewport()->rect().contains(typed->cursorRect().center()));
+    const int rows = block.layout()->lineCount();
+    EXPECT_GT(rows, 2);
+    for (int row = 0; row < rows; ++row) {
+        const QTextLine shown = block.layout()->lineAt(row);
+        QString text = block.text().mid(shown.textStart(), shown.textLength());
+        EXPECT_TRUE(text.remove(QChar(0x200B)).endsWith(QLatin1Char(';'))) << text.toStdString();
+    }
+    typed->selectAll();
+    typed->copy();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), commands) << "no trace of the breaks";
+    EXPECT_EQ(bench.program.terminal.transmitBuffer.get(), commands.toStdString());
+}
+
+TEST_F(TerminalWindow, ATypedCommandThatIsRefusedIsNamed) {
+    bench.openPort();
+    bench.program.terminal.term3_Paste("FA;ZZ;");
+    bench.program.terminal.term3_KeyPress("\r");
+    line.feed("FA14195000;?");
+    EXPECT_EQ(bench.error(), "");
+    line.feed(";");
+    EXPECT_EQ(bench.error(), "The radio refused FA;ZZ;");
+    auto* shown = control<QLabel>("Error");
+    EXPECT_EQ(shown->text(), QStringLiteral("The radio refused FA;ZZ;")) << "whole, however narrow the panel";
+    bench.program.terminal.term3_Paste("FA;");
+    bench.program.terminal.term3_KeyPress("\r");
+    EXPECT_EQ(bench.error(), "");
+}
+
+TEST_F(TerminalWindow, FindMyRadioTakesOverTheDialogUntilItIsDone) {
+    line.answer = [](std::string_view wire) { return std::string(wire == "ID;" ? "ID0251;" : ""); };
+    line.answerDelay = 700;
+    PortSettings logic = bench.program.makePortSettings();
+    logic.Form_Load();
+    frmProperties dialog(logic, window.get());
+    EXPECT_EQ(korvex::control<QLabel>(dialog, "lblDevice")->accessibleName(), QStringLiteral("scripted port 1"));
+    click(dialog, "cmdFind");
+    bench.clock.advance(100);
+    EXPECT_EQ(korvex::control<QPushButton>(dialog, "cmdFind")->text(), QStringLiteral("Cancel"));
+    EXPECT_FALSE(korvex::control<QPushButton>(dialog, "cmdOK")->isEnabled());
+    dialog.reject();
+    EXPECT_FALSE(logic.search.running);
+    EXPECT_EQ(dialog.result(), 0) << "the first Escape ends the search alone";
+    click(dialog, "cmdFind");
+    bench.clock.advance(1000);
+    EXPECT_NE(korvex::control<QPlainTextEdit>(dialog, "txtSearch")->toPlainText().indexOf(QStringLiteral("FT-2000")),
+              -1);
+    click(dialog, "cmdOK");
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
 }
 
 TEST_F(TerminalWindow, ThePortSettingsDialogShowsAndStoresTheFormat) {

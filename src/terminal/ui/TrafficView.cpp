@@ -1,9 +1,12 @@
 #include "terminal/ui/TrafficView.h"
 
 #include <QFontDatabase>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
+#include <utility>
 
 #include "base/CodePage.h"
 
@@ -12,6 +15,8 @@ namespace korvex {
 namespace {
 
 constexpr int longestLine = 1000;
+constexpr int shortestLine = 20;       // no need to break before that, however narrow the view
+constexpr QChar breakHere(u'\u200B');  // without a width; without it no line ever ends behind a ";"
 
 QFont trafficFont() {
     QFont font(QStringLiteral("Fixedsys"));
@@ -43,7 +48,8 @@ QChar visible(char32_t c) {
 TrafficView::TrafficView(TrafficDisplay& display, QWidget* parent) : QPlainTextEdit(parent), m_display(display) {
     setFont(trafficFont());
     setUndoRedoEnabled(false);
-    setLineWrapMode(QPlainTextEdit::NoWrap);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setMaximumBlockCount(keptLines);
     m_batch.setSingleShot(true);
     m_batch.setInterval(batchMs);
@@ -63,6 +69,7 @@ void TrafficView::flush() {
     if (update.replacesAll) {
         clear();
         m_heldReturn = false;
+        m_mayBreak = false;
         m_column = 0;
     }
     draw(lastLines(update.text));
@@ -74,9 +81,24 @@ void TrafficView::draw(std::string_view wire) {
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
     end.insertText(readable(wire));
+    showNewest();
+}
+
+void TrafficView::showNewest() {
     moveCursor(QTextCursor::End);
     verticalScrollBar()->setValue(verticalScrollBar()->maximum());
-    horizontalScrollBar()->setValue(horizontalScrollBar()->minimum());
+}
+
+void TrafficView::resizeEvent(QResizeEvent* event) {
+    const bool wasAtEnd = verticalScrollBar()->value() == verticalScrollBar()->maximum();
+    QPlainTextEdit::resizeEvent(event);
+    if (wasAtEnd) verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+QMimeData* TrafficView::createMimeDataFromSelection() const {
+    auto* copied = new QMimeData;
+    copied->setText(textCursor().selection().toPlainText().remove(breakHere));
+    return copied;
 }
 
 QString TrafficView::readable(std::string_view wire) {
@@ -93,19 +115,21 @@ QString TrafficView::readable(std::string_view wire) {
 }
 
 void TrafficView::fold(QString& text) {
-    qsizetype lineStart = text.lastIndexOf(QLatin1Char('\n')) + 1;
-    if (lineStart == 0 && m_column + text.size() <= longestLine) {
-        m_column += static_cast<int>(text.size());
-        return;
-    }
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text.at(i) == QLatin1Char('\n')) {
+    QString folded;
+    folded.reserve(text.size() + 8);
+    for (const QChar c : std::as_const(text)) {
+        if (c == QLatin1Char('\n')) {
             m_column = 0;
         } else if (++m_column > longestLine) {
-            text.insert(i, QLatin1Char('\n'));
+            folded += QLatin1Char('\n');
             m_column = 0;
+        } else if (m_mayBreak) {
+            folded += breakHere;
         }
+        folded += c;
+        m_mayBreak = c == QLatin1Char(';') && m_column > shortestLine;
     }
+    text = folded;
 }
 
 }  // namespace korvex

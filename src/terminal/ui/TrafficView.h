@@ -10,7 +10,8 @@ namespace korvex {
 
 /// Shows a traffic display. What comes is drawn in batches, so that the fastest line costs little more than the drawing
 /// itself; the last lines stay, older ones go. Characters that cannot be seen are shown as their control pictures, and
-/// a line without an end is folded, so that noise stays readable and cheap.
+/// a line without an end is folded, so that noise stays readable and cheap. Lines that are too long for the view go on
+/// below, behind a ";" where there is one; what is copied has no trace of that.
 class TrafficView : public QPlainTextEdit {
     Q_OBJECT
 
@@ -21,6 +22,8 @@ public:
     static constexpr int keptLines = 4000;
 
 protected:
+    QMimeData* createMimeDataFromSelection() const override;
+    void resizeEvent(QResizeEvent* event) override;
     /// Draws at once what the display has and the view lacks.
     void flush();
     bool drawing() const { return m_drawing; }
@@ -32,11 +35,13 @@ private:
     void draw(std::string_view wire);
     QString readable(std::string_view wire);
     void fold(QString& text);
+    void showNewest();
 
     TrafficDisplay& m_display;
     QTimer m_batch;
     Connection m_outdated;
     bool m_drawing = false;
+    bool m_mayBreak = false;    // the last character was a ";" far enough from the line's beginning
     bool m_heldReturn = false;  // a CR at the end of a batch: its LF may come with the next
     int m_column = 0;
 };

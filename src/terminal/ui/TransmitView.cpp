@@ -55,6 +55,11 @@ void TransmitView::inputMethodEvent(QInputMethodEvent* event) {
     event->accept();
 }
 
+/// A file is dropped on the window, and not typed.
+bool TransmitView::canInsertFromMimeData(const QMimeData* source) const {
+    return !source->hasUrls() && TrafficView::canInsertFromMimeData(source);
+}
+
 void TransmitView::insertFromMimeData(const QMimeData* source) {
     m_terminal.term3_Paste(source->text().toStdString());
     flush();

@@ -13,6 +13,7 @@
 #include "terminal/ui/TrafficView.h"
 #include "terminal/ui/TransmitView.h"
 #include "windows/ui/ConnectPicture.h"
+#include "windows/ui/ElidedLabel.h"
 #include "windows/ui/PanelLabel.h"
 
 namespace korvex {
@@ -69,7 +70,9 @@ QAction* frmTerm::radioEntry(QMenu* menu, const char* name, const QString& capti
 
 void frmTerm::makeFileMenu() {
     QMenu* menu = menuBar()->addMenu(QStringLiteral("&File"));
-    radioEntry(menu, "mnu_Store", QStringLiteral("Save Menu of  FT-2000"), m_actions.saveMenu);
+    menu->setObjectName(QStringLiteral("mnu_File"));
+    radioEntry(menu, "mnu_Store", QStringLiteral("Save Menu of  FT-2000"), m_actions.saveMenu)
+        ->setShortcut(QKeySequence::Save);
     menu->addSeparator();
     radioEntry(menu, "mnu_Restore", QStringLiteral("&Restore Menu to FT2000"), m_actions.restoreMenu);
     menu->addSeparator();
@@ -218,9 +221,8 @@ QLineEdit* frmTerm::makePathBox(QWidget* row) {
 }
 
 QLabel* frmTerm::makeTypedText(QWidget* row) {
-    auto* buffer = new QLabel(row);
+    auto* buffer = new ElidedLabel(row, Qt::ElideLeft);  // the end is what is being typed
     buffer->setObjectName(QStringLiteral("Label1"));
-    buffer->setTextFormat(Qt::PlainText);
     buffer->setFrameShape(QFrame::StyledPanel);
     buffer->setAccessibleDescription(QStringLiteral("Typed and not yet sent"));
     buffer->setMinimumWidth(0);
@@ -239,8 +241,11 @@ QLineEdit* frmTerm::makeWrittenLine(QWidget* row) {
     line->setReadOnly(true);
     line->setFocusPolicy(Qt::ClickFocus);
     line->setAccessibleName(QStringLiteral("Line being written"));
-    m_connections += m_terminal.link().lineWritten.bind(
-        [line](const std::string& text) { line->setText(QString::fromStdString(text)); });
+    m_connections += m_terminal.link().lineWritten.bind([line](const std::string& text) {
+        line->setText(QString::fromStdString(text));
+        line->setToolTip(line->text());
+        line->setCursorPosition(0);
+    });
     return line;
 }
 

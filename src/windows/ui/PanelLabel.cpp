@@ -3,9 +3,8 @@
 namespace korvex {
 
 PanelLabel::PanelLabel(Property<std::string>& text, const QString& objectName, const QString& meaning, QWidget* parent)
-    : QLabel(parent), m_meaning(meaning) {
+    : ElidedLabel(parent), m_meaning(meaning) {
     setObjectName(objectName);
-    setTextFormat(Qt::PlainText);
     setAccessibleDescription(meaning);
     m_binding = text.bind([this](const std::string& value) { showText(value); });
 }

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QLabel>
 #include <string>
 
 #include "base/Property.h"
+#include "windows/ui/ElidedLabel.h"
 
 namespace korvex {
 
 /// A panel of a status bar: a label that follows a property. Assistive programs read its text as its name; while the
 /// panel is empty they read what the panel is for.
-class PanelLabel : public QLabel {
+class PanelLabel : public ElidedLabel {
 public:
     PanelLabel(Property<std::string>& text, const QString& objectName, const QString& meaning,
                QWidget* parent = nullptr);
