@@ -1,5 +1,6 @@
 #include "platform/qtwidgets/FlexGridView.h"
 
+#include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -15,11 +16,17 @@ namespace korvex {
 namespace {
 
 constexpr int twipsPerPixel = 15;
-/// The grids' column widths are made for small letters; a larger font of the desktop would show titles without ends.
-constexpr double largestPointSize = 8.5;
+/// The grids' column widths are made for small letters, on a desktop whose own have ten points. Where those are larger,
+/// letters and columns grow alike.
+constexpr double pointSizeOfWidths = 8.5;
+constexpr double usualPointSize = 10;
 
-int pixelsOf(int twips) {
-    return twips <= 0 ? 0 : std::max((twips + twipsPerPixel / 2) / twipsPerPixel, 1);
+double growthOf(const QWidget* view) {
+    return std::max(QApplication::font(view).pointSizeF() / usualPointSize, 1.0);
+}
+
+int pixelsOf(double twips) {
+    return twips <= 0 ? 0 : std::max(static_cast<int>(twips + twipsPerPixel / 2.0) / twipsPerPixel, 1);
 }
 
 /// What the key types; empty for keys that type nothing, for shortcuts of menus, and for Tab and Delete, which only
@@ -68,8 +75,9 @@ void FlexGridView::setUpHeaders() {
 
 void FlexGridView::takeFont() {
     QFont small = font();
-    if (small.pointSizeF() > largestPointSize) {
-        small.setPointSizeF(largestPointSize);
+    const double largest = pointSizeOfWidths * growthOf(this);
+    if (small.pointSizeF() > largest) {
+        small.setPointSizeF(largest);
         setFont(small);
     }
     m_titles->setFont(small);
@@ -115,9 +123,10 @@ void FlexGridView::applyWidths() {
     if (m_appliedTwips.size() != count) m_appliedTwips.assign(count, -1);
     for (std::size_t column = 0; column < count; ++column) {
         const int twips = m_cells.ColWidth(static_cast<int>(column) + labels);
-        if (std::exchange(m_appliedTwips[column], twips) != twips) setColumnWidth(int(column), pixelsOf(twips));
+        if (std::exchange(m_appliedTwips[column], twips) != twips)
+            setColumnWidth(int(column), pixelsOf(twips * growthOf(this)));
     }
-    if (labels == 1) m_rowLabels->setFixedWidth(pixelsOf(m_cells.ColWidth(0)));
+    if (labels == 1) m_rowLabels->setFixedWidth(pixelsOf(m_cells.ColWidth(0) * growthOf(this)));
 }
 
 void FlexGridView::fitTitleHeight() {
