@@ -21,7 +21,7 @@ Program::Program(Machine machine)
       memory(link, machine.clock, files, desk),
       menuManager({link, machine.clock, desk, files, machine.database, windows.menuManager.visible,
                    machine.shippedDescriptions, machine.timeOfDay}),
-      eqWindow(machine.ports, machine.clock, machine.msgBox),
+      eqWindow(machine.ports, machine.clock, desk),
       bandStackWindow(link, machine.clock, desk),
       keyerWindow(link, desk),
       transfers(link, files, machine.clock),

@@ -12,12 +12,11 @@ constexpr int finishInterval = 500;
 constexpr std::size_t middleCentre = 3;
 constexpr std::size_t highCentre = 6;
 constexpr std::size_t longestAnswer = 9;  // EX126+05;
-constexpr std::size_t menuLength = 5;     // EX126
 
 }  // namespace
 
 EqExchange::EqExchange(MSComm& port, Clock& clock)
-    : m_port(port), m_readTimer(clock.makeTimer()), m_finishTimer(clock.makeTimer()) {
+    : m_port(port), m_other(port, clock), m_readTimer(clock.makeTimer()), m_finishTimer(clock.makeTimer()) {
     for (std::size_t item = 0; item < eqItemCount; ++item) {
         value[item] = eqItems[item].initial;
         display[item] = std::string(eqItems[item].initialDisplay);
@@ -49,9 +48,26 @@ void EqExchange::applyValue(std::size_t item, int newValue) {
     m_port.Output(m_command[item] + itemMenu(item) + ";");
 }
 
-std::string EqExchange::itemMenu(std::size_t item) const {
-    const int offset = processorOn ? processorMenuOffset : 0;
-    return "EX" + std::to_string(firstEqMenu + offset + static_cast<int>(item));
+std::optional<EqValues> EqExchange::shownValues() const {
+    if (answered() < static_cast<int>(eqItemCount)) return {};
+    EqValues values{};
+    std::copy(value.begin(), value.end(), values.begin());
+    return values;
+}
+
+void EqExchange::setValue(bool setOn, std::size_t item, int newValue) {
+    if (setOn == processorOn) return applyValue(item, newValue);
+    m_port.Output(eq::commandAndQuery(item, newValue, setOn));
+}
+
+void EqExchange::readSet(bool setOn) {
+    if (setOn == processorOn) return startReading();
+    m_other.read(setOn);
+}
+
+void EqExchange::askProcessor() {
+    m_asksProcessor = true;
+    m_port.Output("PR;");
 }
 
 void EqExchange::composeCommands() {
@@ -68,6 +84,8 @@ void EqExchange::startReading() {
     m_readIndex = 0;
     m_phase = Phase::Reading;
     m_switching = false;
+    settled = false;
+    m_other.stop();
     m_radioHas = {};
     for (auto& item : known) item = false;
     m_finishTimer->setEnabled(false);  // it belongs to a reading that this one replaces
@@ -110,6 +128,7 @@ void EqExchange::finish() {
     m_phase = Phase::Live;
     m_finishTimer->setEnabled(false);
     statusText = "";
+    settled = shownValues().has_value();
     readingEnded.emit();
 }
 
@@ -130,23 +149,22 @@ void EqExchange::take(char c) {
 
 void EqExchange::takePiece(std::string_view piece) {
     if (piece.ends_with("?;")) return takeRefusal();
+    if (takeProcessor(piece)) return;
     const auto head = piece.rfind("EX");
+    if (head != std::string_view::npos && m_other.take(piece.substr(head))) return;
     if (m_phase == Phase::Reading && head != std::string_view::npos) takeAnswer(piece.substr(head));
 }
 
 void EqExchange::takeAnswer(std::string_view answer) {
-    for (std::size_t item = 0; item < eqItemCount; ++item) {
-        if (!answer.starts_with(itemMenu(item))) continue;
-        const auto read = eq::valueFromAnswer(eqItems[item], answer.substr(menuLength, answer.size() - menuLength - 1));
-        if (!read) return;
-        known[item] = true;
-        if (*read != value[item]) {
-            applyValue(item, *read);
-        } else {
-            m_radioHas[item] = m_command[item];
-        }
-        return goOn(item);
+    const auto read = eq::readAnswer(answer, processorOn);
+    if (!read) return;
+    known[read->item] = true;
+    if (read->value != value[read->item]) {
+        applyValue(read->item, read->value);
+    } else {
+        m_radioHas[read->item] = m_command[read->item];
     }
+    goOn(read->item);
 }
 
 /// What comes before the first item is asked for, 200 ms later at the earliest, is for the processor's command.
@@ -158,7 +176,19 @@ void EqExchange::takeRefusal() {
     switchRefused.emit();
 }
 
+/// "PR1;". A third mode, if a radio has one, leaves the set as it is.
+bool EqExchange::takeProcessor(std::string_view piece) {
+    if (!m_asksProcessor || !(piece.ends_with("PR0;") || piece.ends_with("PR1;"))) return false;
+    m_asksProcessor = false;
+    const bool on = piece.ends_with("PR1;");
+    if (on == processorOn) return true;
+    showProcessor(on);
+    startReading();
+    return true;
+}
+
 void EqExchange::showProcessor(bool on) {
+    if (on != processorOn) m_other.values = shownValues();
     processorOn = on;
     composeCommands();
 }
@@ -166,6 +196,7 @@ void EqExchange::showProcessor(bool on) {
 Failure EqExchange::switchProcessor(bool on) {
     static_cast<void>(m_port.setPortOpen(false));  // closing does not fail
     if (auto failure = openPort()) return failure;
+    m_asksProcessor = false;
     showProcessor(on);
     m_port.Output(on ? "PR1;" : "PR0;");
     startReading();

@@ -11,6 +11,7 @@
 #include "cat/Pace.h"
 #include "cat/PhaseFlag.h"
 #include "eq/EqItems.h"
+#include "eq/EqOtherSet.h"
 #include "platform/Clock.h"
 #include "platform/MSComm.h"
 
@@ -35,6 +36,10 @@ public:
     /// Whether the radio has told this item since the last reading began: the others stand where they happen to stand.
     std::array<Property<bool>, eqItemCount> known;
     Property<bool> processorOn{false};  ///< which of the two sets is shown
+    Property<bool> settled{false};      ///< a reading has brought all nine, and no other has begun
+    /// The nine values, once the radio has told all of them.
+    std::optional<EqValues> shownValues() const;
+    EqOtherSet& other() { return m_other; }
     Property<std::string> statusText;
 
     /// Told before this port opens, whoever asks for it: another port on the same device must be closed now.
@@ -46,6 +51,12 @@ public:
     void applyValue(std::size_t item, int newValue);
 
     void startReading();
+    /// One of the two sets is read (anew): the shown one, or the other behind it.
+    void readSet(bool processorOn);
+    /// A value of one of the two sets goes to the radio; of the shown one like any change.
+    void setValue(bool processorOn, std::size_t item, int newValue);
+    /// Asks whether the processor is on. If the radio stands otherwise than what is shown, its set is shown and read.
+    void askProcessor();
     void onReceive(std::string_view wire);
     void clearReceived() { m_receiveBuffer.clear(); }
 
@@ -74,7 +85,8 @@ private:
     void finishTick();
     void finish();
     void composeCommands();
-    std::string itemMenu(std::size_t item) const;
+    std::string itemMenu(std::size_t item) const { return eq::menuItem(item, processorOn); }
+    bool takeProcessor(std::string_view piece);
     void showProcessor(bool on);
     void take(char c);
     void takePiece(std::string_view piece);
@@ -82,6 +94,7 @@ private:
     void takeRefusal();
 
     MSComm& m_port;
+    EqOtherSet m_other;
     std::unique_ptr<Timer> m_readTimer;
     std::unique_ptr<Timer> m_finishTimer;
     std::array<std::string, eqItemCount> m_command;
@@ -91,6 +104,7 @@ private:
     std::size_t m_readIndex = 0;
     std::array<std::string, eqItemCount> m_radioHas;  // the set command that would change nothing; empty: not known
     bool m_switching = false;                         // the processor's command may still be refused
+    bool m_asksProcessor = false;
     std::size_t m_lastChanged = 0;
     std::string m_receiveBuffer;
     PhaseFlag m_readToggle;

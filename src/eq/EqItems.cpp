@@ -64,4 +64,62 @@ std::optional<int> valueFromAnswer(const EqItem& item, std::string_view answer) 
     return value;
 }
 
+std::string menuItem(std::size_t item, bool processorOn) {
+    const int offset = processorOn ? processorMenuOffset : 0;
+    return "EX" + std::to_string(firstEqMenu + offset + static_cast<int>(item));
+}
+
+std::string commandAndQuery(std::size_t item, int value, bool processorOn) {
+    const std::string menu = menuItem(item, processorOn);
+    return menu + parameter(eqItems[item], value) + ";" + menu + ";";
+}
+
+std::optional<ItemValue> readAnswer(std::string_view answer, bool processorOn) {
+    for (std::size_t item = 0; item < eqItemCount; ++item) {
+        const std::string menu = menuItem(item, processorOn);
+        if (!answer.starts_with(menu)) continue;
+        const auto value = valueFromAnswer(eqItems[item], answer.substr(menu.size(), answer.size() - menu.size() - 1));
+        if (value) return ItemValue{item, *value};
+    }
+    return {};
+}
+
+bool isOff(const EqItem& item, int value) {
+    return item.kind == EqItem::Kind::Centre && value < item.firstFrequency;
+}
+
+std::string_view unitText(const EqItem& item, int value) {
+    switch (item.kind) {
+        case EqItem::Kind::Centre: return isOff(item, value) ? "OFF" : "Hz";
+        case EqItem::Kind::Gain: return "dB";
+        case EqItem::Kind::Q: break;
+    }
+    return "Q";
+}
+
+std::string inWords(const EqValues& values) {
+    constexpr std::array bands = {"Low ", ", Middle ", ", High "};
+    std::string text;
+    for (std::size_t band = 0; band < bands.size(); ++band) {
+        const std::size_t item = 3 * band;
+        const auto shown = [&](std::size_t at) { return displayText(eqItems[at], values[at]); };
+        text += bands[band];
+        text += isOff(eqItems[item], values[item])
+                    ? "OFF"
+                    : shown(item) + " Hz " + shown(item + 1) + " dB Q " + shown(item + 2);
+    }
+    return text;
+}
+
+std::vector<ScaleMark> scaleMarks(const EqItem& item) {
+    const auto plain = [](int value) { return ScaleMark{value, std::to_string(value)}; };
+    switch (item.kind) {
+        case EqItem::Kind::Centre:
+            return {plain(item.highest), plain((item.firstFrequency + item.highest) / 200 * 100), {item.lowest, "OFF"}};
+        case EqItem::Kind::Gain: return {{10, "+10"}, plain(0), plain(-10), plain(-20)};
+        case EqItem::Kind::Q: break;
+    }
+    return {plain(10), plain(5), plain(1)};
+}
+
 }  // namespace korvex::eq

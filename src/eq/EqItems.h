@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvex {
 
@@ -25,6 +26,9 @@ struct EqItem {
 };
 
 inline constexpr std::size_t eqItemCount = 9;
+/// One set: the nine slider positions in the order of `eqItems`.
+using EqValues = std::array<int, eqItemCount>;
+
 inline constexpr int firstEqMenu = 125;
 inline constexpr int processorMenuOffset = 9;
 
@@ -52,6 +56,32 @@ std::string parameter(const EqItem& item, int value);
 /// The value in an answer's text between the menu number and the ";". Nothing for a code that the band does not have,
 /// for what is no number and for a value outside the item's range.
 std::optional<int> valueFromAnswer(const EqItem& item, std::string_view answer);
+
+/// "EX125": the item in the processor's set.
+std::string menuItem(std::size_t item, bool processorOn);
+/// "EX12503;EX125;": sets it and asks for it.
+std::string commandAndQuery(std::size_t item, int value, bool processorOn);
+
+struct ItemValue {
+    std::size_t item = 0;
+    int value = 0;
+};
+/// What a whole answer, "EX12503;", says of a set; nothing for another one and for what valueFromAnswer does not take.
+std::optional<ItemValue> readAnswer(std::string_view answer, bool processorOn);
+
+/// A centre on which its band does nothing.
+bool isOff(const EqItem& item, int value);
+/// "Hz", "dB", "Q"; "OFF" for a centre that is.
+std::string_view unitText(const EqItem& item, int value);
+/// "Low 300 Hz +05 dB Q 04, Middle OFF, High ...", for those who do not see the curve.
+std::string inWords(const EqValues& values);
+
+struct ScaleMark {
+    int value;
+    std::string text;
+};
+/// What stands beside a slider, from above.
+std::vector<ScaleMark> scaleMarks(const EqItem& item);
 
 }  // namespace eq
 

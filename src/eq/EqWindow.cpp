@@ -1,6 +1,9 @@
 #include "eq/EqWindow.h"
 
+#include <utility>
+
 #include "cat/PortConfiguration.h"
+#include "eq/EqPreset.h"
 
 namespace korvex {
 
@@ -8,10 +11,19 @@ namespace {
 
 constexpr int closingInterval = 250;
 
+std::string setName(bool processorOn) {
+    return processorOn ? "processor ON" : "processor OFF";
+}
+
 }  // namespace
 
-EqWindow::EqWindow(SerialPorts& ports, Clock& clock, MsgBox& msgBox)
-    : m_msgBox(msgBox), m_port(ports), m_exchange(m_port, clock), m_timer3(clock.makeTimer()) {
+EqWindow::EqWindow(SerialPorts& ports, Clock& clock, const OwnersDesk& desk)
+    : m_msgBox(desk.msgBox),
+      m_port(ports),
+      m_exchange(m_port, clock),
+      m_writer(m_exchange, clock),
+      m_presets(desk, keys::eqPresetPath),
+      m_timer3(clock.makeTimer()) {
     m_timer3->setInterval(closingInterval);
     m_connections += m_timer3->tick.connect([this] { Timer3_Timer(); });
     m_connections += m_port.OnComm.connect([this](CommEvent event) {
@@ -21,6 +33,9 @@ EqWindow::EqWindow(SerialPorts& ports, Clock& clock, MsgBox& msgBox)
     m_connections +=
         m_exchange.switchRefused.connect([this] { errorPanel = "The radio did not switch the processor"; });
     m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
+    m_connections += m_exchange.settled.changed.connect([this](bool) { showWhatCanBeDone(); });
+    m_connections += m_exchange.other().ended.connect([this] { onOtherEnded(); });
+    m_connections += m_writer.written.connect([this] { showWhatCanBeDone(); });
 }
 
 void EqWindow::Form_Load(const SettingsStore& settings) {
@@ -43,24 +58,116 @@ void EqWindow::closePort() {
 void EqWindow::showPortState() {
     const bool open = m_port.PortOpen();
     m_exchange.statusText = "";
+    m_writer.stop();
+    m_exchange.other().stop();
+    m_written.reset();
     connected = open;
     if (open) {
         m_exchange.clearReceived();
         errorPanel = "";
         settingsPanel = "Settings: Port " + std::to_string(m_port.CommPort()) + ", " + m_port.Settings();
         m_exchange.startReading();
+        m_exchange.askProcessor();
     } else {
         settingsPanel = "Settings: ";
         errorPanel = "";
     }
     portHint = open ? "click to close" : "click to open";
+    showWhatCanBeDone();
+}
+
+void EqWindow::showWhatCanBeDone() {
+    canWrite = connected && m_exchange.settled && !m_writer.writing();
 }
 
 /// Sliders that the radio has not set stand where they stood; the owner must know.
 void EqWindow::onReadingEnded() {
     const int answered = m_exchange.answered();
-    if (!m_port.PortOpen() || answered == static_cast<int>(eqItemCount)) return;
+    if (!m_port.PortOpen()) return;
+    tellWritten(m_exchange.processorOn, m_exchange.shownValues());
+    if (!m_exchange.other().values.get()) m_exchange.other().read(!m_exchange.processorOn);
+    if (answered == static_cast<int>(eqItemCount)) return usePreset();
     errorPanel = "Only " + std::to_string(answered) + " of " + std::to_string(eqItemCount) + " values were read";
+}
+
+void EqWindow::onOtherEnded() {
+    tellWritten(!m_exchange.processorOn, m_exchange.other().values);
+}
+
+/// The radio has the last word on what was written.
+void EqWindow::tellWritten(bool processorOn, const std::optional<EqValues>& now) {
+    if (!m_written || m_written->processorOn != processorOn) return;
+    const auto written = std::exchange(m_written, {})->values;
+    m_exchange.statusText = "";
+    if (!now) return;
+    int different = 0;
+    for (std::size_t item = 0; item < eqItemCount; ++item) different += written[item] != (*now)[item] ? 1 : 0;
+    errorPanel = different == 0 ? "Written" : std::to_string(different) + " of 9 values did not take";
+}
+
+void EqWindow::write(const EqValues& values, bool processorOn) {
+    errorPanel = "";
+    m_written = Written{values, processorOn};
+    m_exchange.other().stop();
+    m_exchange.statusText = " Writing EQ Settings to FT-2000";
+    m_writer.write(values, processorOn);
+    showWhatCanBeDone();
+}
+
+void EqWindow::copySet(bool processorOn) {
+    if (!canWrite) return;
+    const auto values =
+        processorOn == m_exchange.processorOn ? m_exchange.shownValues() : m_exchange.other().values.get();
+    if (!values) {
+        errorPanel = "The set for " + setName(processorOn) + " has not been read";
+        return;
+    }
+    const bool goOn =
+        m_msgBox.confirm("The nine settings for " + setName(!processorOn) + " are replaced in the radio by those for " +
+                         setName(processorOn) + ":\n" + eq::inWords(*values) + "\nGo on?");
+    if (goOn && canWrite) write(*values, !processorOn);
+}
+
+void EqWindow::mnu_ReadAgain_Click() {
+    if (!m_port.PortOpen()) return;
+    m_writer.stop();
+    m_written.reset();
+    errorPanel = "";
+    m_exchange.other().values = std::nullopt;
+    m_exchange.startReading();
+    m_exchange.askProcessor();
+}
+
+void EqWindow::mnu_SavePreset_Click() {
+    const auto values = m_exchange.shownValues();
+    if (!values) return;
+    static_cast<void>(m_presets.write({"Save Equalizer Preset", "eqp"}, eqPresetText(*values),
+                                      [this](const RuntimeError& error) { m_presets.tell(error); }));
+}
+
+void EqWindow::mnu_LoadPreset_Click() {
+    m_presetWaiting.reset();
+    const auto end = m_presets.read({"Load Equalizer Preset", "eqp"}, [this](const std::string& content) -> Failure {
+        auto read = parseEqPreset(content);
+        if (!read) return read.error();
+        m_presetWaiting = *read;
+        return {};
+    });
+    if (end.failure) m_presets.tell(*end.failure);
+    usePreset();
+}
+
+void EqWindow::usePreset() {
+    if (!m_presetWaiting) return;
+    if (!canWrite) {
+        errorPanel = connected ? "The preset waits for the reading" : "Open the port to use the preset";
+        return;
+    }
+    const auto values = *std::exchange(m_presetWaiting, {});
+    const bool goOn =
+        m_msgBox.confirm("The nine settings for " + setName(m_exchange.processorOn) +
+                         " are replaced in the radio by those in the file:\n" + eq::inWords(values) + "\nGo on?");
+    if (goOn && canWrite) write(values, m_exchange.processorOn);
 }
 
 void EqWindow::onLost(const RuntimeError& error) {
@@ -71,6 +178,8 @@ void EqWindow::onLost(const RuntimeError& error) {
 void EqWindow::Command1_Click(int index) {
     errorPanel = "";
     if (!mayTakePort()) return;
+    m_writer.stop();
+    m_written.reset();
     if (auto failure = m_exchange.switchProcessor(index == 0)) {
         showPortState();
         m_msgBox.exclamation(failure->text);
@@ -78,6 +187,7 @@ void EqWindow::Command1_Click(int index) {
 }
 
 void EqWindow::closeBox() {
+    m_presetWaiting.reset();
     closePort();
     storePlace.emit();
     showTerminal.emit();
@@ -85,6 +195,7 @@ void EqWindow::closeBox() {
 }
 
 void EqWindow::mnu_EXit_Click() {
+    m_presetWaiting.reset();
     closePort();
     storePlace.emit();
     m_timer3->setEnabled(true);

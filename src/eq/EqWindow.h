@@ -7,9 +7,11 @@
 #include "base/Property.h"
 #include "cat/PhaseFlag.h"
 #include "eq/EqExchange.h"
+#include "eq/EqSetWriter.h"
 #include "platform/Clock.h"
 #include "platform/MSComm.h"
 #include "platform/MsgBox.h"
+#include "platform/OwnersFiles.h"
 #include "platform/SettingsStore.h"
 
 namespace korvex {
@@ -18,7 +20,7 @@ namespace korvex {
 /// to `exchange`.
 class EqWindow {
 public:
-    EqWindow(SerialPorts& ports, Clock& clock, MsgBox& msgBox);
+    EqWindow(SerialPorts& ports, Clock& clock, const OwnersDesk& desk);
 
     EqExchange& exchange() { return m_exchange; }
     /// Whether another port on the same device may be closed for this one: asked before this one opens.
@@ -37,11 +39,22 @@ public:
     /// is.
     void Command1_Click(int index);
 
+    /// Asks for the processor's state and reads both sets anew.
+    void mnu_ReadAgain_Click();
+    /// The shown set into a file, and a file's set into the radio, in place of the shown one. While that is not known
+    /// the file's set waits until it has been read.
+    void mnu_SavePreset_Click();
+    void mnu_LoadPreset_Click();
+    /// The one set in place of the other, in the radio.
+    void mnu_CopyOffToOn_Click() { copySet(false); }
+    void mnu_CopyOnToOff_Click() { copySet(true); }
+
     void closeBox();
     void mnu_EXit_Click();
 
     /// Connect pictures, check mark of `comop` and caption of `portHint` follow this one value.
     Property<bool> connected{false};
+    Property<bool> canWrite{false};  ///< the shown set is known and nothing is being written: presets and copies
     Property<std::string> settingsPanel;
     Property<std::string> errorPanel;
     Property<std::string> portHint{"click to open"};
@@ -56,12 +69,26 @@ private:
     void showPortState();
     void showClosed();
     void onReadingEnded();
+    void onOtherEnded();
+    void copySet(bool processorOn);
+    void usePreset();
+    void write(const EqValues& values, bool processorOn);
+    void tellWritten(bool processorOn, const std::optional<EqValues>& now);
+    void showWhatCanBeDone();
     void onLost(const RuntimeError& error);
     void Timer3_Timer();
 
     MsgBox& m_msgBox;
     MSComm m_port;
     EqExchange m_exchange;
+    EqSetWriter m_writer;
+    OwnersFiles m_presets;
+    struct Written {
+        EqValues values;
+        bool processorOn;
+    };
+    std::optional<EqValues> m_presetWaiting;  // for the radio's own values to be read
+    std::optional<Written> m_written;         // and not yet read back
     std::unique_ptr<Timer> m_timer3;
     PhaseFlag m_timer3Toggle;
     Connections m_connections;

@@ -47,8 +47,14 @@ inline constexpr SettingsKey<OwnersPath> bandStackPath{settingsSection, "SavePat
 inline constexpr SettingsKey<OwnersPath> keyerPath{settingsSection, "SaveKeyer"};
 inline constexpr SettingsKey<OwnersPath> backupPath{settingsSection, "SavePathBackup"};
 inline constexpr SettingsKey<OwnersPath> descriptionsPath{settingsSection, "SavePathDescriptions"};
+inline constexpr SettingsKey<OwnersPath> eqPresetPath{settingsSection, "SavePathEqualizer"};
 inline constexpr std::array ownersPaths = {savePath,  memoryListPath, bandStackPath,
-                                           keyerPath, backupPath,     descriptionsPath};
+                                           keyerPath, backupPath,     descriptionsPath, eqPresetPath};
+
+/// The file that was used last, the one before it and so on; places from 1.
+inline SettingsKey<std::string_view, std::string> recentFile(std::size_t place) {
+    return {"RecentFiles", std::to_string(place)};
+}
 
 inline constexpr SettingsKey<bool> memoryListReadable{settingsSection, "ChannelinfoReadable"};
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "fakes/FakeDialogs.h"
+#include "fakes/ProgramBench.h"
 #include "fakes/ScriptedDevice.h"
 #include "fakes/VirtualClock.h"
 
@@ -29,7 +30,9 @@ struct EqWindowTest : ::testing::Test {
     fakes::ScriptedLine& line = ports[1];
     fakes::FakeMsgBox msgBox;
     fakes::FakeSettings settings;
-    EqWindow window{ports, clock, msgBox};
+    fakes::FakeFileDialog fileDialog;
+    fakes::TemporaryFolder folder;
+    EqWindow window{ports, clock, {settings, fileDialog, msgBox, folder.path()}};
     Property<bool>& processorOn = window.exchange().processorOn;
     std::string told;
     Connections events;
@@ -81,12 +84,13 @@ TEST_F(EqWindowTest, TellsWhyAPortCannotBeSetUpOpenedOrKept) {
     msgBox.whileShown = [this] { expectClosed(); };
     line.goAway();
     clock.advance(5000);
-    EXPECT_EQ(line.story(), "");
+    EXPECT_EQ(line.story(), "0 PR;");
     for (const auto& box : msgBox.shown) EXPECT_EQ(box.icon, MsgIcon::Exclamation);
 }
 
 TEST_F(EqWindowTest, ProcessorButtonNamesThePresentState) {
     window.toggleEqPort();
+    line.forgetWrites();
     window.Command1_Click(0);
     EXPECT_TRUE(processorOn.get());
     EXPECT_EQ(line.story(), "0 PR1;");

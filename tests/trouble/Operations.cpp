@@ -206,7 +206,9 @@ std::string bandStackGrid(TroubleBench& bench) {
 
 // --- the equalizer
 
+/// The set behind the shown one is known already: reading it is nobody's operation.
 void readEqualizer(TroubleBench& bench) {
+    bench.program.eqWindow.exchange().other().values = EqValues{};
     if (!bench.program.eqWindow.isPortOpen()) bench.program.eqWindow.toggleEqPort();
 }
 

@@ -28,7 +28,9 @@ struct EqFormTest : ::testing::Test {
     fakes::ScriptedLine& line = ports[1];
     fakes::FakeMsgBox msgBox;
     fakes::FakeSettings settings;
-    EqWindow logic{ports, clock, msgBox};
+    fakes::FakeFileDialog fileDialog;
+    fakes::TemporaryFolder folder;
+    EqWindow logic{ports, clock, {settings, fileDialog, msgBox, folder.path()}};
     frmEQ_Set window{logic, settings};
 };
 
@@ -112,7 +114,8 @@ TEST(WindowsOnAPty, ASliderThatIsMovedMovesTheRadio) {
     fakes::FakeSettings settings;
     fakes::FakeMsgBox msgBox;
     QtSerialPorts ports(settings, {{1, radio.device()}});
-    EqWindow logic(ports, clock, msgBox);
+    fakes::FakeFileDialog fileDialog;
+    EqWindow logic(ports, clock, {settings, fileDialog, msgBox, folder.path()});
     frmEQ_Set form(logic, settings);
     const auto radioHas = [&state](const std::string& line) {
         return QTest::qWaitFor([&] { return fakes::fileContent(state).find(line + "\n") != std::string::npos; });

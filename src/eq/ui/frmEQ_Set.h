@@ -7,7 +7,9 @@
 #include "eq/EqItems.h"
 #include "windows/ui/ToolWindow.h"
 
+class QAction;
 class QFrame;
+class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QPushButton;
@@ -16,6 +18,7 @@ class QToolButton;
 
 namespace korvex {
 
+class EqCurveView;
 class EqSlider;
 class EqWindow;
 class PortSwitch;
@@ -32,10 +35,12 @@ protected:
 
 private:
     void buildMenu();
+    void buildEqualizerMenu();
     void buildToolBar();
     void buildStatusBar();
     void buildBody();
     QGroupBox* makeBand(std::size_t band);
+    void makeItem(std::size_t item, QGridLayout* grid, int column);
     void buildStrip();
     QToolButton* makeImage(const char* name, const char* file, const char* accessibleName);
     QPushButton* makeProcessorButton(int index, const char* caption);
@@ -44,6 +49,9 @@ private:
 
     void wire();
     void wireItem(std::size_t item);
+    void wireCurve();
+    void showCurve();
+    void showUnit(std::size_t item);
     void showConnected(bool connected);
     void showProcessor(bool on);
 
@@ -51,6 +59,12 @@ private:
     PortSwitch* m_portSwitch;
     std::array<EqSlider*, eqItemCount> VScroll1{};
     std::array<QLabel*, eqItemCount> Label1{};
+    std::array<QLabel*, eqItemCount> m_units{};
+    std::array<QWidget*, eqItemCount> m_scales{};
+    EqCurveView* m_curve = nullptr;
+    QPushButton* cmdReadAgain = nullptr;
+    QList<QAction*> m_setActions;  // of a set that is known
+    QAction* m_readAgain = nullptr;
     std::array<QPushButton*, 2> Command1{};
     QWidget* m_strip = nullptr;  // below the sliders; its controls follow the window's width
     QFrame* Frame7 = nullptr;
