@@ -6,13 +6,15 @@
 #include "backup/MenuTitles.h"
 #include "memory/UnsavedList.h"
 #include "platform/ProgramFolder.h"
+#include "platform/TextFile.h"
 
 namespace korvex {
 
 Program::Program(Machine machine)
     : MSComm1(machine.ports),
       link(MSComm1, machine.clock, machine.msgBox, progress),
-      desk{machine.settings, machine.fileDialog, machine.msgBox, machine.programFolder},
+      fileDialog(machine.fileDialog),
+      desk{machine.settings, fileDialog, machine.msgBox, machine.programFolder},
       files(desk, keys::savePath),
       terminal({link, machine.clock, machine.settings, files, machine.shell, windows}),
       menuSave(link, files),
@@ -38,6 +40,8 @@ Program::Program(Machine machine)
       share(link, machine.clock, machine.doors),
       shareEntry({link, share, machine.settings, machine.msgBox}),
       startWindow(machine.clock, startWindowCalls()),
+      opener(
+          desk, [this](StartWindow::Tool tool) { startWindow.Command1_Click(tool); }, waysToOpen()),
       m_machine(std::move(machine)) {
     announceTools();
     introduceMemories();
@@ -134,6 +138,35 @@ std::string Program::whyNoBackup() {
     return {};
 }
 
+std::vector<FileOpener::Way> Program::waysToOpen() {
+    using Load = std::function<void(const std::string&)>;
+    const auto given = [this](auto load) -> Load {
+        return [this, load](const std::string& file) { fileDialog.answering(file, load); };
+    };
+    return {
+        {"mnu", StartWindow::Terminal,
+         [this](const std::string& file) { proposeToRestore(file, "menu", "Restore Menu to FT2000"); }},
+        {"mem", StartWindow::Terminal,
+         [this](const std::string& file) { proposeToRestore(file, "memory", "Restore Memories to FT2000"); }},
+        {"mef", StartWindow::MemoryManager, given([this] { memory.listFiles.loadListFile(); })},
+        {"bsr", StartWindow::BandStack, given([this] { bandStackWindow.mnu_loadDatafromHD_Click(); })},
+        {"kem", StartWindow::Keyer, given([this] { keyerWindow.mnu_LoadKeyer_Click(); })},
+        {"eqp", StartWindow::Equalizer, given([this] { eqWindow.mnu_LoadPreset_Click(); })},
+    };
+}
+
+/// What holds the whole menu or all memories is for the radio alone. It is looked at, and stands ready where the entry
+/// that writes it asks for its file.
+void Program::proposeToRestore(const std::string& file, const std::string& kind, const std::string& entry) {
+    const auto content = textfile::read(file);
+    if (!content) return files.tell(content.error());
+    const auto items = fileKind(kind)->items(*content);
+    if (!items) return desk.msgBox.exclamation(file + ": " + items.error().text);
+    files.remember(file);
+    const std::string name = file.substr(file.rfind('/') + 1);
+    link.panels().Error = name + ": " + fileKind(kind)->holds(*items, 0) + ". \"" + entry + "\" writes them.";
+}
+
 void Program::introduceMenuManager() {
     windows.menuManager.available = true;
     m_connections += menuWriter.ended.connect([this](const Outcome&) { menuManager.forgetRadio(); });
@@ -145,10 +178,12 @@ void Program::introduceMenuManager() {
 void Program::openTool(int tool) {
     terminal.Form_Load();
     shareEntry.recall();
-    if (tool == StartWindow::Equalizer) {
-        terminal.mnu_equalizer_Click();
-        return;
-    }
+    showTool(tool);
+    opener.toolOpened(tool);
+}
+
+void Program::showTool(int tool) {
+    if (tool == StartWindow::Equalizer) return terminal.mnu_equalizer_Click();
     // The terminal comes along first and without the keyboard: window managers take the windows in this order.
     if (tool != StartWindow::Terminal) windows.terminal.showBehind();
     switch (tool) {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "app/FileOpener.h"
 #include "app/StartWindow.h"
 #include "backup/Backup.h"
 #include "backup/BackupEntry.h"
@@ -23,6 +24,7 @@
 #include "platform/Database.h"
 #include "platform/Doors.h"
 #include "platform/FileDialog.h"
+#include "platform/GivenFile.h"
 #include "platform/MSComm.h"
 #include "platform/MsgBox.h"
 #include "platform/OwnersFiles.h"
@@ -66,6 +68,7 @@ public:
     ProgressWindow progress;
     MSComm MSComm1;
     CatLink link;
+    GivenFile fileDialog;
     OwnersDesk desk;
     OwnersFiles files;  ///< the menus and memories
     Terminal terminal;
@@ -85,6 +88,7 @@ public:
     PortShare share;
     ShareEntry shareEntry;
     StartWindow startWindow;
+    FileOpener opener;
 
     /// The logic of one opening of the port settings dialog.
     PortSettings makePortSettings();
@@ -108,8 +112,11 @@ private:
     void introduceBandStack();
     void introduceKeyer();
     std::string whyNoBackup();
+    std::vector<FileOpener::Way> waysToOpen();
+    void proposeToRestore(const std::string& file, const std::string& kind, const std::string& entry);
     WindowState* toolWindow(int tool);
     void openTool(int tool);
+    void showTool(int tool);
     bool mayEnd();
 
     Machine m_machine;

@@ -14,6 +14,7 @@ struct StartOptions {
     bool demo = false;                 ///< --demo
     std::string programFolder;         ///< --program-folder DIR, empty: found
     std::string settingsFile;          ///< --settings FILE, empty: the user's
+    std::vector<std::string> files;    ///< FILE: to be opened; more than one is told in a box
     std::string print;                 ///< of --help or --version: to be printed in place of a start
 };
 

@@ -114,14 +114,6 @@ void OptionParser::option(const std::string& names, const std::string& valueName
     m_form.options.push_back({namesIn(names), valueName, help, m_group});
 }
 
-void OptionParser::operand(const std::string& name, const std::string& help, Take take) {
-    const auto checked = [take = std::move(take)](const std::string& value) {
-        if (const auto failure = take(withoutMark(value))) throw CLI::ValidationError(failure->text);
-    };
-    m_app->add_option_function<std::string>(name, checked, help)->trigger_on_parse()->option_text(" ");
-    m_form.operands.push_back({name, help});
-}
-
 void OptionParser::words(const std::string& valueName, std::vector<std::string> words) {
     m_form.words[valueName] = std::move(words);
 }
@@ -132,6 +124,11 @@ void OptionParser::exitCode(const std::string& code, const std::string& meaning)
 
 void OptionParser::manual(const std::string& title, const std::string& text) {
     m_form.sections.push_back({title, text});
+}
+
+void OptionParser::operands(const std::string& name, const std::string& help, std::vector<std::string>& target) {
+    m_app->add_option(name, target, help)->transform(withoutMark);
+    m_form.operands.push_back({name, help});
 }
 
 void OptionParser::command(const std::string& name, const std::vector<Operand>& operands, const std::string& help,
@@ -157,8 +154,9 @@ void OptionParser::command(const std::string& name, const std::vector<Operand>& 
 std::string OptionParser::helpPage() const {
     std::ostringstream page;
     const bool hasCommands = !m_app->get_subcommands({}).empty();
-    page << m_app->get_description() << "\n\nUsage: " << m_app->get_name() << " [options]"
-         << (hasCommands ? " COMMAND\n\nCommands:\n" : "\n");
+    page << m_app->get_description() << "\n\nUsage: " << m_app->get_name() << " [options]";
+    for (const auto& operand : m_form.operands) page << " [" << operand.name << "]";
+    page << (hasCommands ? " COMMAND\n\nCommands:\n" : "\n");
     listCommands(page, *m_app, "");
     CLI::Formatter formatter;
     formatter.column_width(columnWidth);

@@ -36,12 +36,11 @@ public:
     void flag(const std::string& names, const std::string& help, bool& target);
     /// Every value that is given goes to `take`, in their order; none of them is empty.
     void option(const std::string& names, const std::string& valueName, const std::string& help, Take take);
+    /// What stands behind the options, any number of it, for a program without commands.
+    void operands(const std::string& name, const std::string& help, std::vector<std::string>& target);
     /// A command of one word or two; it wants all its operands. `chosen` is called when all arguments are right.
     void command(const std::string& name, const std::vector<Operand>& operands, const std::string& help,
                  std::function<void()> chosen);
-
-    /// What may stand without a name, once; for a program without commands.
-    void operand(const std::string& name, const std::string& help, Take take);
 
     /// A value or operand of this name is one of the words; what shells offer for it. The check is its `take`'s.
     void words(const std::string& valueName, std::vector<std::string> words);
@@ -57,7 +56,6 @@ public:
 private:
     void addPages();
     std::string helpPage() const;
-
     std::unique_ptr<CLI::App> m_app;
     ProgramForm m_form;
     std::string m_group = "OPTIONS";

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "platform/RecentFiles.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
@@ -39,6 +40,7 @@ std::string proposed(const std::string& path, const FileWanted& wanted) {
 void OwnersFiles::remember(const std::string& file) {
     path = file;
     store();
+    recentfiles::add(m_desk.settings, file);
 }
 
 std::optional<std::string> OwnersFiles::ask(FileDialogRequest::Mode mode, const FileWanted& wanted) {

@@ -22,13 +22,17 @@ TEST(StartOptions, TakesPortsFoldersAndRefusesNonsense) {
                                                        {"--port", "1="},
                                                        {"--settings"},
                                                        {"--demo", "--port", "1=/dev/x"},
-                                                       {"--port", "2=/dev/x", "3=/dev/y"},
                                                        {"-platforms", "xcb"},
-                                                       {"--style=fusion", "--styl=x"},
-                                                       {"--", "--demo"},
-                                                       {"shack.mnu"}}) {
+                                                       {"--style=fusion", "--styl=x"}}) {
         EXPECT_FALSE(parseStartOptions(bad)) << testing::PrintToString(bad);
     }
+}
+
+TEST(StartOptions, TakeFilesWhereverTheyStand) {
+    const auto options = parseStartOptions({"shack.mnu", "--demo", "b c.kem", "--", "--demo"});
+    ASSERT_TRUE(options) << options.error().text;
+    EXPECT_EQ(options->files, (std::vector<std::string>{"shack.mnu", "b c.kem", "--demo"}));
+    EXPECT_NE(parseStartOptions({"--help"})->print.find("korvex [options] [FILE]"), std::string::npos);
 }
 
 TEST(StartOptions, LeaveToQtWhatIsQts) {

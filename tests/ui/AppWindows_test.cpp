@@ -1,7 +1,9 @@
 #include <QAccessible>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QImage>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QScreen>
 #include <gtest/gtest.h>
@@ -14,6 +16,7 @@
 #include "fakes/FakeDialogs.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/VirtualClock.h"
+#include "platform/RecentFiles.h"
 #include "radio/SimulatedPorts.h"
 #include "ui/Widgets.h"
 #include "windows/ui/ToolWindow.h"
@@ -52,6 +55,58 @@ struct DesktopTest : testing::Test {
     fakes::ProgramBench<SimulatedPorts> bench;
     Desktop desktop{bench.program};
 };
+
+/// Letters among the entries of one menu, or of the bar.
+void expectOneLetterEach(const QList<QAction*>& actions) {
+    std::set<QChar> letters;
+    for (const QAction* action : actions) {
+        if (action->isSeparator()) continue;
+        const auto at = action->text().indexOf(QLatin1Char('&'));
+        ASSERT_GE(at, 0) << action->text().toStdString();
+        EXPECT_TRUE(letters.insert(action->text().at(at + 1).toLower()).second) << action->text().toStdString();
+        if (action->menu()) expectOneLetterEach(action->menu()->actions());
+    }
+}
+
+TEST_F(DesktopTest, EveryWindowTakesFilesHelpAndTheEndByKeyboard) {
+    for (int tool = 0; tool < StartWindow::toolCount; ++tool) {
+        pick(static_cast<StartWindow::Tool>(tool));
+        for (ToolWindow* window : visible()) {
+            SCOPED_TRACE(window->objectName().toStdString());
+            expectOneLetterEach(window->menuBar()->actions());
+            QMimeData files;
+            files.setUrls({QUrl::fromLocalFile(QStringLiteral("/nowhere/x.mef"))});
+            QDragEnterEvent enter({5, 5}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(window, &enter);
+            EXPECT_TRUE(enter.isAccepted());
+            QDropEvent drop({5, 5}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+            bench.msgBox.foresee("There is no file /nowhere/x.mef");
+            QApplication::sendEvent(window, &drop);
+            QApplication::processEvents();
+        }
+        if (inUse() == "frmProgr") continue;  // the descriptions are being loaded
+        bench.shell.started.clear();
+        QTest::keyClick(QApplication::activeWindow(), Qt::Key_F1);
+        QApplication::processEvents();
+        EXPECT_EQ(bench.shell.started.size(), 1U) << inUse();
+    }
+    int ends = 0;
+    const auto counted = bench.program.ended.connect([&ends] { ++ends; });
+    QTest::keyClick(QApplication::activeWindow(), Qt::Key_Q, Qt::ControlModifier);
+    QApplication::processEvents();
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(DesktopTest, ARecentFileIsOneClickAway) {
+    recentfiles::add(bench.settings, "/nowhere/my & yours.mef");
+    auto* recent = control<QMenu>(*visible().front(), "mnu_RecentFiles");
+    Q_EMIT recent->aboutToShow();
+    ASSERT_EQ(recent->actions().size(), 1);
+    EXPECT_EQ(recent->actions()[0]->text(), QStringLiteral("&1  my && yours.mef"));
+    bench.msgBox.foresee("There is no file /nowhere/my & yours.mef");
+    recent->actions()[0]->trigger();
+    QApplication::processEvents();
+}
 
 TEST_F(DesktopTest, ThePickedToolHasTheKeyboardAndTheTerminalComesWithoutTakingIt) {
     auto& terminal = bench.program.windows.terminal;
@@ -287,14 +342,14 @@ TEST_F(StartWindowUi, ItsMenusAct) {
     window.show();
     const auto bar = window.menuBar()->actions();
     ASSERT_EQ(bar.size(), 3);
-    EXPECT_EQ(bar[0]->text(), QStringLiteral("Files"));
-    EXPECT_EQ(bar[1]->text(), QStringLiteral("Help"));
-    EXPECT_EQ(bar[2]->text(), QStringLiteral("About"));
+    EXPECT_EQ(caption(bar[0]), QStringLiteral("Files"));
+    EXPECT_EQ(caption(bar[1]), QStringLiteral("Help"));
+    EXPECT_EQ(caption(bar[2]), QStringLiteral("About"));
     // As assistive programs press them.
     QAccessibleInterface* shown = QAccessible::queryAccessibleInterface(window.menuBar());
     for (const int entry : {1, 2}) {
         ASSERT_TRUE(shown->child(entry) && shown->child(entry)->actionInterface());
-        EXPECT_EQ(shown->child(entry)->text(QAccessible::Name), bar[entry]->text());
+        EXPECT_EQ(shown->child(entry)->text(QAccessible::Name), caption(bar[entry]));
         shown->child(entry)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         QCoreApplication::processEvents();
     }
@@ -304,7 +359,7 @@ TEST_F(StartWindowUi, ItsMenusAct) {
 
 TEST_F(StartWindowUi, ExitStoresThePlaceAndStaysWhenTheUserWantsToStay) {
     window.show();
-    EXPECT_EQ(control<QAction>(window, "mnu_Exit")->text(), QStringLiteral("Exit Program"));
+    EXPECT_EQ(caption(control<QAction>(window, "mnu_Exit")), QStringLiteral("Exit Program"));
     mayUnload = false;
     choose(window, "mnu_Exit");
     EXPECT_TRUE(window.isVisible());

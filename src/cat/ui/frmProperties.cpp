@@ -175,7 +175,7 @@ QWidget* frmProperties::makeSearchRow() {
     txtSearch->setTabChangesFocus(true);
     txtSearch->setFixedHeight(fontMetrics().lineSpacing() * 5);
     txtSearch->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    txtSearch->setPlaceholderText(QStringLiteral(
+    txtSearch->setPlainText(QStringLiteral(
         "\"Find my Radio\" asks every free port for the radio's model, at each speed that the radio knows. "
         "Nothing else is sent."));
     layout->addWidget(cmdFind, 0, 0);

@@ -1,7 +1,9 @@
 #include "desktop/ui/Desktop.h"
 
 #include <QApplication>
+#include <QMenu>
 #include <QSessionManager>
+#include <QShortcut>
 #include <algorithm>
 #include <utility>
 
@@ -16,6 +18,7 @@
 #include "menu/ui/frmDescription.h"
 #include "share/ui/ShareEntries.h"
 #include "terminal/ui/frmTerm.h"
+#include "windows/ui/FileMenu.h"
 
 namespace korvex {
 
@@ -50,7 +53,32 @@ Desktop::~Desktop() = default;
 void Desktop::showStartWindow() {
     m_startWindow = std::make_unique<frmUtilities>(m_program.startWindow, m_program.machine().settings,
                                                    [this](QWidget* owner) { showAboutBox(owner); });
+    addFileMenu(*m_startWindow, "mnu_Files");
+    acceptFiles(*m_startWindow);
     m_startWindow->show();
+}
+
+/// What every window answers to, whatever it is for.
+void Desktop::introduce(ToolWindow& window) {
+    acceptFiles(window);
+    const auto add = [&window](const QKeySequence& keys, auto run) {
+        auto* shortcut = new QShortcut(keys, &window);
+        // Queued: the end of the program takes the window, and with it the shortcut, away.
+        QObject::connect(shortcut, &QShortcut::activated, &window, run, Qt::QueuedConnection);
+    };
+    add(Qt::Key_F1, [this] { m_program.startWindow.mnuHelp_Click(); });
+    add(Qt::CTRL | Qt::Key_Q, [this] { m_program.end(); });
+}
+
+void Desktop::acceptFiles(ToolWindow& window) {
+    m_connections += window.filesDropped.connect([this](const auto& files) { m_program.opener.open(files); });
+}
+
+void Desktop::addFileMenu(ToolWindow& window, const char* menu) {
+    auto* entries = window.findChild<QMenu*>(QLatin1String(menu));
+    addFileEntries(*entries, {.ask = [this] { m_program.opener.mnu_OpenFile_Click(m_program.files.path); },
+                              .recent = [this] { return m_program.opener.recent(); },
+                              .openThis = [this](const std::string& file) { m_program.opener.open({file}); }});
 }
 
 void Desktop::follow(WindowState& state, Maker make) {
@@ -60,6 +88,7 @@ void Desktop::follow(WindowState& state, Maker make) {
         if (visible && !*window) {
             m_loaded.push_back(make());
             *window = m_loaded.back().get();
+            introduce(**window);
         }
         if (*window && !visible) (*window)->hide();
     });
@@ -72,20 +101,21 @@ void Desktop::follow(WindowState& state, Maker make) {
 }
 
 std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
-    return std::make_unique<frmTerm>(
-        m_program.terminal, m_program.windows, m_program.machine().settings,
-        TerminalActions{
-            .saveMenu = [this] { m_program.menuSave.mnu_Store_Click(); },
-            .restoreMenu = [this] { m_program.menuRestore.mnu_Restore_Click(); },
-            .saveMemories = [this] { m_program.memory.saver.mnu_saveMem_Click(); },
-            .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },
-            .portSettings = [this] { showPortSettings(); },
-            .addShareEntries = [this](QMenu* menu) { addShareEntries(*menu, m_program.shareEntry, m_connections); },
-            .about = [this] { showAboutBox(terminalWindow()); },
-            .backupRadio = [this] { m_program.backupEntry.mnu_BackupRadio_Click(); },
-            .restoreRadio = [this] { m_program.restoreEntry.mnu_RestoreRadio_Click(); },
-            .endProgram = [this] { return m_program.end(); },
-        });
+    auto terminal =
+        std::make_unique<frmTerm>(m_program.terminal, m_program.windows, m_program.machine().settings,
+                                  TerminalActions{
+                                      .saveMenu = [this] { m_program.menuSave.mnu_Store_Click(); },
+                                      .restoreMenu = [this] { m_program.menuRestore.mnu_Restore_Click(); },
+                                      .saveMemories = [this] { m_program.memory.saver.mnu_saveMem_Click(); },
+                                      .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },
+                                      .portSettings = [this] { showPortSettings(); },
+                                      .about = [this] { showAboutBox(terminalWindow()); },
+                                      .backupRadio = [this] { m_program.backupEntry.mnu_BackupRadio_Click(); },
+                                      .restoreRadio = [this] { m_program.restoreEntry.mnu_RestoreRadio_Click(); },
+                                      .endProgram = [this] { return m_program.end(); },
+                                  });
+    addFileMenu(*terminal, "mnu_File");
+    return terminal;
 }
 
 void Desktop::onSessionEnd(QSessionManager& session) {

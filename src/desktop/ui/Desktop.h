@@ -14,6 +14,7 @@ class QSessionManager;
 namespace korvex {
 
 class frmUtilities;
+struct FileMenuCalls;
 
 /// The windows of the program. Each is made when it is first to be seen and lives until the end; from then on it
 /// follows what the logic holds. The only place that knows all windows.
@@ -28,6 +29,9 @@ private:
     using Maker = std::function<std::unique_ptr<ToolWindow>()>;
 
     void follow(WindowState& state, Maker make);
+    void introduce(ToolWindow& window);
+    void addFileMenu(ToolWindow& window, const char* menu);
+    void acceptFiles(ToolWindow& window);
     std::unique_ptr<ToolWindow> makeTerminal();
     void onSessionEnd(QSessionManager& session);
     void showAboutBox(QWidget* owner);

@@ -64,6 +64,9 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
     Desktop desktop(program);
     desktop.showStartWindow();
     if (!folder->news.empty()) msgBox.show({folder->news, "", MsgIcon::Information, MsgButtons::Ok});
+    // From the event loop: a box of ours needs one, and the window should be there first.
+    QMetaObject::invokeMethod(
+        QApplication::instance(), [&program, &options] { program.opener.open(options.files); }, Qt::QueuedConnection);
     if (started) started(program);
     // As at the end of the desktop's session: nobody is asked any more.
     endsignals::watch();

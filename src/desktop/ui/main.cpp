@@ -1,4 +1,7 @@
 #include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 #include <iostream>
 
 #include "base/Printable.h"
@@ -36,6 +39,12 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("korvex"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(programIcon());
+    // The toolkit's own dialogs speak the desktop's language, where its translations are installed.
+    QTranslator toolkit;
+    if (toolkit.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                     QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(&toolkit);
+    }
     return runProgram(*options);
 }
 

@@ -1,9 +1,16 @@
 #include "windows/ui/ToolWindow.h"
 
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QGuiApplication>
+#include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
+#include <QUrl>
+#include <algorithm>
 #include <utility>
+
+#include "windows/ui/Mnemonics.h"
 
 namespace korvex {
 
@@ -27,7 +34,9 @@ std::vector<WindowPlace> screensInTwips() {
 }  // namespace
 
 ToolWindow::ToolWindow(const WindowGeometry& geometry, SettingsStore& settings)
-    : m_geometry(geometry), m_settings(settings) {}
+    : m_geometry(geometry), m_settings(settings) {
+    setAcceptDrops(true);
+}
 
 void ToolWindow::loadPlace() {
     m_wasPlaced = m_geometry.isRemembered(m_settings);
@@ -44,6 +53,7 @@ void ToolWindow::goTo(const WindowPlace& place) {
 void ToolWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (event->spontaneous() || std::exchange(m_fitted, true)) return;
+    if (auto* bar = qobject_cast<QMenuBar*>(menuWidget())) giveMnemonics(*bar);
     const auto bring = m_wasPlaced ? broughtIntoSight : broughtWhollyIntoSight;
     goTo(bring(presentPlace(), screensInTwips()));
 }
@@ -83,6 +93,23 @@ WindowPlace ToolWindow::presentPlace() const {
 bool ToolWindow::closeBox() {
     storePlace();
     return true;
+}
+
+void ToolWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const auto urls = event->mimeData()->urls();
+    const bool hasFile = std::any_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
+    event->setAccepted(hasFile);
+}
+
+/// Whoever dragged it may not wait for a box that is answered first.
+void ToolWindow::dropEvent(QDropEvent* event) {
+    std::vector<std::string> files;
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) files.push_back(url.toLocalFile().toStdString());
+    }
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, files] { filesDropped.emit(files); }, Qt::QueuedConnection);
 }
 
 void ToolWindow::closeEvent(QCloseEvent* event) {

@@ -1,10 +1,15 @@
 #pragma once
 
 #include <QMainWindow>
+#include <string>
+#include <vector>
 
+#include "base/Signal.h"
 #include "windows/WindowGeometry.h"
 
 class QCloseEvent;
+class QDragEnterEvent;
+class QDropEvent;
 
 namespace korvex {
 
@@ -26,6 +31,9 @@ public:
     /// Makes it visible without taking the keyboard from the window that has it. One that is visible stays as it is.
     void showBehind();
 
+    /// Files were dropped on the window; their names in UTF-8.
+    Signal<const std::vector<std::string>&> filesDropped;
+
     static int pixels(int twips) { return pixelsFromTwips(twips); }
     static int twips(int pixels) { return twipsFromPixels(pixels); }
 
@@ -41,6 +49,8 @@ protected:
 
     void closeEvent(QCloseEvent* event) final;
     void showEvent(QShowEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     WindowPlace presentPlace() const;
