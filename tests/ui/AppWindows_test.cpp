@@ -90,6 +90,14 @@ TEST_F(DesktopTest, EveryWindowTakesFilesHelpAndTheEndByKeyboard) {
         QApplication::processEvents();
         EXPECT_EQ(bench.shell.started.size(), 1U) << inUse();
     }
+    for (const char* entry : {"mnu_SaveKeyer", "mnu_SaveMemFile", "mnu_saveDatafromHD", "Flexgrid_toGrid"}) {
+        const QAction* save = nullptr;
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            if (!save) save = window->findChild<QAction*>(QLatin1String(entry));
+        }
+        ASSERT_NE(save, nullptr) << entry;
+        EXPECT_EQ(save->shortcut(), QKeySequence(QKeySequence::Save)) << entry;
+    }
     int ends = 0;
     const auto counted = bench.program.ended.connect([&ends] { ++ends; });
     QTest::keyClick(QApplication::activeWindow(), Qt::Key_Q, Qt::ControlModifier);

@@ -1,10 +1,12 @@
 #include "desktop/ui/Desktop.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QMenu>
 #include <QSessionManager>
 #include <QShortcut>
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "app/ui/frmAbout.h"
@@ -21,6 +23,23 @@
 #include "windows/ui/FileMenu.h"
 
 namespace korvex {
+
+namespace {
+
+/// The entries by which the tools load and save their own files.
+constexpr auto loadEntries =
+    std::to_array<const char*>({"mnu_LoadMemFile", "mnu_loadDatafromHD", "mnu_LoadKeyer", "mnu_loadFlexgrid"});
+constexpr auto saveEntries =
+    std::to_array<const char*>({"mnu_SaveMemFile", "mnu_saveDatafromHD", "mnu_SaveKeyer", "Flexgrid_toGrid"});
+
+void giveKeys(const QWidget& window, const auto& entries, const QKeySequence& keys) {
+    for (const char* name : entries) {
+        auto* entry = window.findChild<QAction*>(QLatin1String(name));
+        if (entry && entry->shortcut().isEmpty()) entry->setShortcut(keys);
+    }
+}
+
+}  // namespace
 
 Desktop::Desktop(Program& program) : m_program(program), m_progress(program.progress) {
     SettingsStore& settings = program.machine().settings;
@@ -61,6 +80,8 @@ void Desktop::showStartWindow() {
 /// What every window answers to, whatever it is for.
 void Desktop::introduce(ToolWindow& window) {
     acceptFiles(window);
+    giveKeys(window, loadEntries, QKeySequence::Open);
+    giveKeys(window, saveEntries, QKeySequence::Save);
     const auto add = [&window](const QKeySequence& keys, auto run) {
         auto* shortcut = new QShortcut(keys, &window);
         // Queued: the end of the program takes the window, and with it the shortcut, away.
