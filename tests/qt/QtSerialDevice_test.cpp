@@ -11,6 +11,7 @@
 #include <sys/wait.h>
 #include <termios.h>
 
+#include "platform/PortProblem.h"
 #include "platform/posix/PortHolder.h"
 #include "platform/posix/TtyFormat.h"
 #include "platform/qt/QtClock.h"
@@ -200,7 +201,9 @@ TEST_F(SerialDeviceOnPty, ABusyPortNamesWhoHasIt) {
     {
         OtherProgram locking([this] { ::flock(::open(pty.device.c_str(), O_RDWR | O_NOCTTY), LOCK_EX); });
         EXPECT_EQ(busyText(locking.pid), "named");
+        EXPECT_TRUE(portproblem::heldByOther(pty.device));
     }
+    EXPECT_FALSE(portproblem::heldByOther(pty.device)) << "whoever made a pseudo terminal has it open, too";
     const std::string lockFile = lockFileOf(pty.device);
     {
         OtherProgram old([] {});
