@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "bandstack/BandStackFile.h"
+#include "bandstack/BandStackParts.h"
 #include "base/CodePage.h"
 #include "cat/FileToRestore.h"
 
@@ -32,7 +33,8 @@ BandStackWindow::BandStackWindow(CatLink& link, Clock& clock, const OwnersDesk& 
       m_files(desk, keys::bandStackPath),
       m_reader(link, clock),
       m_writer(link),
-      m_walk(link, m_reader, m_writer) {
+      m_walk(link, m_reader, m_writer),
+      m_comparison(m_stack, link, clock, m_files) {
     listen();
 }
 
@@ -49,9 +51,13 @@ void BandStackWindow::listen() {
         if (const std::string& why = m_walk.whyNotHome(); !why.empty())
             m_link.received().append("\r\n " + why + " \r\n");
     });
-    m_connections += m_writer.began.connect([this] { m_stack.show(m_writer.cells()); });
-    m_connections += m_writer.told.connect(
-        [this](int row, int column) { m_stack.show(row, column, m_writer.cells().at(row, column)); });
+    m_connections += m_writer.began.connect([this] {
+        if (!m_writesPart) m_stack.show(m_writer.cells());
+    });
+    m_connections += m_writer.told.connect([this](int row, int column) {
+        if (!m_writesPart) m_stack.show(row, column, m_writer.cells().at(row, column));
+    });
+    m_connections += m_comparison.reader().silent.connect([this] { tellSilence(); });
     m_connections += m_writer.sendsCell.connect([this](const std::string& wire) { cellWritten = utf8FromWire(wire); });
     m_connections += m_writer.ended.connect([this](const Outcome& outcome) {
         if (!m_goesHome) onWriteEnded(outcome);
@@ -115,8 +121,51 @@ void BandStackWindow::mnu_readBandStack_Click() {
 
 void BandStackWindow::mnu_writeBandStack_Click() {
     if (!mayBeIncomplete("Write the band stack all the same?")) return;
+    m_writesPart = false;
     m_goesHome = m_link.pace == Pace::Answered;
     m_goesHome ? m_walk.write(m_stack.cells()) : m_writer.write(m_stack.cells());
+}
+
+bool BandStackWindow::hasBeenRefused(int column) {
+    if (m_stack.cells().at(1, column) != "?;") return false;
+    m_files.msgBox().exclamation(registerInWords(column) + " was refused by the radio: there is nothing to write.");
+    return true;
+}
+
+/// "20 m / 2 is empty or incomplete.", a line each.
+std::string BandStackWindow::incompleteIn(const BandStackCells& cells, int first, int count) const {
+    std::string text;
+    for (int column = first; column < first + count; ++column) {
+        if (!isWholeRegister(cells, column)) text += registerInWords(column) + " is empty or incomplete.\r\n";
+    }
+    return text;
+}
+
+void BandStackWindow::writePart(const BandStackCells& part) {
+    m_writesPart = true;
+    m_goesHome = false;
+    m_writer.write(part);
+}
+
+void BandStackWindow::mnu_writeBand_Click() {
+    const int column = m_stack.grid.Col();
+    const int first = firstOfBand(column);
+    const BandStackCells cells = m_stack.cells();
+    if (hasBeenRefused(first)) return;
+    const std::string missing = incompleteIn(cells, first, BandStackCells::perBand);
+    const std::string question = "Write " + bandInWords(column) + " all the same?";
+    if (missing.empty() || m_files.msgBox().confirm(missing + question)) writePart(onlyBandOf(cells, column));
+}
+
+void BandStackWindow::mnu_writeRegister_Click() {
+    const int column = m_stack.grid.Col();
+    const BandStackCells cells = m_stack.cells();
+    if (hasBeenRefused(column)) return;
+    const std::string question =
+        "No command names a register: it is written into the one that the radio stands on.\r\n"
+        "Choose that with the radio's band key first.\r\nWrite " +
+        registerInWords(column) + " there now?";
+    if (m_files.msgBox().confirm(incompleteIn(cells, column, 1) + question)) writePart(onlyRegisterOf(cells, column));
 }
 
 void BandStackWindow::mnu_saveDatafromHD_Click() {

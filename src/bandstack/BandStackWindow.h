@@ -3,6 +3,7 @@
 #include <string>
 
 #include "bandstack/BandStack.h"
+#include "bandstack/BandStackComparison.h"
 #include "bandstack/BandStackReader.h"
 #include "bandstack/BandStackWalk.h"
 #include "bandstack/BandStackWriter.h"
@@ -24,6 +25,9 @@ public:
     void mnu_readBandStack_Click();
     /// Writing and saving ask first when registers are missing.
     void mnu_writeBandStack_Click();
+    /// The band, or the register, of the current column alone; the grid stays.
+    void mnu_writeBand_Click();
+    void mnu_writeRegister_Click();
     void mnu_loadDatafromHD_Click() { loadBandStackFile(); }
     void mnu_saveDatafromHD_Click();
     void mnu_closeWindow_Click();
@@ -37,6 +41,7 @@ public:
     BandStackReader& reader() { return m_reader; }
     BandStackWriter& writer() { return m_writer; }
     OwnersFiles& files() { return m_files; }
+    BandStackComparison& comparison() { return m_comparison; }
 
     Property<std::string> cellWritten;    ///< the text that is being written to the radio, UTF-8
     Property<std::string> dateipath;      ///< panel "Dateipath"
@@ -58,6 +63,9 @@ private:
     void onWriteEnded(const Outcome& outcome);
     void tellSilence();
     void tellStrangeAnswers();
+    bool hasBeenRefused(int column);
+    std::string incompleteIn(const BandStackCells& cells, int first, int count) const;
+    void writePart(const BandStackCells& part);
     bool mayBeIncomplete(const std::string& question);
     Failure take(const std::string& content);
     void tellSaveError(const RuntimeError& error);
@@ -70,6 +78,8 @@ private:
     BandStackWriter m_writer;
     BandStackWalk m_walk;
     bool m_goesHome = false;  // the last transfer leads the radio back to where it was
+    BandStackComparison m_comparison;
+    bool m_writesPart = false;  // which is not what the grid shows
     Connections m_connections;
 };
 

@@ -93,7 +93,7 @@ void BandStackWriter::writeCell() {
     if (!skipRefusedBand()) return finish();
     const std::string command = bandStackCommand(m_cells.at(m_row, m_column)) + std::string(crLf);
     m_operation->write(cellName(m_cells, m_row, m_column), command);
-    ++m_written;
+    if (command != crLf) ++m_written;
     show(command);
     ++m_row;
     if (m_row <= BandStackCells::lastQueried) {

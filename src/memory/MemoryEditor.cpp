@@ -108,7 +108,7 @@ std::optional<std::string> MemoryEditor::Text1_Change(const std::string& utf8) {
 
 void MemoryEditor::Command1_Click() {
     composeEditorWriteCommand();
-    const MemoryList::Step step(m_list, "copy channel " + channelText(channel()) + " into the list");
+    const MemoryList::Step step(m_list, "copying of channel " + channelText(channel()) + " into the list");
     m_list.place(channel(), m_fields);
     m_list.setRemark(channel(), remarkText);
     m_edited = false;

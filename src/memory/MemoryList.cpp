@@ -139,17 +139,17 @@ void MemoryList::fillRow(int row, const MemoryRecord& record) {
 }
 
 void MemoryList::place(int row, const MemoryRecord& record) {
-    const Step step(*this, "copy channel " + channelText(row) + " into the list");
+    const Step step(*this, "copying of channel " + channelText(row) + " into the list");
     fillRow(row, record);
 }
 
 void MemoryList::setRemark(int row, std::string utf8) {
-    const Step step(*this, "change the remark");
+    const Step step(*this, "change of the remark");
     setCell(row, MemoryField::Remark, std::move(utf8));
 }
 
 void MemoryList::placeAnswer(int row, const MemoryRecord& record) {
-    const Step step(*this, "read channel " + channelText(row));
+    const Step step(*this, "reading of channel " + channelText(row));
     setCell(row, MemoryField::Channel, channelText(row));
     for (const auto& place : memoryLayout) {
         if (place.field != MemoryField::Channel) setCell(row, place.field, utf8FromWire(record[place.field]));
@@ -172,7 +172,7 @@ void MemoryList::placeReading(int row, const MemoryRecord& record) {
 }
 
 void MemoryList::fillListFromMemoryTable(const MemoryTable& table, const std::set<int>& kept) {
-    const Step step(*this, "read the memories");
+    const Step step(*this, "reading of the memories");
     for (int slot = 1; slot <= lastMemoryChannel; ++slot) {
         const auto record = parseMemoryString(table[slot]);
         const int row = record ? memoryListRow((*record)[MemoryField::Channel]) : 0;
@@ -203,7 +203,7 @@ std::set<int> MemoryList::rowsChangedMeanwhile(const MemoryTable& table) const {
 }
 
 void MemoryList::replaceAll(const std::map<int, MemoryRecord>& records) {
-    const Step step(*this, "load a file");
+    const Step step(*this, "loading of a file");
     grid.Clear();
     setListHeaders();
     for (const auto& [row, record] : records) fillRow(row, record);
@@ -217,7 +217,7 @@ void MemoryList::renumberFilledRows() {
 }
 
 void MemoryList::clearRow(int row) {
-    const Step step(*this, "delete the content");
+    const Step step(*this, "deletion of the content");
     MemoryRow empty;
     empty.marked = true;
     setRow(row, empty);
@@ -225,7 +225,7 @@ void MemoryList::clearRow(int row) {
 
 void MemoryList::insertRow(int row) {
     if (!isChannelRow(row)) return;
-    const Step step(*this, "insert a row");
+    const Step step(*this, "insertion of a row");
     for (int to = rows; to > row; --to) setRow(to, this->row(to - 1));
     setRow(row, {});
     renumberFilledRows();
@@ -233,7 +233,7 @@ void MemoryList::insertRow(int row) {
 
 void MemoryList::deleteRow(int row) {
     if (!isChannelRow(row)) return;
-    const Step step(*this, "delete a row");
+    const Step step(*this, "removal of a row");
     for (int to = row; to < rows; ++to) setRow(to, this->row(to + 1));
     setRow(rows, {});
     renumberFilledRows();

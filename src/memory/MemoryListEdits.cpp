@@ -51,7 +51,8 @@ void MemoryListEdits::insertRow(int row) {
 
 void MemoryListEdits::deleteRows(const std::vector<int>& rows) {
     const MemoryList::Step step(m_list, "removal of " + rowsInWords(rows.size()));
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row) m_list.deleteRow(*row);
+    int removed = 0;  // what was below has come up
+    for (const int row : rows) m_list.deleteRow(row - removed++);
     told = rowsInWords(rows.size()) + " removed";
 }
 

@@ -129,7 +129,7 @@ TEST_F(Edits, APasteWithBadCellsSaysWhichAndChangesNothingWithoutLeave) {
     msgBox.foresee("1 of the pasted cells cannot be taken:\r\nRow 98, Frequency: \"14.2\" needs a unit", MsgAnswer::No);
     pasteText(text);
     EXPECT_FALSE(list.filled(97));
-    EXPECT_EQ(list.history().undoable(), "load a file");
+    EXPECT_EQ(list.history().undoable(), "loading of a file");
     msgBox.foresee("Paste the other 2 rows?", MsgAnswer::Yes);
     pasteText(text);
     EXPECT_EQ(msgBox.shown.back().buttons, MsgButtons::YesNoCareful);

@@ -118,22 +118,22 @@ TEST(MemoryList, FillsFromTheTableInOneRedrawAndKeepsOtherRows) {
 
 TEST(MemoryList, UndoesWhateverChangedTheRowsAndMakesItAgain) {
     ListOf list({5, 6, 7});
-    EXPECT_EQ(list.history().undoable(), "load a file");
+    EXPECT_EQ(list.history().undoable(), "loading of a file");
     list.insertRow(6);
     list.clearRow(5);
     MemoryTable table;
     table.set(1, "MR00718000000+000000200080;");
     list.fillListFromMemoryTable(table);
     EXPECT_TRUE(list.radioHas(7));
-    EXPECT_EQ(*list.undo(), "read the memories");
+    EXPECT_EQ(*list.undo(), "reading of the memories");
     EXPECT_EQ(channelAndRemark(list, 7), "007 R6");
     EXPECT_FALSE(list.radioHas(7));
     EXPECT_TRUE(list.isChanged(7));
     EXPECT_FALSE(list.isChanged(4));
-    EXPECT_EQ(*list.undo(), "delete the content");
+    EXPECT_EQ(*list.undo(), "deletion of the content");
     EXPECT_EQ(channelAndRemark(list, 5), "005 R5");
     EXPECT_FALSE(list.grid.CellBackColor(5, 1));
-    EXPECT_EQ(*list.redo(), "delete the content");
+    EXPECT_EQ(*list.redo(), "deletion of the content");
     EXPECT_TRUE(rowIsEmpty(list, 5));
     EXPECT_TRUE(list.grid.CellBackColor(5, 1));
     list.setRemark(99, "else");

@@ -136,6 +136,11 @@ TEST_F(MemoryWindows, FormAndListShowOneAnother) {
     ASSERT_TRUE(List1->isVisible());
     EXPECT_TRUE(list.rect().contains(List1->geometry()));
     picture(list, "list-popup.png");
+    EXPECT_EQ(List1->currentRow(), -1);
+    key(List1, Qt::Key_Return);  // nothing is chosen
+    EXPECT_FALSE(List1->isVisible());
+    EXPECT_FALSE(memory.list.filled(13));
+    press(13, Qt::RightButton);
     List1->setCurrentRow(4);
     key(List1, Qt::Key_Return);
     EXPECT_FALSE(List1->isVisible());
@@ -146,6 +151,90 @@ TEST_F(MemoryWindows, FormAndListShowOneAnother) {
     EXPECT_FALSE(List1->isVisible());
     key(grid, Qt::Key_V, QStringLiteral("v"));
     EXPECT_EQ(memory.list.cell(14, MemoryField::Channel), "014");
+}
+
+TEST_F(MemoryWindows, CellsAreEditedInPlaceAndTheFormFollows) {
+    list.activateWindow();
+    grid->setFocus();
+    QApplication::processEvents();
+    const auto cellEditor = [this]() -> QWidget* {
+        for (auto* widget : list.findChildren<QWidget*>(QStringLiteral("CellEditor"))) {
+            if (widget->isVisible()) return widget;
+        }
+        return nullptr;
+    };
+    const auto ended = [] {
+        QApplication::processEvents();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    key(grid, Qt::Key_Down);
+    EXPECT_EQ(memory.editor.channelPlace.get(), 1);
+    key(grid, Qt::Key_Return);  // the channel's number is its row's
+    EXPECT_EQ(cellEditor(), nullptr);
+    key(grid, Qt::Key_Right);
+    key(grid, Qt::Key_1, QStringLiteral("1"));
+    auto* line = dynamic_cast<QLineEdit*>(cellEditor());
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->accessibleName().toStdString(), "Freq, 2");
+    EXPECT_TRUE(list.rect().contains(QRect(line->mapTo(&list, QPoint()), line->size())));
+    line->setText(QStringLiteral("14.25"));
+    key(line, Qt::Key_Return);
+    EXPECT_EQ(cellEditor(), line);  // could be two things
+    EXPECT_NE(find<QLabel>(list, "told")->text().indexOf(QStringLiteral("needs a unit")), -1);
+    line->setText(QStringLiteral("14.25 MHz"));
+    key(line, Qt::Key_Return);
+    ended();
+    EXPECT_EQ(cellEditor(), nullptr);
+    EXPECT_EQ(memory.list.cell(2, MemoryField::Frequency), "14250000");
+    EXPECT_EQ(find<QLineEdit>(editor, "txt1")->text().toStdString(), "14'250'000");
+
+    find<QAction>(list, "mnu_readable")->setChecked(true);
+    EXPECT_EQ(bench.settings.values["Settings/ChannelinfoReadable"], "True");
+    EXPECT_EQ(grid->model()->index(1, 1).data().toString().toStdString(), "14.250.000");
+    memory.list.grid.setCurrent(2, MemoryList::column(MemoryField::Mode));
+    grid->editCurrent();
+    auto* combo = dynamic_cast<QComboBox*>(cellEditor());
+    ASSERT_NE(combo, nullptr);
+    EXPECT_EQ(combo->currentText().toStdString(), "LSB");
+    combo->setCurrentIndex(2);
+    key(combo, Qt::Key_Return);
+    ended();
+    EXPECT_EQ(memory.list.cell(2, MemoryField::Mode), "3");
+    auto* undo = find<QAction>(list, "mnu_undo");
+    EXPECT_EQ(undo->text().toStdString(), "Undo change of Mode, row 2");
+    undo->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(memory.list.cell(2, MemoryField::Mode), "1");
+    EXPECT_TRUE(find<QAction>(list, "mnu_redo")->isEnabled());
+}
+
+TEST_F(MemoryWindows, SeveralRowsAreChosenCopiedAndMoved) {
+    memory.list.place(3, *parseMemoryString("MW00307050000+000000200080;"));
+    memory.list.place(4, *parseMemoryString("MW00407060000+000000200080;"));
+    memory.list.grid.setCurrent(3, 2);
+    key(grid, Qt::Key_Down, {}, Qt::ShiftModifier);
+    EXPECT_EQ(grid->chosenRows(), (std::vector<int>{3, 4}));
+    find<QAction>(list, "mnu_copy")->trigger();
+    find<QAction>(list, "mnu_moveDown")->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(QApplication::clipboard()->text().split(QLatin1Char('\n')).size(), 3);
+    EXPECT_EQ(grid->chosenRows(), (std::vector<int>{4, 5}));
+    EXPECT_EQ(memory.list.cell(5, MemoryField::Frequency), "07060000");
+    find<QAction>(list, "mnu_onlyFilled")->setChecked(true);
+    EXPECT_TRUE(grid->isRowHidden(5));
+    find<QAction>(list, "mnu_selectAll")->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(grid->chosenRows(), (std::vector<int>{1, 4, 5}));
+    find<QAction>(list, "mnu_find")->trigger();
+    QApplication::processEvents();
+    auto* text = find<QLineEdit>(list, "findText");
+    EXPECT_TRUE(text->isVisible());
+    text->setText(QStringLiteral("7.05"));
+    key(text, Qt::Key_Return);
+    EXPECT_EQ(memory.list.grid.Row(), 4);
+    picture(list, "list-find.png");
+    key(text, Qt::Key_Escape);
+    EXPECT_FALSE(text->isVisible());
 }
 
 TEST_F(MemoryWindows, StartTheSameOperationsAndFollowThePort) {

@@ -49,6 +49,15 @@ TEST_F(BandStackFormTest, ReadsTheRadioFromItsMenuAndShowsItInTheGrid) {
     EXPECT_EQ(find<QLabel>("Dateipath")->text().toStdString(), bench.folder.file("radio.bsr"));
     picture("bandstack.png");
 
+    const auto* shown = grid->model();
+    EXPECT_EQ(shown->headerData(16, Qt::Horizontal).toString().toStdString(), "20 m / 2\nBS05;");
+    EXPECT_EQ(shown->headerData(9, Qt::Vertical).toString().toStdString(), "FA;  VFO A frequency");
+    const QString frequency = shown->index(9, 16).data().toString();
+    EXPECT_EQ(frequency.count(QLatin1Char('.')), 2) << frequency.toStdString();
+    EXPECT_TRUE(shown->index(9, 16).data(Qt::ToolTipRole).toString().startsWith(QLatin1String("FA1")));
+    logic.stack().grid.setCurrent(10, 17);
+    EXPECT_EQ(find<QAction>("mnu_writeBand")->text().toStdString(), "Write 20 m alone to FT-2000");
+
     // The labels stay in sight while the cells scroll under them.
     EXPECT_TRUE(grid->isRowVisible(1));
     logic.stack().grid.setCurrent(24, 33);
@@ -73,6 +82,10 @@ TEST_F(BandStackFormTest, ItsHeightFollowsItsRowsAndItsGridItsWidth) {
     form.resize(900, 400);
     QApplication::processEvents();
     EXPECT_EQ(grid->width(), 900 - 27);
+    const int height = grid->height();
+    form.resize(900, 900);
+    QApplication::processEvents();
+    EXPECT_EQ(grid->height(), height + 500);
     find<QAction>("mnu_closeWindow")->trigger();
     QApplication::processEvents();
     EXPECT_FALSE(form.isVisible());

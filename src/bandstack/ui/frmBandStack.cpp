@@ -7,8 +7,10 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
+#include "bandstack/BandStackParts.h"
 #include "bandstack/BandStackWindow.h"
 #include "cat/CatLink.h"
 #include "platform/qtwidgets/FlexGridView.h"
@@ -48,6 +50,8 @@ frmBandStack::frmBandStack(BandStackWindow& logic, CatLink& link, SettingsStore&
     m_logic.Form_Load();
     makeMenu(link);
     makeBody();
+    makePartMenu(link);
+    makeComparisonMenu(link);
     makeStatusBar(link);
     m_connections += m_logic.storePlace.connect([this] { storePlace(); });
     m_connections += m_logic.hide.connect([this] { hide(); });
@@ -83,6 +87,46 @@ void frmBandStack::makeMenu(CatLink& link) {
     });
 }
 
+void frmBandStack::makePartMenu(CatLink& link) {
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Register"));
+    menu->setObjectName(QStringLiteral("mnu_register"));
+    QAction* band = entry(menu, "mnu_writeBand", "Write this Band", [this] { m_logic.mnu_writeBand_Click(); });
+    QAction* one =
+        entry(menu, "mnu_writeRegister", "Write this Register", [this] { m_logic.mnu_writeRegister_Click(); });
+    m_connections += m_logic.stack().grid.currentChanged.connect([this, band, one] { nameParts(band, one); });
+    nameParts(band, one);
+    m_connections += link.indicators().open.bind([band, one](bool open) {
+        band->setEnabled(open);
+        one->setEnabled(open);
+    });
+    grid->addActions(menu->actions());
+}
+
+void frmBandStack::nameParts(QAction* band, QAction* oneRegister) {
+    const int column = std::max(m_logic.stack().grid.Col(), 1);
+    band->setText(QStringLiteral("Write %1 alone to FT-2000").arg(fromUtf8(bandInWords(column))));
+    oneRegister->setText(QStringLiteral("Write %1 alone to FT-2000...").arg(fromUtf8(registerInWords(column))));
+}
+
+void frmBandStack::makeComparisonMenu(CatLink& link) {
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("&Compare"));
+    menu->setObjectName(QStringLiteral("mnu_compare"));
+    BandStackComparison& comparison = m_logic.comparison();
+    entry(menu, "mnu_markRegister", "Mark this Register", [&comparison] {
+        comparison.markRegister();
+    })->setShortcut(Qt::CTRL | Qt::Key_M);
+    entry(menu, "mnu_compareRegisters", "Compare this Register with the marked one", [&comparison] {
+        comparison.compareRegisters();
+    })->setShortcut(Qt::CTRL | Qt::Key_D);
+    entry(menu, "mnu_compareFile", "Compare with File...", [&comparison] { comparison.compareFile(); });
+    QAction* radio =
+        entry(menu, "mnu_compareRadio", "Compare with FT-2000", [&comparison] { comparison.compareRadio(); });
+    menu->addSeparator();
+    entry(menu, "mnu_endComparison", "End Comparison", [&comparison] { comparison.end(); });
+    m_connections += link.indicators().open.bind([radio](bool open) { radio->setEnabled(open); });
+    grid->addActions(menu->actions());
+}
+
 void frmBandStack::makeBody() {
     auto* body = new QWidget;
     auto* column = new QVBoxLayout(body);
@@ -93,7 +137,19 @@ void frmBandStack::makeBody() {
     grid->setObjectName(QStringLiteral("FlexGrid1"));
     grid->setAccessibleName(QStringLiteral("Band stack registers"));
     grid->setFont(fontForFrequencies(grid->font(), pixels(m_logic.stack().grid.ColWidth(1))));
+    grid->setNamesRows(true);
+    grid->setContextMenuPolicy(Qt::ActionsContextMenu);
+    // A press on a register's title means that register.
+    connect(grid, &FlexGridView::cellPressed, this, [this](int row, int col) {
+        if (col > 0) m_logic.stack().grid.setCurrent(std::max(row, 1), col);
+    });
+    auto* result = new PanelLabel(m_logic.comparison().result, QStringLiteral("comparison"),
+                                  QStringLiteral("What the comparison has found"), this);
+    m_connections +=
+        m_logic.comparison().result.bind([result](const std::string& text) { result->setVisible(!text.empty()); });
+    result->setWordWrap(true);
     column->addWidget(grid, 1);
+    column->addWidget(result);
     column->addWidget(makeFields());
     setCentralWidget(body);
 }
@@ -138,12 +194,11 @@ void frmBandStack::makeStatusBar(CatLink& link) {
     statusBar()->addWidget(path, 1);
 }
 
-/// The grid is as high as its rows, and the window as high as the grid asks for; in a smaller window the grid scrolls.
+/// The window opens as high as its rows ask for; in a smaller one the grid scrolls, in a larger one it grows.
 void frmBandStack::fitHeight() {
     const int rows = m_logic.stack().grid.Rows();
     const int gridHeight = (rows - 1) * grid->rowHeight(0) + pixels(belowLastRow);
     grid->setMinimumHeight(pixels(smallestGrid));
-    grid->setMaximumHeight(gridHeight);
     resize(width(), gridHeight + pixels(aboveAndBelow));
 }
 

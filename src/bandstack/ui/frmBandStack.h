@@ -29,6 +29,9 @@ protected:
 private:
     QAction* entry(QMenu* menu, const char* name, const char* caption, std::function<void()> run);
     void makeMenu(CatLink& link);
+    void makePartMenu(CatLink& link);
+    void makeComparisonMenu(CatLink& link);
+    void nameParts(QAction* band, QAction* oneRegister);
     void makeBody();
     QWidget* makeFields();
     void makeStatusBar(CatLink& link);

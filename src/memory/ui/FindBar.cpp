@@ -18,6 +18,11 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent), m_text(new QLineEdit) {
     m_text->setObjectName(QStringLiteral("findText"));
     m_text->setAccessibleName(QStringLiteral("Find in the memory list"));
     m_text->setPlaceholderText(QStringLiteral("frequency, mode, tone, remark ..."));
+    QPalette palette = m_text->palette();  // dark palettes may bring a dark hint
+    QColor pale = palette.color(QPalette::Text);
+    pale.setAlpha(150);
+    palette.setColor(QPalette::PlaceholderText, pale);
+    m_text->setPalette(palette);
     row->addWidget(label);
     row->addWidget(m_text, 1);
     const auto addButton = [&](const char* name, const QString& caption, const QString& meaning) {

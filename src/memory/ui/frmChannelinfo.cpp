@@ -153,7 +153,7 @@ void frmChannelinfo::makeViewMenu() {
 void frmChannelinfo::followHistory(QAction* undo, QAction* redo) {
     const auto show = [](QAction* action, const char* verb, const std::string& what) {
         action->setEnabled(!what.empty());
-        action->setText(QLatin1String(verb) + QLatin1Char(' ') + QString::fromStdString(what));
+        action->setText((QLatin1String(verb) + QLatin1Char(' ') + QString::fromStdString(what)).trimmed());
     };
     const auto follow = [this, show, undo, redo] {
         show(undo, "Undo", m_memory.list.history().undoable());

@@ -90,6 +90,7 @@ void FlexGridView::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() != QEvent::FontChange || !m_corner) return;
     takeFont();
+    applyWidths();
     fitTitleHeight();
 }
 
@@ -126,7 +127,22 @@ void FlexGridView::applyWidths() {
         if (std::exchange(m_appliedTwips[column], twips) != twips)
             setColumnWidth(int(column), pixelsOf(twips * growthOf(this)));
     }
-    if (labels == 1) m_rowLabels->setFixedWidth(pixelsOf(m_cells.ColWidth(0) * growthOf(this)));
+    if (labels == 1) m_rowLabels->setFixedWidth(std::max(pixelsOf(m_cells.ColWidth(0) * growthOf(this)), widthOfNames()));
+}
+
+void FlexGridView::setNamesRows(bool names) {
+    m_namesRows = names;
+    applyWidths();
+}
+
+int FlexGridView::widthOfNames() const {
+    if (!m_namesRows) return 0;
+    int width = 0;
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        const QString name = m_model->headerData(row, Qt::Vertical, Qt::DisplayRole).toString();
+        width = std::max(width, m_rowLabels->fontMetrics().horizontalAdvance(name));
+    }
+    return width + 4 * FlexGridDelegate::margin;
 }
 
 void FlexGridView::fitTitleHeight() {

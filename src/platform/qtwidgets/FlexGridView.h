@@ -30,6 +30,8 @@ public:
     void setTakesTyping(bool takes);
     /// Cells that the grid's face takes are edited in place: with Enter, F2 and by typing.
     void setEditsCells(bool edits);
+    /// The row labels are names: their column is as wide as the longest.
+    void setNamesRows(bool names);
     /// Several rows can be chosen, with Shift and Ctrl as elsewhere; the current one is among them.
     void setChoosesRows(bool chooses);
     /// The chosen rows that are in sight, ascending; at least the current one.
@@ -88,6 +90,7 @@ private:
     void applyAll();
     bool typeIntoCell(QKeyEvent& event);
     void applyWidths();
+    int widthOfNames() const;
     void applyHiddenRows();
     void fitTitleHeight();
     void followCurrent();
@@ -105,6 +108,7 @@ private:
     bool m_takesTyping = false;
     bool m_editsCells = false;
     bool m_choosesRows = false;
+    bool m_namesRows = false;
     bool m_keySwallowed = false;
     bool m_composing = false;
     bool m_following = false;  // the current cell is being taken over from the grid
