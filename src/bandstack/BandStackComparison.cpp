@@ -18,6 +18,52 @@ std::string countOf(int count, const std::string& one) {
     return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
 }
 
+int rowWithQuery(const BandStackCells& cells, const std::string& query) {
+    for (int row = 1; row <= BandStackCells::lastQueried; ++row) {
+        if (cells.query(row) == query) return row;
+    }
+    return 0;
+}
+
+int differences(const BandStackCells& cells, int column, const BandStackCells& other, int otherColumn) {
+    int count = 0;
+    for (int row = 1; row <= BandStackCells::lastQueried; ++row) {
+        const int otherRow = rowWithQuery(other, cells.query(row));
+        if (otherRow > 0 && cells.at(row, column) != other.at(otherRow, otherColumn)) ++count;
+    }
+    return count;
+}
+
+/// The column of `other` that stands beside `column` when the band's registers are taken `step` later.
+int steppedColumn(int column, int step) {
+    const int first = firstOfBand(column);
+    return first + (column - first + step) % BandStackCells::perBand;
+}
+
+/// Reading begins in each band with the register that was used last, so that the same three may stand in another order.
+/// `other` with each band in the order in which it differs least.
+BandStackCells aligned(const BandStackCells& cells, const BandStackCells& other) {
+    BandStackCells result = other;
+    for (int first = 1; first < BandStackCells::columns; first += BandStackCells::perBand) {
+        const auto differing = [&](int step) {
+            int count = 0;
+            for (int column = first; column < first + BandStackCells::perBand; ++column) {
+                count += differences(cells, column, other, steppedColumn(column, step));
+            }
+            return count;
+        };
+        int best = 0;
+        for (int step = 1; step < BandStackCells::perBand; ++step)
+            best = differing(step) < differing(best) ? step : best;
+        for (int column = first; column < first + BandStackCells::perBand; ++column) {
+            for (int row = 1; row < other.rows(); ++row) {
+                result.set(row, column, other.at(row, steppedColumn(column, best)));
+            }
+        }
+    }
+    return result;
+}
+
 std::string fileName(const std::string& path) {
     return path.substr(path.find_last_of('/') + 1);
 }
@@ -88,6 +134,7 @@ void BandStackComparison::tellResult() {
         result = "";
         return;
     }
+    if (m_other) m_other->cells = aligned(m_stack.cells(), m_other->cells);
     int settings = 0;
     int registers = 0;
     for (int column = 1; column < BandStackCells::columns; ++column) {
@@ -113,11 +160,8 @@ std::optional<std::string> BandStackComparison::otherAnswer(int row, int column)
         if (m_with == 0 || (column != m_marked && column != m_with)) return std::nullopt;
         return m_stack.grid.TextMatrix(row, column == m_marked ? m_with : m_marked);
     }
-    for (int other = 1; other <= BandStackCells::lastQueried; ++other) {
-        if (m_other->cells.query(other) != m_stack.grid.TextMatrix(row, 0)) continue;
-        return utf8FromWire(m_other->cells.at(other, column));
-    }
-    return std::nullopt;
+    const int other = rowWithQuery(m_other->cells, m_stack.grid.TextMatrix(row, 0));
+    return other > 0 ? std::optional(utf8FromWire(m_other->cells.at(other, column))) : std::nullopt;
 }
 
 bool BandStackComparison::differs(int row, int column) const {
@@ -129,7 +173,7 @@ std::string BandStackComparison::text(int row, int column) const {
     const std::string& cell = m_stack.grid.TextMatrix(row, column);
     if (row == 0) return column == 0 ? cell : registerInWords(column) + "\n" + cell;
     if (column == 0) return cell + "  " + std::string(settingInWords(cell, row));
-    return (differs(row, column) ? "\u2260 " : "") + readableAnswer(cell);
+    return (differs(row, column) ? "\u2260" : "") + readableAnswer(cell);
 }
 
 std::string BandStackComparison::description(int row, int column) const {
