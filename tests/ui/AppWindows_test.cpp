@@ -64,7 +64,9 @@ void expectOneLetterEach(const QList<QAction*>& actions) {
         const auto at = action->text().indexOf(QLatin1Char('&'));
         ASSERT_GE(at, 0) << action->text().toStdString();
         EXPECT_TRUE(letters.insert(action->text().at(at + 1).toLower()).second) << action->text().toStdString();
-        if (action->menu()) expectOneLetterEach(action->menu()->actions());
+        if (!action->menu()) continue;
+        Q_EMIT action->menu()->aboutToShow();
+        expectOneLetterEach(action->menu()->actions());
     }
 }
 

@@ -30,6 +30,8 @@ qsizetype placeOfFree(const QString& text, const QSet<QChar>& taken) {
     return -1;
 }
 
+void giveWhenShown(QMenu& menu);
+
 void giveTo(const QList<QAction*>& actions) {
     QSet<QChar> taken;
     for (const QAction* action : actions) taken.insert(letterOf(action->text()));
@@ -42,8 +44,16 @@ void giveTo(const QList<QAction*>& actions) {
                 action->setText(QString(text).insert(at, mark));
             }
         }
-        if (action->menu()) giveTo(action->menu()->actions());
+        if (action->menu()) giveWhenShown(*action->menu());
     }
+}
+
+/// Entries may come and change their words until the menu is seen.
+void giveWhenShown(QMenu& menu) {
+    constexpr const char* followed = "korvexHasLetters";
+    if (menu.property(followed).toBool()) return;
+    menu.setProperty(followed, true);
+    QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu] { giveTo(menu.actions()); });
 }
 
 }  // namespace
