@@ -42,9 +42,9 @@ struct Command {
     bool chirp = false;             ///< for Convert: CHIRP's table
     std::string link;               ///< for Share: a second name of the device; empty for none
     std::optional<int> rigctlPort;  ///< for Share
-    bool resume = false;     ///< a backup that an earlier one has left unfinished
-    bool verify = false;     ///< tell of every item of a restore
-    bool writesAll = false;  ///< also what the radio has already
+    bool resume = false;            ///< a backup that an earlier one has left unfinished
+    bool verify = false;            ///< tell of every item of a restore
+    bool writesAll = false;         ///< also what the radio has already
     bool withoutSafetyCopy = false;
     std::optional<std::string> safetyFolder;  ///< for the folder of the safety copy; else beside what is restored
     bool quiet = false;                       ///< errors only

@@ -48,8 +48,8 @@ inline constexpr SettingsKey<OwnersPath> keyerPath{settingsSection, "SaveKeyer"}
 inline constexpr SettingsKey<OwnersPath> backupPath{settingsSection, "SavePathBackup"};
 inline constexpr SettingsKey<OwnersPath> descriptionsPath{settingsSection, "SavePathDescriptions"};
 inline constexpr SettingsKey<OwnersPath> eqPresetPath{settingsSection, "SavePathEqualizer"};
-inline constexpr std::array ownersPaths = {savePath,  memoryListPath, bandStackPath,
-                                           keyerPath, backupPath,     descriptionsPath, eqPresetPath};
+inline constexpr std::array ownersPaths = {savePath,   memoryListPath,   bandStackPath, keyerPath,
+                                           backupPath, descriptionsPath, eqPresetPath};
 
 /// The file that was used last, the one before it and so on; places from 1.
 inline SettingsKey<std::string_view, std::string> recentFile(std::size_t place) {

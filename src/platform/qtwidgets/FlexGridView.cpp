@@ -127,7 +127,8 @@ void FlexGridView::applyWidths() {
         if (std::exchange(m_appliedTwips[column], twips) != twips)
             setColumnWidth(int(column), pixelsOf(twips * growthOf(this)));
     }
-    if (labels == 1) m_rowLabels->setFixedWidth(std::max(pixelsOf(m_cells.ColWidth(0) * growthOf(this)), widthOfNames()));
+    if (labels == 1)
+        m_rowLabels->setFixedWidth(std::max(pixelsOf(m_cells.ColWidth(0) * growthOf(this)), widthOfNames()));
 }
 
 void FlexGridView::setNamesRows(bool names) {
