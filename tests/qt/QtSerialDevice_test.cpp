@@ -40,8 +40,6 @@ TEST_F(SerialDeviceOnPty, CarriesEveryByteBothWays) {
     std::string all;
     for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
     device.write(all);
-    EXPECT_GT(device.unsent(), 0U);
-    EXPECT_TRUE(runUntil([this] { return device.unsent() > 0; }));
     clock.letEventsRun(50);
     EXPECT_EQ(pty.receive(), all);
     EXPECT_EQ(device.unsent(), 0U);
