@@ -212,7 +212,7 @@ TEST_F(MemoryWindows, SeveralRowsAreChosenCopiedAndMoved) {
     memory.list.place(3, *parseMemoryString("MW00307050000+000000200080;"));
     memory.list.place(4, *parseMemoryString("MW00407060000+000000200080;"));
     memory.list.grid.setCurrent(3, 2);
-    grid->chooseRows({3, 4});
+    key(grid, Qt::Key_Down, {}, Qt::ShiftModifier);
     EXPECT_EQ(grid->chosenRows(), (std::vector<int>{3, 4}));
     find<QAction>(list, "mnu_copy")->trigger();
     find<QAction>(list, "mnu_moveDown")->trigger();

@@ -155,14 +155,13 @@ void FlexGridView::followCurrent() {
     const QModelIndex current = m_model->indexOfCell(m_cells.Row(), m_cells.Col());
     if (!current.isValid() || current == currentIndex()) return;
     m_following = true;
-    if (m_choosesRows) {
-        // Whatever keys are held: it is the grid that went there, and the chosen rows stay if it went to one of them.
-        const bool chosen = selectionModel()->isRowSelected(current.row());
-        selectionModel()->setCurrentIndex(
-            current,
-            chosen ? QItemSelectionModel::NoUpdate : QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const bool chosen = m_choosesRows && selectionModel()->isRowSelected(current.row());
+    if (chosen) {
+        selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
     } else {
         setCurrentIndex(current);
+        // Whatever keys are held: it is the grid that went there.
+        if (m_choosesRows) chooseRows({m_cells.Row()});
     }
     m_following = false;
 }
@@ -170,6 +169,7 @@ void FlexGridView::followCurrent() {
 void FlexGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
     allowInputMethods();
+    if (!m_extending) m_anchor = current.row();
     if (!m_following && current.isValid()) m_cells.setCurrent(m_model->rowOf(current), m_model->colOf(current));
 }
 
@@ -206,6 +206,13 @@ void FlexGridView::chooseRows(const std::vector<int>& rows) {
         if (cell.isValid()) chosen.select(cell, cell);
     }
     selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+/// The base class extends from where the mouse or a key was last, and knows nothing of where the grid has gone since.
+void FlexGridView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
+    if (!m_choosesRows || !m_extending) return QTableView::setSelection(rect, command);
+    const QItemSelection rows(m_model->index(m_anchor, 0), m_model->index(currentIndex().row(), 0));
+    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void FlexGridView::editCurrent() {
@@ -254,7 +261,9 @@ void FlexGridView::keyPressEvent(QKeyEvent* event) {
     const QString text = typedBy(*event);
     const bool copies = !m_takesTyping && event->matches(QKeySequence::Copy);
     if (text.isEmpty() || copies) {
+        m_extending = event->modifiers() & Qt::ShiftModifier;
         QTableView::keyPressEvent(event);
+        m_extending = false;
     } else if (m_takesTyping) {
         Q_EMIT keyTyped(text);
     } else {
@@ -265,7 +274,9 @@ void FlexGridView::keyPressEvent(QKeyEvent* event) {
 void FlexGridView::mousePressEvent(QMouseEvent* event) {
     const QModelIndex cell = indexAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton) {
+        m_extending = event->modifiers() & Qt::ShiftModifier;
         QTableView::mousePressEvent(event);
+        m_extending = false;
         // The current cell may be a label, where the view cannot follow: then the pressed cell is no news to the view.
         if (cell.isValid()) m_cells.setCurrent(m_model->rowOf(cell), m_model->colOf(cell));
     }

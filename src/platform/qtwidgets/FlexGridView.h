@@ -82,6 +82,7 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -109,6 +110,8 @@ private:
     bool m_editsCells = false;
     bool m_choosesRows = false;
     bool m_namesRows = false;
+    bool m_extending = false;  // the chosen rows: Shift is held
+    int m_anchor = 0;          // row of the model from which they are extended
     bool m_keySwallowed = false;
     bool m_composing = false;
     bool m_following = false;  // the current cell is being taken over from the grid
