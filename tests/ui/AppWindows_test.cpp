@@ -107,6 +107,40 @@ TEST_F(DesktopTest, EveryWindowTakesFilesHelpAndTheEndByKeyboard) {
     EXPECT_EQ(ends, 1);
 }
 
+TEST_F(DesktopTest, ThePortIsSharedAndRememberedFromTheTerminalsMenu) {
+    pick(StartWindow::Terminal);
+    const auto click = [](const char* name) {
+        QAction* action = nullptr;
+        for (ToolWindow* window : visible()) {
+            if (auto* found = window->findChild<QAction*>(QLatin1String(name))) action = found;
+        }
+        if (action == nullptr) return false;
+        action->trigger();
+        QApplication::processEvents();
+        return action->isChecked();
+    };
+    EXPECT_TRUE(click("mnu_sharePort"));
+    EXPECT_EQ(bench.error(), "Shared as /run/fake or /dev/pts/fake");
+    EXPECT_TRUE(click("mnu_shareRigctl"));
+    EXPECT_EQ(bench.program.share.listeningAt, 4532);
+    bench.msgBox.foresee("able to make the radio transmit", MsgAnswer::No);
+    EXPECT_FALSE(click("mnu_shareTransmit"));
+    bench.msgBox.foresee("able to make the radio transmit", MsgAnswer::Yes);
+    EXPECT_TRUE(click("mnu_shareTransmit"));
+    EXPECT_TRUE(bench.program.share.transmitAllowed());
+
+    ShareEntry nextStart({bench.program.link, bench.program.share, bench.settings, bench.msgBox});
+    nextStart.recall();
+    EXPECT_TRUE(nextStart.sharesPort);
+    EXPECT_TRUE(nextStart.servesRigctl);
+    EXPECT_FALSE(nextStart.mayTransmit);
+
+    bench.doors.failure = RuntimeError{errors::DeviceIo, "in use"};
+    EXPECT_FALSE(click("mnu_sharePort"));
+    bench.msgBox.foresee("in use");
+    EXPECT_FALSE(click("mnu_sharePort")) << "what could not be shared is not shown as shared";
+}
+
 TEST_F(DesktopTest, ARecentFileIsOneClickAway) {
     recentfiles::add(bench.settings, "/nowhere/my & yours.mef");
     auto* recent = control<QMenu>(*visible().front(), "mnu_RecentFiles");

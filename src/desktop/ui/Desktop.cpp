@@ -122,19 +122,20 @@ void Desktop::follow(WindowState& state, Maker make) {
 }
 
 std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
-    auto terminal =
-        std::make_unique<frmTerm>(m_program.terminal, m_program.windows, m_program.machine().settings,
-                                  TerminalActions{
-                                      .saveMenu = [this] { m_program.menuSave.mnu_Store_Click(); },
-                                      .restoreMenu = [this] { m_program.menuRestore.mnu_Restore_Click(); },
-                                      .saveMemories = [this] { m_program.memory.saver.mnu_saveMem_Click(); },
-                                      .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },
-                                      .portSettings = [this] { showPortSettings(); },
-                                      .about = [this] { showAboutBox(terminalWindow()); },
-                                      .backupRadio = [this] { m_program.backupEntry.mnu_BackupRadio_Click(); },
-                                      .restoreRadio = [this] { m_program.restoreEntry.mnu_RestoreRadio_Click(); },
-                                      .endProgram = [this] { return m_program.end(); },
-                                  });
+    auto terminal = std::make_unique<frmTerm>(
+        m_program.terminal, m_program.windows, m_program.machine().settings,
+        TerminalActions{
+            .saveMenu = [this] { m_program.menuSave.mnu_Store_Click(); },
+            .restoreMenu = [this] { m_program.menuRestore.mnu_Restore_Click(); },
+            .saveMemories = [this] { m_program.memory.saver.mnu_saveMem_Click(); },
+            .restoreMemories = [this] { m_program.memory.restorer.mnu_restMem_Click(); },
+            .portSettings = [this] { showPortSettings(); },
+            .addShareEntries = [this](QMenu* menu) { addShareEntries(*menu, m_program.shareEntry, m_connections); },
+            .about = [this] { showAboutBox(terminalWindow()); },
+            .backupRadio = [this] { m_program.backupEntry.mnu_BackupRadio_Click(); },
+            .restoreRadio = [this] { m_program.restoreEntry.mnu_RestoreRadio_Click(); },
+            .endProgram = [this] { return m_program.end(); },
+        });
     addFileMenu(*terminal, "mnu_File");
     return terminal;
 }
