@@ -17,7 +17,7 @@ namespace {
 class InTheShell : public testing::Test {
 protected:
     void SetUp() override {
-        if (!std::filesystem::exists(std::string(BINARY_DIR) + "/korvexctl")) GTEST_SKIP();
+        if (!hasKorvexctl()) GTEST_SKIP();
         ASSERT_EQ(run("mkfifo " + fifo).code, 0);
     }
     static bool isObeyed(const std::string& text) {

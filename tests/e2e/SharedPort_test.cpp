@@ -11,6 +11,7 @@ namespace {
 
 /// hamlib at both faces of the shared port, beside each other.
 TEST(SharedPort, LetsHamlibInByBothDoors) {
+    if (!hasKorvexctl() || run("command -v rigctl").code != 0) GTEST_SKIP();
     fakes::SimulatorProcess radio(BINARY_DIR "/ft2000sim");
     ASSERT_FALSE(radio.device().empty());
     const fakes::TemporaryFolder folder;

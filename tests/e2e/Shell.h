@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <sys/wait.h>
 
@@ -10,6 +11,11 @@ struct Ended {
     int code = -1;  ///< -1: it was killed or did not start
     std::string output;
 };
+
+/// The build without Qt has no korvexctl.
+inline bool hasKorvexctl() {
+    return std::filesystem::exists(BINARY_DIR "/korvexctl");
+}
 
 /// Runs a command line in the shell; what it prints on both streams, and its exit code.
 inline Ended run(const std::string& commandLine) {
