@@ -1,19 +1,12 @@
 #include "share/CatFace.h"
 
-#include <algorithm>
-
-#include "base/NumberText.h"
+#include "share/ReadForms.h"
 
 namespace korvex {
 
 namespace {
 
 constexpr std::string_view timeOutQuestion = "EX029;";
-
-std::string upper(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), asciiUpper);
-    return text;
-}
 
 }  // namespace
 
@@ -40,7 +33,7 @@ void CatFace::hear(std::string_view bytes) {
 }
 
 void CatFace::obey(const std::string& wire) {
-    const std::string heard = upper(wire);
+    const std::string heard = inCapitals(wire);
     if (heard.starts_with("EX029") && heard.size() > timeOutQuestion.size()) {
         m_timeOut = heard;
     } else if (heard == timeOutQuestion && !m_timeOut.empty()) {

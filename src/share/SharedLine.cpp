@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "base/CodePage.h"
-#include "base/NumberText.h"
 #include "cat/TransmitGuard.h"
 #include "share/ReadForms.h"
 
@@ -20,11 +19,6 @@ constexpr int refusalMs = 60;         // for a radio whose delay is not known ye
 constexpr int longestRefusalMs = 500;
 constexpr std::size_t mostAnswers = 512;
 constexpr std::string_view refused = "?;";
-
-std::string upper(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), asciiUpper);
-    return text;
-}
 
 }  // namespace
 
@@ -67,7 +61,7 @@ bool SharedLine::mayGoOut(const ForeignCommand& command) {
 }
 
 bool SharedLine::endsTransmission(const ForeignCommand& command) const {
-    return m_keyedBy != nullptr && m_link.PortOpen() && upper(command.wire) == m_unkey;
+    return m_keyedBy != nullptr && m_link.PortOpen() && inCapitals(command.wire) == m_unkey;
 }
 
 void SharedLine::forget(const void* from) {
@@ -107,7 +101,7 @@ std::optional<std::string> SharedLine::answerWithoutRadio(const ForeignCommand& 
     if (command.known) return command.known;
     if (!m_link.PortOpen()) return "";
     if (m_link.isIdle()) return std::nullopt;
-    if (const auto before = m_answers.find(upper(command.wire)); before != m_answers.end()) return before->second;
+    if (const auto before = m_answers.find(inCapitals(command.wire)); before != m_answers.end()) return before->second;
     if (m_clock.now() - command.cameAt >= longestWaitMs) return std::string(refused);
     return std::nullopt;
 }
@@ -116,7 +110,7 @@ void SharedLine::sendNext() {
     m_underWay = std::move(m_waiting.front());
     m_waiting.pop_front();
     if (!asks(m_underWay->wire)) m_answers.clear();
-    const std::string wire = upper(m_underWay->wire);
+    const std::string wire = inCapitals(m_underWay->wire);
     if (wire.starts_with("TX") || wire.starts_with("MX")) {
         if (keysTransmitter(wire)) {
             m_keyedBy = m_underWay->from;
@@ -143,7 +137,7 @@ bool SharedLine::take(std::string_view piece) {
         if (m_link.isIdle()) unasked.emit(piece);
         return false;
     }
-    const std::string question = upper(m_underWay->wire);
+    const std::string question = inCapitals(m_underWay->wire);
     // An adapter's echo is as long as the question, and no answer is.
     const auto answer = answerIn({question.substr(0, question.size() - 1), question.size() + 1}, piece);
     if (!answer) {
