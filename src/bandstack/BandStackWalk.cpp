@@ -34,6 +34,15 @@ int firstColumn(int band) {
     return band * BandStackCells::perBand + 1;
 }
 
+bool isSound(const BandStackCells& cells) {
+    for (int column = 1; column < BandStackCells::columns; ++column) {
+        for (int row = 1; row <= BandStackCells::lastQueried; ++row) {
+            if (!cells.answersItsQuery(row, column)) return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 BandStackWalk::BandStackWalk(CatLink& link, BandStackReader& reader, BandStackWriter& writer)
@@ -68,6 +77,7 @@ void BandStackWalk::begin(bool writes, std::function<void()> walk) {
     if (!beginStep("Asking where the radio stands", &BandStackWalk::onNoted)) return ended.emit(m_link.notBegun());
     m_stage = Stage::Noting;
     m_writes = writes;
+    m_mayReadAgain = !writes;
     m_walk = std::move(walk);
     m_frequency.clear();
     m_mode.clear();
@@ -187,10 +197,16 @@ void BandStackWalk::nextBand(bool isHome) {
 
 void BandStackWalk::onHome(const Outcome& outcome) {
     using Kind = Outcome::Kind;
+    // A radio that answers in riddles would do so again.
+    if (wentAstray() && outcome.isDone() && isSound(m_reader.cells()) && std::exchange(m_mayReadAgain, false)) {
+        m_stage = Stage::Walking;
+        const auto walk = m_walk;  // a copy: at its end another one may begin
+        return walk();
+    }
     m_stage = Stage::Idle;
     if (m_at < m_way.size()) {
         m_whyNotHome = "The radio could not be put back on its band.";
-    } else if (!m_notHome.empty()) {
+    } else if (wentAstray()) {
         m_whyNotHome =
             "The walk through the band stack went astray in these bands; one of their registers may have come twice:";
         for (const int band : m_notHome) m_whyNotHome += " " + zeroPadded(band, 2);

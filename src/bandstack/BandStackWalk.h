@@ -20,7 +20,8 @@ namespace korvex {
 ///
 /// "ID;" lets what the radio tells unasked of its new frequency go by.
 ///
-/// Where that does not lead home, `whyNotHome` says so; nothing but band-select commands is sent for it.
+/// Where that does not lead home, `whyNotHome` says so; nothing but band-select commands is sent for it. A reading that
+/// went astray in a band, because the radio did not hear a step, is made once more.
 class BandStackWalk {
 public:
     BandStackWalk(CatLink& link, BandStackReader& reader, BandStackWriter& writer);
@@ -57,6 +58,7 @@ private:
     void check(const std::string& frequency);
     void nextBand(bool isHome);
     void onHome(const Outcome& outcome);
+    bool wentAstray() const { return m_at == m_way.size() && !m_notHome.empty(); }
     bool beginStep(const std::string& doing, void (BandStackWalk::*onEnd)(const Outcome&));
 
     CatLink& m_link;
@@ -66,6 +68,7 @@ private:
     Stage m_stage = Stage::Idle;
     std::function<void()> m_walk;
     bool m_writes = false;
+    bool m_mayReadAgain = false;
     Outcome m_outcome;           // of the walk
     std::string m_frequency;     // "FA14195000;" where the radio stood
     std::string m_mode;          // "MD02;"

@@ -110,12 +110,12 @@ void RigctlFace::hear(std::string_view bytes) {
 
 void RigctlFace::goOn() {
     if (m_busy || m_lines.empty()) return;
-    std::string line = std::move(m_lines.front());
+    const std::string line = std::move(m_lines.front());
     m_lines.pop_front();
-    begin(std::move(line));
+    begin(line);
 }
 
-void RigctlFace::begin(std::string line) {
+void RigctlFace::begin(const std::string& line) {
     m_extended = line.starts_with('+');
     Words words = wordsOf(m_extended ? line.substr(1) : line);
     if (words.empty()) return goOn();

@@ -36,7 +36,7 @@ private:
 
     void hear(std::string_view bytes);
     void goOn();
-    void begin(std::string line);
+    void begin(const std::string& line);
     void answer(const std::vector<Value>& values);
     void end(int code);
     void reply(const std::string& text);

@@ -275,5 +275,19 @@ TEST(Session, AnEchoIsNoAnswerOfTheRadio) {
     }
 }
 
+/// No command names a register: one step that is not heard, and the rest of the band would be another register's.
+TEST(Session, AStepThroughTheBandStackThatIsNotHeardIsMadeAgain) {
+    CliBench bench;
+    const std::string whole = bench.folder.file("whole.bsr");
+    const std::string file = bench.folder.file("again.bsr");
+    ASSERT_EQ(bench.run({"save", "bandstack", whole}), ExitCode::Done);
+    for (int n = 3; n < 80; ++n) {
+        bench.ports.faults().deafOnce = n;
+        EXPECT_EQ(bench.run({"save", "bandstack", file}), ExitCode::Done) << n << ": " << bench.err.str();
+        bench.ports.faults().deafOnce.reset();
+        EXPECT_EQ(bench.run({"compare", whole, file}), ExitCode::Done) << n << "\n" << bench.out.str().substr(0, 300);
+    }
+}
+
 }  // namespace
 }  // namespace korvex::cli
