@@ -261,6 +261,29 @@ Result<std::string> keyerFile(std::string_view csv) {
     return keyerFileText(keyerFileRows(texts));
 }
 
+/// What makes a table of a kind's file, and a file of the table.
+struct KindSheet {
+    std::string_view kind;
+    std::function<Result<Table>(std::string_view content, const MenuTitles& titles)> table;
+    std::function<Result<std::string>(std::string_view csv)> file;
+};
+
+const KindSheet* sheetFor(std::string_view kind) {
+    using Text = std::string_view;
+    using Titles = MenuTitles;
+    static const std::vector<KindSheet> all = {
+        {"menu", menuSheet, menuFile},
+        {"memory", [](Text content, const Titles&) { return channelSheet("memory", content); },
+         [](Text csv) { return channelFileOf("memory", csv); }},
+        {"list", [](Text content, const Titles&) { return channelSheet("list", content); },
+         [](Text csv) { return channelFileOf("list", csv); }},
+        {"bandstack", [](Text content, const Titles&) { return bandStackSheet(content); }, bandStackFile},
+        {"keyer", [](Text content, const Titles&) { return keyerSheet(content); }, keyerFile},
+    };
+    const auto found = std::find_if(all.begin(), all.end(), [kind](const KindSheet& row) { return row.kind == kind; });
+    return found == all.end() ? nullptr : &*found;
+}
+
 RuntimeError noSuchKind(std::string_view kind) {
     return {errors::InvalidPropertyValue, "there is no kind of file called " + std::string(kind)};
 }
@@ -268,19 +291,13 @@ RuntimeError noSuchKind(std::string_view kind) {
 }  // namespace
 
 Result<Table> sheetOf(std::string_view kind, std::string_view content, const MenuTitles& titles) {
-    if (kind == "menu") return menuSheet(content, titles);
-    if (kind == "memory" || kind == "list") return channelSheet(kind, content);
-    if (kind == "bandstack") return bandStackSheet(content);
-    if (kind == "keyer") return keyerSheet(content);
-    return noSuchKind(kind);
+    const KindSheet* sheet = sheetFor(kind);
+    return sheet == nullptr ? noSuchKind(kind) : sheet->table(content, titles);
 }
 
 Result<std::string> fileOf(std::string_view kind, std::string_view csv) {
-    if (kind == "menu") return menuFile(csv);
-    if (kind == "memory" || kind == "list") return channelFileOf(kind, csv);
-    if (kind == "bandstack") return bandStackFile(csv);
-    if (kind == "keyer") return keyerFile(csv);
-    return noSuchKind(kind);
+    const KindSheet* sheet = sheetFor(kind);
+    return sheet == nullptr ? noSuchKind(kind) : sheet->file(csv);
 }
 
 }  // namespace korvex
