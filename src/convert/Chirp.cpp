@@ -6,6 +6,7 @@
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
+#include "cat/FrequencyText.h"
 #include "convert/ChannelWords.h"
 #include "convert/Table.h"
 #include "memory/MemoryCodes.h"
@@ -150,11 +151,9 @@ TableRow chirpRow(const MemoryRecord& record, Losses& losses) {
 // --- from CHIRP
 
 bool takeFrequency(const NamedTable& table, std::size_t row, MemoryRecord& record, Losses& losses) {
-    constexpr int lowest = 30'000;
-    constexpr int highest = 60'000'000;
     const std::string cell = table.word(row, "Frequency");
     const auto hz = hzIn(cell);
-    if (!hz || *hz < lowest || *hz > highest) {
+    if (!hz || *hz < lowestTunable || *hz > highestTunable) {
         losses.note("left out, the radio does not tune " + cell + " MHz");
         return false;
     }

@@ -12,8 +12,7 @@
 #include "base/NumberText.h"
 #include "convert/ChannelWords.h"
 #include "keyer/KeyerFile.h"
-#include "memory/MemoryCodes.h"
-#include "memory/MemoryListFile.h"
+#include "memory/FieldText.h"
 #include "menu/MenuFile.h"
 #include "menu/SheetText.h"
 
@@ -104,92 +103,64 @@ Result<std::string> menuFile(std::string_view csv) {
 
 // --- memories
 
-/// A column of the table: its field, and the list that its code stands in, if any.
-struct ChannelColumn {
-    std::string_view title;
-    MemoryField field;
-    const CodeList* list = nullptr;
-};
+constexpr std::array channelColumns = {
+    MemoryField::Channel,         MemoryField::Frequency,   MemoryField::Mode,        MemoryField::ClarifierDirection,
+    MemoryField::ClarifierOffset, MemoryField::RxClarifier, MemoryField::TxClarifier, MemoryField::CtcssMode,
+    MemoryField::ToneNumber,      MemoryField::Shift,       MemoryField::FixedDigit,  MemoryField::Remark};
 
-const std::vector<ChannelColumn>& channelColumns() {
-    static const std::vector<ChannelColumn> columns = {
-        {"Frequency", MemoryField::Frequency},
-        {"Mode", MemoryField::Mode, &modeTable},
-        {"Clarifier Direction", MemoryField::ClarifierDirection, &directionTable},
-        {"Clarifier Offset", MemoryField::ClarifierOffset},
-        {"RX Clarifier", MemoryField::RxClarifier, &clarifierTable},
-        {"TX Clarifier", MemoryField::TxClarifier, &clarifierTable},
-        {"Tone Mode", MemoryField::CtcssMode, &ctcssModeTable},
-        {"Tone", MemoryField::ToneNumber, &toneTable},
-        {"Shift", MemoryField::Shift, &shiftTable},
-        {"Fixed Digit", MemoryField::FixedDigit},
-    };
-    return columns;
+/// Figures stay plain: a point in them is a thousands separator somewhere.
+std::string wordFor(MemoryField field, const std::string& code) {
+    return utf8FromWire(codesOf(field) == nullptr ? code : readableField(field, code));
 }
 
-/// A code that its list does not have is shown as it is, and read so.
-std::string wordFor(const ChannelColumn& column, const std::string& code) {
-    const auto position = column.list == nullptr ? std::nullopt : column.list->position(code);
-    return position ? std::string(column.list->label(*position)) : utf8FromWire(code);
-}
-
-std::string codeFor(const ChannelColumn& column, std::string word) {
-    if (column.field == MemoryField::ToneNumber) std::replace(word.begin(), word.end(), ',', '.');
-    for (int i = 0; column.list != nullptr && i < column.list->size(); ++i) {
-        if (column.list->label(i) == word) return column.list->code(i);
-    }
-    // A spreadsheet writes 67 for 67.0.
-    if (column.field == MemoryField::ToneNumber && word.size() > 2 && word.find('.') == std::string::npos) {
-        return codeFor(column, word + ".0");
-    }
-    const int width = memoryPlace(column.field).width;
-    const auto number = column.list == nullptr ? parseWhole(word) : std::nullopt;
-    return number && *number >= 0 ? zeroPadded(*number, width) : word;
+/// A code that its list does not have is read as it is.
+Result<std::string> codeIn(const NamedTable& table, std::size_t row, MemoryField field) {
+    const std::string word =
+        field == MemoryField::Remark ? table.cell(row, fieldName(field)) : table.word(row, fieldName(field));
+    const auto code = fieldFromText(field, word);
+    if (field == MemoryField::Remark)
+        return code ? wireOf(*code, table.line(row)) : refusedLine(table.line(row), code.error().text);
+    if (code && !word.empty()) return *code;
+    if (canStandIn(field, word)) return word;
+    return refusedLine(table.line(row), std::string(fieldName(field)) + " cannot be \"" + word + "\"");
 }
 
 Result<Table> channelSheet(std::string_view kind, std::string_view content) {
     const auto channels = channelsIn(kind, content);
     if (!channels) return channels.error();
-    Table table{{"Channel"}};
-    for (const auto& column : channelColumns()) table[0].emplace_back(column.title);
-    table[0].emplace_back("Remark");
+    Table table(1);
+    for (const auto field : channelColumns) table[0].emplace_back(fieldName(field));
     for (const auto& record : *channels) {
-        TableRow row{record[MemoryField::Channel]};
-        for (const auto& column : channelColumns()) row.push_back(wordFor(column, record[column.field]));
-        row.push_back(utf8FromWire(record[MemoryField::Remark]));
+        TableRow row;
+        for (const auto field : channelColumns) row.push_back(wordFor(field, record[field]));
         table.push_back(std::move(row));
     }
     return table;
 }
 
-Result<MemoryRecord> channelIn(const NamedTable& table, std::size_t row, int channel) {
+Result<MemoryRecord> channelIn(const NamedTable& table, std::size_t row) {
     MemoryRecord record;
-    record[MemoryField::Channel] = zeroPadded(channel, 3);
-    for (const auto& column : channelColumns()) {
-        const std::string word = table.word(row, column.title);
-        const std::string code = codeFor(column, word);
-        if (!canStandIn(column.field, code)) {
-            return refusedLine(table.line(row), std::string(column.title) + " cannot be \"" + word + "\"");
-        }
-        record[column.field] = code;
+    for (const auto field : channelColumns) {
+        auto code = codeIn(table, row, field);
+        if (!code) return code.error();
+        record[field] = std::move(*code);
     }
-    const std::string remark = table.cell(row, "Remark");
-    if (const auto why = whyRemarkIsRefused(remark)) return refusedLine(table.line(row), *why);
-    record[MemoryField::Remark] = wireFromUtf8(remark).value_or("");
     return record;
 }
 
 Result<std::string> channelFileOf(std::string_view kind, std::string_view csv) {
-    std::vector<std::string_view> needed{"Channel"};
-    for (const auto& column : channelColumns()) needed.push_back(column.title);
+    std::vector<std::string_view> needed;
+    for (const auto field : channelColumns) {
+        if (field != MemoryField::Remark) needed.push_back(fieldName(field));
+    }
     const auto table = NamedTable::read(csv, needed);
     if (!table) return table.error();
     std::map<int, MemoryRecord> channels;
     for (std::size_t row = 0; row < table->rows(); ++row) {
-        const int channel = channelNamed(table->word(row, "Channel"));
+        const int channel = channelNamed(table->word(row, fieldName(MemoryField::Channel)));
         if (channel == 0) return refusedLine(table->line(row), "channels are numbered 1 to 99");
         if (channels.contains(channel)) return refusedLine(table->line(row), "the channel stands in the table twice");
-        auto record = channelIn(*table, row, channel);
+        auto record = channelIn(*table, row);
         if (!record) return record.error();
         channels[channel] = std::move(*record);
     }

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "base/NumberText.h"
+#include "cat/FrequencyText.h"
 #include "share/RigctlTables.h"
 
 namespace korvex {
@@ -25,12 +26,10 @@ constexpr std::size_t mostLines = 64;
 
 /// "14250000.000000": whole Hz that the radio tunes, with eight digits.
 std::optional<std::string> frequencyDigits(const std::string& text) {
-    constexpr int lowest = 30'000;
-    constexpr int highest = 60'000'000;
     const std::string whole = text.substr(0, text.find('.'));
     if (whole.empty() || !std::all_of(whole.begin(), whole.end(), isDigit)) return std::nullopt;
     const auto hz = parseWhole(whole);
-    if (!hz || *hz < lowest || *hz > highest) return std::nullopt;
+    if (!hz || *hz < lowestTunable || *hz > highestTunable) return std::nullopt;
     return zeroPadded(*hz, 8);
 }
 
