@@ -7,7 +7,9 @@ skip() { # WHY: a test that cannot run here is no failure
 }
 
 mirror() { # where this machine gets its packages
-    apt-cache policy libc6 | grep -om1 'https\?://[^ ]*/debian' || echo http://deb.debian.org/debian
+    local known
+    known=$(apt-cache policy libc6 | grep -o 'https\?://[^ ]*/debian\b') # the whole of it: a closed pipe is a failure
+    echo "${known%%[[:space:]]*}" | grep . || echo http://deb.debian.org/debian
 }
 
 need_bare_roots() {
