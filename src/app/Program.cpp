@@ -29,6 +29,7 @@ Program::Program(Machine machine)
       transfers(link, files, machine.clock),
       backup(link, transfers, machine.clock, machine.checksum),
       restore(link, backup, transfers, machine.clock),
+      radioCheck(link, machine.timeOfDay),
       backupEntry({backup, machine.clock, desk, machine.timeOfDay, [this] { return whyNoBackup(); },
                    [this] { return link.freeLine(); }}),
       restoreEntry({link, restore, machine.clock, desk, machine.checksum, machine.timeOfDay,

@@ -13,6 +13,7 @@
 #include "bandstack/BandStackWindow.h"
 #include "cat/CatLink.h"
 #include "cat/PortSettings.h"
+#include "doctor/RadioCheck.h"
 #include "eq/EqWindow.h"
 #include "keyer/KeyerWindow.h"
 #include "memory/MemoryManager.h"
@@ -83,6 +84,7 @@ public:
     KindTransfers transfers;
     Backup backup;
     Restore restore;
+    RadioCheck radioCheck;
     BackupEntry backupEntry;
     RestoreEntry restoreEntry;
     PortShare share;

@@ -91,6 +91,8 @@ public:
     Signal<> opening;  ///< the port is about to be opened: whoever holds the device lets it go
     Signal<> opened;   ///< the port has just been opened
 
+    /// The open line has been seen to return what is sent.
+    bool returnsWhatIsSent() const { return m_echo.echoes(); }
     Signal<> echoFound;  ///< the open line returns what is sent, which is no answer; told once after each opening
 
     /// All wire text as it goes and as it comes, for those who keep a record of it. What they do does not change it.

@@ -47,13 +47,17 @@ RadioSearch::RadioSearch(SerialPorts& ports, Clock& clock)
     m_connections += m_port.lost.connect([this](const RuntimeError& error) { nextPort(error.text); });
 }
 
-void RadioSearch::start(int firstPort, int firstSpeed) {
+void RadioSearch::start(int firstPort, int firstSpeed, Where where) {
     stop();
     m_ports = m_machine.list();
+    if (where == Where::FirstPortOnly) {
+        std::erase_if(m_ports, [firstPort](const SerialPortInfo& port) { return port.number != firstPort; });
+    }
     bringToFront(m_ports, [firstPort](const SerialPortInfo& port) { return port.number == firstPort; });
     m_speeds.assign(radioSpeeds.begin(), radioSpeeds.end());
     bringToFront(m_speeds, [firstSpeed](int speed) { return speed == firstSpeed; });
     m_portIndex = m_speedIndex = 0;
+    m_noise = false;
     m_report.clear();
     tries = static_cast<int>(m_ports.size() * m_speeds.size());
     tried = 0;
@@ -98,6 +102,7 @@ void RadioSearch::ask() {
 
 void RadioSearch::take(std::string_view wire) {
     for (const char c : wire) {
+        m_noise = m_noise || c < ' ' || c > '~';
         m_received += c;
         if (m_received.size() > longestAnswer) m_received.erase(0, 1);
         if (c != ';') continue;
@@ -111,7 +116,7 @@ void RadioSearch::take(std::string_view wire) {
 void RadioSearch::takeAnswer(std::string_view answer) {
     const auto head = answer.rfind("ID");
     const auto told = head == std::string_view::npos ? std::string_view() : answer.substr(head);
-    if (told != query) m_heard = true;
+    if (told != query) m_heard = m_noise = true;
     if (told.size() != modelLength) return;
     const std::string model = modelName(told);
     if (model.empty()) return nextPort("A radio" + at(speed()) + " that is no FT-2000: " + std::string(told));
@@ -123,7 +128,9 @@ void RadioSearch::takeAnswer(std::string_view answer) {
 
 void RadioSearch::nextSpeed() {
     tried = tried + 1;
-    if (m_speedIndex + 1 == m_speeds.size()) return nextPort("no answer");
+    if (m_speedIndex + 1 == m_speeds.size()) {
+        return nextPort(m_noise ? "characters come, and none of them is an answer" : "no answer");
+    }
     static_cast<void>(m_port.setPortOpen(false));
     ++m_speedIndex;
     after(1);
@@ -134,6 +141,7 @@ void RadioSearch::nextPort(const std::string& why) {
     static_cast<void>(m_port.setPortOpen(false));
     ++m_portIndex;
     m_speedIndex = 0;
+    m_noise = false;
     tried = static_cast<int>(m_portIndex * m_speeds.size());
     after(1);
 }

@@ -28,7 +28,8 @@ public:
     RadioSearch(SerialPorts& ports, Clock& clock);
 
     /// Begins with this port and this speed, if they are among those that come into question. The ports must be closed.
-    void start(int firstPort, int firstSpeed);
+    enum class Where { AllPorts, FirstPortOnly };
+    void start(int firstPort, int firstSpeed, Where where = Where::AllPorts);
     /// The port that is being asked is closed; `found` stays empty.
     void cancel();
 
@@ -64,6 +65,7 @@ private:
     std::size_t m_speedIndex = 0;
     int m_asked = 0;       // how often in this try
     bool m_heard = false;  // something ended in ";" in this try
+    bool m_noise = false;  // something else came through this port
     std::string m_received;
     std::vector<std::string> m_report;  // a line for each port that is done
     Connections m_connections;

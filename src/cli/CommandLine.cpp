@@ -84,7 +84,11 @@ void addChoices(OptionParser& parser, Command& command) {
     parser.option("--link", "PATH", "share: makes the symbolic link PATH to the device", into(command.link));
     parser.option("--rigctld", "PORT", "share: serves hamlib's network protocol at localhost:PORT, too (4532 is usual)",
                   intoWhole(command.rigctlPort, 1, 65'535));
-    parser.flag("--with-settings", "description import: the settings columns too, in place of those that\nare there",
+    parser.flag("--band-stack", "doctor: walks through the band stack, too, which changes bands for a while",
+                command.bandStack);
+    parser.flag("--with-settings",
+                "description import: the settings columns too, in place of those that\nare there; doctor: the radio's "
+                "settings stand in the report",
                 command.withSettings);
 }
 
@@ -105,6 +109,7 @@ void addVerbs(OptionParser& parser, Command& command) {
     add(Verb::Convert, "convert", {file, {"OTHER", command.otherFile}},
         "a file of any kind -> a table (.csv) for spreadsheets or, with\n--chirp, for CHIRP; and such a table -> file");
     add(Verb::Share, "share", {}, "a device that other programs open as if it were the radio, until Ctrl-C");
+    add(Verb::Doctor, "doctor", {}, "looks for the radio, asks it how it answers, prints a report;\nnothing is set");
     add(Verb::Send, "send", {{"COMMAND", command.text}}, "sends a command such as 'FA;', prints the answer");
     add(Verb::Ports, "ports", {}, "lists the serial ports");
     add(Verb::DescriptionExport, "description export", {file}, "menu descriptions -> table to edit");
@@ -162,9 +167,10 @@ Failure checkOptions(const Command& command) {
         return wrong("--link and --rigctld belong to share");
     }
     if (command.resume && command.verb != Verb::Backup) return wrong("--resume belongs to backup");
-    if (command.withSettings && command.verb != Verb::DescriptionImport) {
-        return wrong("--with-settings belongs to description import");
+    if (command.withSettings && command.verb != Verb::DescriptionImport && command.verb != Verb::Doctor) {
+        return wrong("--with-settings belongs to description import and doctor");
     }
+    if (command.bandStack && command.verb != Verb::Doctor) return wrong("--band-stack belongs to doctor");
     return checkSpeech(command);
 }
 

@@ -22,6 +22,7 @@ struct Command {
         RestoreAll,
         Compare,
         Share,
+        Doctor,
         Convert,
         DescriptionExport,
         DescriptionImport
@@ -42,6 +43,7 @@ struct Command {
     bool chirp = false;             ///< for Convert: CHIRP's table
     std::string link;               ///< for Share: a second name of the device; empty for none
     std::optional<int> rigctlPort;  ///< for Share
+    bool bandStack = false;         ///< for Doctor: walks through the band stack, too
     bool resume = false;            ///< a backup that an earlier one has left unfinished
     bool verify = false;            ///< tell of every item of a restore
     bool writesAll = false;         ///< also what the radio has already
@@ -52,7 +54,7 @@ struct Command {
     bool dryRun = false;                      ///< print what would be sent
     bool withCat = false;                     ///< the radio's own CAT settings too
     bool force = false;                       ///< also a file that does not hold everything
-    bool withSettings = false;                ///< the settings columns of the descriptions too
+    bool withSettings = false;  ///< the settings columns of the descriptions too; for Doctor, the radio's own answers
 };
 
 /// Exit codes, for scripts.

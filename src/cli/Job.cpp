@@ -3,6 +3,7 @@
 #include "cli/BackupJob.h"
 #include "cli/CompareJob.h"
 #include "cli/ConvertJob.h"
+#include "cli/DoctorJob.h"
 #include "cli/RestoreJob.h"
 #include "cli/SaveJob.h"
 #include "cli/ShareJob.h"
@@ -14,6 +15,7 @@ std::unique_ptr<Job> makeJob(const Workshop& workshop) {
         case Command::Verb::Backup: return std::make_unique<BackupJob>(workshop);
         case Command::Verb::Compare: return std::make_unique<CompareJob>(workshop);
         case Command::Verb::Convert: return std::make_unique<ConvertJob>(workshop);
+        case Command::Verb::Doctor: return std::make_unique<DoctorJob>(workshop);
         case Command::Verb::Save: return std::make_unique<SaveJob>(workshop);
         case Command::Verb::Share: return std::make_unique<ShareJob>(workshop);
         default: return std::make_unique<RestoreJob>(workshop);

@@ -53,6 +53,8 @@ public:
     virtual ExitCode conclude() { return ExitCode::Done; }
     /// Whether a signal is how it ends when all is well.
     virtual bool goesOnUntilInterrupted() const { return false; }
+    /// Looks for the radio at other speeds, or at other ports if none was named, when it does not answer.
+    virtual bool looksForRadio() const { return false; }
     /// A step has failed, or the user has had enough.
     virtual void abandon() {}
 };

@@ -1,6 +1,7 @@
 #include "cli/Session.h"
 
 #include <algorithm>
+#include <sstream>
 #include <utility>
 
 #include "base/CodePage.h"
@@ -92,6 +93,7 @@ bool Session::hasNoPort() {
 void Session::openPort() {
     m_stage = Stage::Idle;
     if (hasNoPort()) {
+        if (mayLook()) return search();
         tell("no port is set; korvexctl ports lists them, -r names one");
         finish(ExitCode::Port);
         return;
@@ -109,7 +111,9 @@ void Session::openPort() {
 
 void Session::onPoll() {
     const bool late = now() >= m_deadline;
-    if (m_stage == Stage::Testing) {
+    if (m_stage == Stage::Searching) {
+        onSearchPoll();
+    } else if (m_stage == Stage::Testing) {
         onTestPoll(late);
     } else if (m_stage == Stage::Listening && late) {
         onListened();
@@ -126,10 +130,48 @@ void Session::onTestPoll(bool late) {
     const bool answered = CommTest::isAnswered(text) && text.find(';', text.rfind("FA")) != std::string::npos;
     if (answered && !m_program.link.testing()) {
         beginNext();  // with the verdict behind us: nothing but answers comes from now on
+    } else if (late && mayLook()) {
+        search();
     } else if (late) {
         tell("the radio does not answer; please check cable, speed and the radio's menus 28 to 30");
         finish(ExitCode::Answers);
     }
+}
+
+bool Session::mayLook() const {
+    return m_job && m_job->looksForRadio() && !m_search;
+}
+
+/// On the port that was named; with none, on all that no other program has.
+void Session::search() {
+    m_stage = Stage::Searching;
+    m_program.link.closePort();
+    const bool named = m_command.device || m_command.demo;
+    const MSComm& port = m_program.MSComm1;
+    tell("the radio does not answer at " + std::to_string(port.lineSettings().speed) +
+         " bit/s; looking for it at other speeds" + (named ? "" : " and ports"));
+    m_search = std::make_unique<RadioSearch>(m_program.machine().ports, m_program.machine().clock);
+    m_connections += m_search->found.connect([this](const RadioSearch::Found& found) { onFound(found); });
+    m_search->start(port.CommPort(), port.lineSettings().speed,
+                    named ? RadioSearch::Where::FirstPortOnly : RadioSearch::Where::AllPorts);
+    m_poll->setEnabled(true);
+}
+
+void Session::onFound(const RadioSearch::Found& found) {
+    MSComm& port = m_program.MSComm1;
+    // What was found is a port with a speed that ports have; the search asks without handshaking.
+    static_cast<void>(port.setCommPort(found.port));
+    static_cast<void>(port.setSettings(found.line.text()));
+    static_cast<void>(port.setHandshaking(0));
+    tell("found on " + found.device + " at " + found.line.text() + ": set port and speed so in Korvex");
+    openPort();
+}
+
+void Session::onSearchPoll() {
+    if (m_search->running) return;
+    std::istringstream lines(m_search->status.get());
+    for (std::string line; std::getline(lines, line);) tell(line);
+    finish(ExitCode::Answers);
 }
 
 void Session::beginNext() {

@@ -9,6 +9,7 @@
 
 #include "app/Program.h"
 #include "backup/Patience.h"
+#include "cat/RadioSearch.h"
 #include "cli/CommandLine.h"
 #include "cli/Console.h"
 #include "cli/Files.h"
@@ -48,6 +49,10 @@ private:
     bool hasNoPort();
     void openPort();
     void onPoll();
+    bool mayLook() const;
+    void search();
+    void onFound(const RadioSearch::Found& found);
+    void onSearchPoll();
     void onSilence();
     void onTestPoll(bool late);
     void beginNext();
@@ -68,14 +73,15 @@ private:
     Program& m_program;
     Command m_command;
     Surroundings m_surroundings;
-    enum class Stage { Idle, Testing, Working, Listening, Finished };
+    enum class Stage { Idle, Searching, Testing, Working, Listening, Finished };
     Stage m_stage = Stage::Idle;
     std::unique_ptr<Timer> m_poll;
     std::int64_t m_deadline = 0;
     Patience m_patience;
     Outcome m_outcome;  // of what was sent
     std::unique_ptr<Operation> m_sending;
-    std::unique_ptr<Job> m_job;  // none for Send
+    std::unique_ptr<RadioSearch> m_search;  // when the radio did not answer
+    std::unique_ptr<Job> m_job;             // none for Send
     bool m_jobGoesOn = false;
     std::vector<Step> m_steps;
     std::size_t m_stepIndex = 0;

@@ -92,11 +92,22 @@ void MSComm::onLost(const RuntimeError& error) {
     lost.emit(told);
 }
 
-std::string MSComm::deviceText() const {
-    for (const auto& port : m_ports.list()) {
-        if (port.number == m_commPort) return port.description.empty() ? port.device : port.description;
+std::optional<SerialPortInfo> MSComm::info() const {
+    for (auto& port : m_ports.list()) {
+        if (port.number == m_commPort) return std::move(port);
     }
-    return {};
+    return std::nullopt;
+}
+
+std::string MSComm::deviceText() const {
+    const auto port = info();
+    if (!port) return {};
+    return port->description.empty() ? port->device : port->description;
+}
+
+std::optional<int> MSComm::latencyMs() const {
+    const auto port = info();
+    return port ? port->latencyMs : std::nullopt;
 }
 
 std::string MSComm::Input() {

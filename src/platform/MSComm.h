@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,8 @@ public:
 
     /// What the ports call the device behind the number, UTF-8: "/dev/ttyUSB0: its adapter"; empty when there is none.
     std::string deviceText() const;
+    /// How long its adapter keeps what comes for itself, where that is known.
+    std::optional<int> latencyMs() const;
 
     /// As the control reports it: "4800,n,8,2", the parity letter in lower case.
     std::string Settings() const { return m_settings.text(); }
@@ -39,6 +42,9 @@ public:
 
     void setRTSEnable(bool raised);
     void setDTREnable(bool raised);
+    bool RTSEnable() const { return m_rts; }
+    /// Nothing where the device has no such line, and while the port is closed.
+    std::optional<bool> CTSHolding() const { return m_open ? m_device->cts() : std::nullopt; }
 
     bool PortOpen() const { return m_open; }
     /// Opening fails with the device's reason. Setting what already is does nothing.
@@ -59,6 +65,7 @@ public:
     Signal<const RuntimeError&> lost;
 
 private:
+    std::optional<SerialPortInfo> info() const;
     Failure openDevice();
     void closeDevice();
     void onLost(const RuntimeError& error);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@ struct FoundPort {
     std::string device;              ///< "/dev/ttyUSB0"
     std::vector<std::string> names;  ///< every name that leads to it, the one that survives replugging first
     std::string description;         ///< adapter and serial number, UTF-8; may be empty
+    std::optional<int> latencyMs = {};  ///< the adapter's latency timer, where it has one
 
     bool operator==(const FoundPort&) const = default;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +37,8 @@ public:
 
     virtual void setRts(bool raised) = 0;
     virtual void setDtr(bool raised) = 0;
+    /// Whether the other side raises CTS; nothing where the device has no such line, and while it is closed.
+    virtual std::optional<bool> cts() const { return std::nullopt; }
 
     Signal<> received;  ///< something waits to be read
     Signal<ModemLine> lineChanged;
@@ -47,6 +50,7 @@ struct SerialPortInfo {
     int number = 0;           ///< 1..20
     std::string device;       ///< "/dev/ttyUSB0"
     std::string description;  ///< UTF-8: device, adapter and serial number
+    std::optional<int> latencyMs = {};  ///< how long the adapter keeps what comes for itself, where that is known
 };
 
 /// The ports 1..20 of this machine.

@@ -64,6 +64,7 @@ constexpr auto entries = std::to_array<Entry>({
     {"refuses", flag<&Faults::refuses>},
     {"refuses-item", refusesItem},
     {"unasked", flag<&Faults::unasked>},
+    {"one-at-a-time", flag<&Faults::oneAtATime>},
     {"echoes", flag<&Faults::echoes>},
     {"unplugged", count<&Faults::unplugged, 0>},
     {"forgets-write", count<&Faults::forgetsWrite, 0>},
@@ -99,6 +100,7 @@ std::string_view faultHelp() {
            "  refuses            answers ?; to everything\n"
            "  refuses-item=X     answers ?; to a menu item (042) or to commands that begin with X (MD)\n"
            "  unasked            tells of its frequency without being asked\n"
+           "  one-at-a-time      does not hear a command while it is busy with the one before\n"
            "  echoes             what it hears comes back at once, as from some cables\n"
            "  unplugged[=N]      goes away after N more commands (at the next one)\n"
            "  forgets-write[=N]  does not store what the Nth set command sets (what any of them sets)\n"

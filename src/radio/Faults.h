@@ -23,6 +23,7 @@ struct Faults {
     bool refuses = false;                   ///< "?;" to everything
     std::vector<std::string> refusesItems;  ///< "?;" to commands that begin so
     bool unasked = false;                   ///< tells of the dial being turned between answers
+    bool oneAtATime = false;                ///< a command that comes before the last one is done is lost
     bool echoes = false;                    ///< what it hears comes back at once, as from some cables and adapters
     std::optional<int> unplugged;           ///< the device goes away after N more commands; 0: at the next one
     std::optional<int> forgetsWrite;        ///< accepts the Nth set command from now without storing it; 0: every one
@@ -30,7 +31,8 @@ struct Faults {
 
 /// Sets one fault from NAME or NAME=VALUE: deaf, deaf-once[=N], deaf-after=N, slow=MS, split, glued[=N], garbage,
 /// eighth-bit, refuses, refuses-item=NNN (a menu item) or refuses-item=MD (the beginning of a command), unasked,
-/// echoes, unplugged[=N], forgets-write[=N]; "none" ends them all. What cannot be understood changes nothing.
+/// one-at-a-time, echoes, unplugged[=N], forgets-write[=N]; "none" ends them all. What cannot be understood changes
+/// nothing.
 Failure setFault(Faults& faults, std::string_view text);
 
 /// The names that setFault takes, a line for each, for a help text.

@@ -58,7 +58,9 @@ void RadioLine::hearCommand(double nowMs, const std::string& command) {
         m_goneAt = std::max(nowMs, m_lineFreeAt);
         return;
     }
-    const double ready = nowMs + turnaroundMs + faults.slowMs;
+    if (faults.oneAtATime && nowMs < m_busyUntil) return;
+    const double ready = nowMs + pauseFor(command) + faults.slowMs;
+    m_busyUntil = ready;
     if (speedsDiffer) {
         send(ready, noise());
     } else if (!isDeafNow()) {
@@ -87,7 +89,16 @@ bool RadioLine::refuses(const std::string& command) const {
     return faults.refuses || std::any_of(faults.refusesItems.begin(), faults.refusesItems.end(), beginsSo);
 }
 
+int RadioLine::pauseFor(const std::string& command) {
+    constexpr std::size_t letters = 2;
+    constexpr int lateOne = 2;
+    const auto found = pauses.find(command.substr(0, letters));
+    if (found == pauses.end()) return turnaroundMs;
+    return ++found->second.commands == lateOne ? found->second.onceMs : found->second.usualMs;
+}
+
 std::string RadioLine::obey(const std::string& command) {
+    if (const auto fixed = fixedAnswers.find(command); fixed != fixedAnswers.end()) return fixed->second;
     if (!faults.forgetsWrite) return m_radio.obey(command);
     RadioState before = m_radio.state;
     const int setsBefore = m_radio.timesSet;
@@ -107,7 +118,7 @@ void RadioLine::send(double readyMs, std::string answer) {
     if (faults.eighthBit) raiseEighthBit(answer);
     if (faults.unasked) {
         m_unaskedInFront = !m_unaskedInFront;
-        answer.insert(m_unaskedInFront ? 0 : answer.size(), m_radio.obey("FA"));
+        answer.insert(m_unaskedInFront ? 0 : answer.size(), takeUnasked());
     }
     if (faults.glued > 1) {
         sendTogether(readyMs, answer);
@@ -115,6 +126,10 @@ void RadioLine::send(double readyMs, std::string answer) {
         releaseHeld(readyMs);
         putOnLine(readyMs, answer);
     }
+}
+
+std::string RadioLine::takeUnasked() {
+    return tellsUnasked.empty() ? m_radio.obey("FA") : tellsUnasked[m_toldUnasked++ % tellsUnasked.size()];
 }
 
 void RadioLine::putOnLine(double readyMs, std::string_view text) {
@@ -179,6 +194,7 @@ void RadioLine::clear() {
     m_held.clear();
     m_heldAnswers = 0;
     m_lineFreeAt = 0;
+    m_busyUntil = 0;
 }
 
 std::string RadioLine::noise() {

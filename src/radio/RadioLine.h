@@ -1,9 +1,12 @@
 #pragma once
 
 #include <deque>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "radio/CommandCutter.h"
 #include "radio/Faults.h"
@@ -21,8 +24,20 @@ public:
     int turnaroundMs = 30;         ///< from the end of a command to the beginning of its answer
     double characterTimeMs = 0;    ///< of the line to the program; 0: every answer comes in one piece
     bool enforcesTimeOut = false;  ///< menu 029: a command whose characters come too slowly is refused and dropped
-    bool speedsDiffer = false;     ///< the two ends cannot understand each other
-    int commandsHeard = 0;         ///< how many commands have come in, whatever became of them
+    /// Answers that are given in place of the radio's own, by the question without its ";"; empty: it stays silent.
+    std::map<std::string, std::string, std::less<>> fixedAnswers;
+    /// What it tells unasked while that fault lasts, in turn; each with its ";".
+    std::vector<std::string> tellsUnasked;
+    /// How long the radio takes for commands of these letters, in place of `turnaroundMs`; the second one of them takes
+    /// `onceMs`.
+    struct Pause {
+        int usualMs;
+        int onceMs;
+        int commands = 0;
+    };
+    std::map<std::string, Pause, std::less<>> pauses;
+    bool speedsDiffer = false;  ///< the two ends cannot understand each other
+    int commandsHeard = 0;      ///< how many commands have come in, whatever became of them
 
     /// These characters have come to the radio by now.
     void hear(double nowMs, std::string_view characters);
@@ -47,6 +62,8 @@ private:
         char character;
     };
 
+    int pauseFor(const std::string& command);
+    std::string takeUnasked();
     void hearCommand(double nowMs, const std::string& command);
     bool isDeafNow();
     bool refuses(const std::string& command) const;
@@ -70,6 +87,8 @@ private:
     std::optional<double> m_goneAt;
     unsigned m_noiseSeed = 1;
     bool m_unaskedInFront = false;
+    std::size_t m_toldUnasked = 0;
+    double m_busyUntil = 0;
 };
 
 }  // namespace korvex

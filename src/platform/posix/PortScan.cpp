@@ -64,6 +64,11 @@ std::string describe(const fs::path& tty) {
     return {};
 }
 
+/// Adapters with an FTDI chip keep what comes until they are full or so many ms are over.
+std::optional<int> latencyOf(const fs::path& tty) {
+    return parseWhole(firstLine(tty / "device/latency_timer"));
+}
+
 /// by-id goes with the adapter wherever it is plugged in, by-path with the socket.
 std::vector<std::string> namesOf(const fs::path& device, const fs::path& root) {
     std::vector<std::string> names;
@@ -87,7 +92,7 @@ std::vector<FoundPort> scanPorts(const std::string& root) {
         const fs::path device = fs::path(root) / "dev" / tty.filename();
         std::error_code error;
         if (!isSerialPort(tty) || !fs::exists(device, error)) continue;
-        found.push_back({device.string(), namesOf(device, root), describe(tty)});
+        found.push_back({device.string(), namesOf(device, root), describe(tty), latencyOf(tty)});
     }
     return found;
 }

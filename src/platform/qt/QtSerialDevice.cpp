@@ -156,6 +156,11 @@ void QtSerialDevice::onLost() {
     lost.emit(portproblem::unplugged(m_device));
 }
 
+std::optional<bool> QtSerialDevice::cts() const {
+    const auto lines = m_port.isOpen() ? tty::modemLines(m_port.handle()) : std::nullopt;
+    return lines ? std::optional(lines->cts) : std::nullopt;
+}
+
 void QtSerialDevice::pollModemLines() {
     const auto lines = tty::modemLines(m_port.handle());
     if (!lines) return m_modemPoll.stop();

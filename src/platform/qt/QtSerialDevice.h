@@ -28,6 +28,7 @@ public:
 
     void setRts(bool raised) override;
     void setDtr(bool raised) override;
+    std::optional<bool> cts() const override;
 
 private:
     Failure openLocked();

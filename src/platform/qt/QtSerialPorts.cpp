@@ -86,9 +86,10 @@ std::vector<SerialPortInfo> QtSerialPorts::list() {
     for (int number = PortNumbers::first; number <= PortNumbers::last; ++number) {
         if (isDemo(number) || !isThere(number)) continue;
         const auto* found = m_numbers.foundAt(number);
-        SerialPortInfo port{number, found != nullptr ? found->device : m_numbers.deviceOf(number), {}};
+        SerialPortInfo port{number, found != nullptr ? found->device : m_numbers.deviceOf(number), {}, {}};
         port.description = port.device;
         if (found != nullptr && !found->description.empty()) port.description += ": " + found->description;
+        if (found != nullptr) port.latencyMs = found->latencyMs;
         ports.push_back(std::move(port));
     }
     return ports;

@@ -46,6 +46,10 @@ Result<Options> parseOptions(const std::vector<std::string>& arguments) {
                   into(options.link));
     parser.option("--state", "FILE", "starts with the state in FILE, if there is one, and keeps it up to date",
                   into(options.stateFile));
+    parser.option("--like", "REPORT",
+                  "behaves as the radio did that korvexctl doctor has written REPORT about:\nforms, delays, refusals, "
+                  "what it tells unasked, speed",
+                  into(options.reportFile));
     parser.option("--turnaround", "MS", "from the end of a command to its answer (30)",
                   intoWhole(options.turnaroundMs, 0, 60'000));
     parser.option("--line", "SPEED,P,D,S", "characters take as long as on such a line: 38400,n,8,2 (else no time)",

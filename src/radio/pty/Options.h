@@ -11,9 +11,10 @@
 namespace korvex::pty {
 
 struct Options {
-    std::string link;       ///< a second name for the device; empty: none
-    std::string stateFile;  ///< empty: nothing is kept
-    std::string logFile;    ///< empty: no log
+    std::string link;        ///< a second name for the device; empty: none
+    std::string stateFile;   ///< empty: nothing is kept
+    std::string logFile;     ///< empty: no log
+    std::string reportFile;  ///< of a radio to behave like; empty: none
     int turnaroundMs = 30;
     std::optional<LineSettings> line;  ///< how fast characters come and go; else they take no time
     Faults faults;

@@ -5,7 +5,10 @@
 #include <optional>
 
 #include "platform/EndSignals.h"
+#include "platform/TextFile.h"
+#include "radio/Likeness.h"
 #include "radio/pty/Messages.h"
+#include "report/ReportText.h"
 
 namespace korvex::pty {
 
@@ -28,7 +31,22 @@ double PtyServer::now() const {
     return steadyMs() - m_startMs;
 }
 
+/// The state file comes after it: what an owner keeps of a radio counts.
+Failure PtyServer::loadReport() {
+    const auto text = textfile::read(m_options.reportFile);
+    if (!text) return text.error();
+    const auto report = parseReport(*text);
+    if (!report) return RuntimeError{report.error().number, m_options.reportFile + ": " + report.error().text};
+    behaveLike(*report, m_radio, m_line);
+    const auto line = parseLineSettings(report->line);
+    if (!m_options.line && line) m_line.characterTimeMs = line->characterTime();
+    return {};
+}
+
 Failure PtyServer::start() {
+    if (!m_options.reportFile.empty()) {
+        if (auto failure = loadReport()) return failure;
+    }
     if (auto failure = m_stateFile.load()) return failure;
     if (!m_options.logFile.empty()) {
         if (auto failure = m_log.open(m_options.logFile)) return failure;

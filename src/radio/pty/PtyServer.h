@@ -27,6 +27,7 @@ public:
     Failure finish() { return m_stateFile.writeNow(); }
 
 private:
+    Failure loadReport();
     /// A character on its way to the radio.
     struct Coming {
         double at;
