@@ -1,6 +1,7 @@
 #include "backup/Differences.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
 
 #include "base/NumberText.h"
