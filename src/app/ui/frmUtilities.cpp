@@ -80,8 +80,10 @@ void frmUtilities::makeButton(int tool) {
     button->setFont(larger);
     connect(button, &QPushButton::clicked, this, [this, tool] { m_logic.Command1_Click(tool); });
     m_connections += m_logic.backColor(tool).bind([button](int color) {
+        const bool inUse = color == StartWindow::lightGreen;
         button->setBackColor(color);
-        button->setAccessibleDescription(color == StartWindow::lightGreen ? QStringLiteral("in use") : QString());
+        button->setMarked(inUse);
+        button->setAccessibleDescription(inUse ? QStringLiteral("in use") : QString());
     });
     m_connections += m_logic.enabled[index].bind([button](bool enabled) { button->setEnabled(enabled); });
 }

@@ -56,6 +56,8 @@ frmBandStack::frmBandStack(BandStackWindow& logic, CatLink& link, SettingsStore&
     m_connections += m_logic.storePlace.connect([this] { storePlace(); });
     m_connections += m_logic.hide.connect([this] { hide(); });
     loadPlace();
+    // One that nobody has placed yet shows as many registers as the screen is wide.
+    if (isNew()) growTo(grid->sizeOfWholeGrid().width() + pixels(besideGrid));
     fitHeight();
 }
 

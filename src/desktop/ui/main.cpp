@@ -8,6 +8,7 @@
 #include "desktop/StartOptions.h"
 #include "desktop/ui/RunProgram.h"
 #include "platform/StandardStreams.h"
+#include "windows/ui/OutlineStyle.h"
 #include "windows/ui/SvgArt.h"
 
 namespace korvex {
@@ -34,7 +35,8 @@ int main(int argc, char** argv) {
     }
     // The menus stand in their windows; asking the desktop for a bar of its own takes part of the time of the start.
     QApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-    QApplication application(argc, argv);  // takes the toolkit's own arguments away
+    QApplication application(argc, argv);      // takes the toolkit's own arguments away
+    QApplication::setStyle(new OutlineStyle);  // the application's
     QApplication::setApplicationName(QStringLiteral("Korvex"));
     QApplication::setDesktopFileName(QStringLiteral("korvex"));
     QApplication::setQuitOnLastWindowClosed(false);

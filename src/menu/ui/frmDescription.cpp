@@ -124,12 +124,11 @@ void frmDescription::makeBody() {
 void frmDescription::growToGrid() {
     constexpr int borders = 4;
     constexpr int highest = 640;
-    constexpr int frame = 16;
     constexpr int titleBar = 60;
-    const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    const int wanted = pixels(MenuManager::tableWidth()) + scrollBar + borders;
-    const QRect room = screen()->availableGeometry().adjusted(0, 0, -frame, -titleBar);
-    resize(std::min(wanted, room.width()), std::max(height(), std::min(highest, room.bottom() - y())));
+    growTo(pixels(MenuManager::tableWidth()) + style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this) +
+           borders);
+    const int below = screen()->availableGeometry().bottom() - titleBar - y();
+    resize(width(), std::max(height(), std::min(highest, below)));
 }
 
 void frmDescription::addField(Property<std::string>& text, const char* name, const char* word, const char* meaning) {

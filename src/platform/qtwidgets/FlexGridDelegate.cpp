@@ -23,8 +23,9 @@ constexpr qsizetype longestMeasured = 2000;
 void drawFrame(QPainter& painter, const QStyleOptionViewItem& option) {
     const bool focused = option.widget && option.widget->hasFocus();
     const int width = focused ? 2 : 1;
-    painter.setPen(QPen(option.palette.color(focused ? QPalette::Highlight : QPalette::Dark), width, Qt::SolidLine,
-                        Qt::SquareCap, Qt::MiterJoin));
+    QColor colour = option.palette.color(focused ? QPalette::Highlight : QPalette::Text);
+    if (!focused) colour.setAlpha(140);
+    painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.setBrush(Qt::NoBrush);
     const QRectF inside = QRectF(option.rect).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0);
     painter.drawRect(inside);

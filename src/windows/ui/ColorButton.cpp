@@ -8,8 +8,25 @@
 
 namespace korvex {
 
+namespace {
+
+void drawMark(QPainter& painter, const QRectF& face, const QColor& colour) {
+    const double side = face.height() / 4;
+    const QPointF tip(face.left() + 2.5 * side, face.center().y());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawPolygon(QPolygonF({tip, tip + QPointF(-side, -side / 1.5), tip + QPointF(-side, side / 1.5)}));
+}
+
+}  // namespace
+
 void ColorButton::setBackColor(int bbggrr) {
     korvex::setBackColor(*this, bbggrr);
+}
+
+void ColorButton::setMarked(bool marked) {
+    m_marked = marked;
+    update();
 }
 
 void ColorButton::paintEvent(QPaintEvent*) {
@@ -30,6 +47,7 @@ void ColorButton::paintEvent(QPaintEvent*) {
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(face.adjusted(3, 3, -3, -3), 2, 2);
     }
+    if (m_marked) drawMark(painter, face, readableOn(back));
     style()->drawControl(QStyle::CE_PushButtonLabel, &option, &painter, this);
 }
 

@@ -13,10 +13,15 @@ public:
     using QPushButton::QPushButton;
 
     void setBackColor(int bbggrr);
+    /// A sign at its left end, for those who cannot tell its colour from the others'.
+    void setMarked(bool marked);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    bool m_marked = false;
 };
 
 }  // namespace korvex

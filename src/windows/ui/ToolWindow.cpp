@@ -49,6 +49,11 @@ void ToolWindow::goTo(const WindowPlace& place) {
     resize(pixels(place.width), pixels(place.height));
 }
 
+void ToolWindow::growTo(int wanted) {
+    constexpr int frame = 16;
+    resize(std::max(width(), std::min(wanted, screen()->availableGeometry().width() - frame)), height());
+}
+
 /// Only now is it known how large a window is that goes by what is in it.
 void ToolWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);

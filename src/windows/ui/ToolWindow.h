@@ -43,6 +43,9 @@ protected:
     /// No earlier run has left anything about its place.
     bool isNew() const { return !m_geometry.isStored(m_settings); }
 
+    /// As wide as what is in it asks for, up to what the screen has: for a window that nobody has placed yet.
+    void growTo(int width);
+
     /// The close box. Returning false keeps the window as it is; unless overridden the place is stored and the window
     /// goes out of sight.
     virtual bool closeBox();

@@ -1,0 +1,61 @@
+#include "windows/ui/OutlineStyle.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QSlider>
+#include <QStyleFactory>
+#include <gtest/gtest.h>
+#include <memory>
+#include <set>
+
+namespace korvex {
+namespace {
+
+/// The number of colours that a control shows in a window of this palette.
+template <class Control>
+std::size_t colours(const QPalette& palette, QStyle& style) {
+    Control control;
+    control.setStyle(&style);
+    control.setPalette(palette);
+    control.resize(60, 60);
+    const QImage image = control.grab().toImage();
+    std::set<QRgb> found;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) found.insert(image.pixel(x, y));
+    }
+    return found.size();
+}
+
+QPalette plain(const QColor& ground, const QColor& ink) {
+    QPalette palette(ink, ground, ground, ground, ground, ink, ground);
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
+        palette.setColor(QPalette::Disabled, role, ground);
+    return palette;
+}
+
+TEST(OutlineStyle, ShowsInABlackWindowWhereBoxesFieldsAndSlidersAre) {
+    const QPalette black = plain(Qt::black, Qt::white);
+    OutlineStyle style;
+    style.setBaseStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    EXPECT_GT(colours<QCheckBox>(black, style), 1U);
+    EXPECT_GT(colours<QLineEdit>(black, style), 1U);
+    EXPECT_GT(colours<QSlider>(black, style), 1U);
+
+    const std::unique_ptr<QStyle> fusion(QStyleFactory::create(QStringLiteral("fusion")));
+    const QPalette usual = fusion->standardPalette();
+    EXPECT_EQ(colours<QCheckBox>(usual, style), colours<QCheckBox>(usual, *fusion)) << "nothing needs to be mended";
+}
+
+TEST(OutlineStyle, LetsDisabledTextBeRead) {
+    OutlineStyle style;
+    QPalette black = plain(Qt::black, Qt::white);
+    style.polish(black);
+    EXPECT_GT(qGray(black.color(QPalette::Disabled, QPalette::ButtonText).rgb()), 100);
+    QPalette grey = plain(Qt::black, Qt::white);
+    grey.setColor(QPalette::Disabled, QPalette::Text, QColor(120, 120, 120));
+    style.polish(grey);
+    EXPECT_EQ(grey.color(QPalette::Disabled, QPalette::Text), QColor(120, 120, 120)) << "the desktop's choice";
+}
+
+}  // namespace
+}  // namespace korvex
