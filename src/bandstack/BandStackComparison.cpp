@@ -70,11 +70,12 @@ std::string fileName(const std::string& path) {
 
 }  // namespace
 
-BandStackComparison::BandStackComparison(BandStack& stack, CatLink& link, Clock& clock, OwnersFiles& files)
-    : m_stack(stack), m_files(files), m_reader(link, clock) {
+BandStackComparison::BandStackComparison(BandStack& stack, CatLink& link, Clock& clock, OwnersFiles& files,
+                                         BandStackWriter& writer)
+    : m_stack(stack), m_files(files), m_reader(link, clock), m_walk(link, m_reader, writer) {
     m_stack.grid.setFace(this);
     m_connections += m_stack.grid.allChanged.connect([this] { tellResult(); });
-    m_connections += m_reader.ended.connect([this](const Outcome& outcome) { onRead(outcome); });
+    m_connections += m_walk.ended.connect([this](const Outcome& outcome) { onRead(outcome); });
 }
 
 void BandStackComparison::markRegister() {
@@ -105,16 +106,18 @@ void BandStackComparison::compareFile() {
     });
     if (end.failure) return m_files.tell(*end.failure);
     if (!cells) return;
-    m_other = Other{*cells, fileName(*end.file)};
+    m_other = Other{*cells, fileName(*end.file), ""};
     show();
 }
 
 void BandStackComparison::onRead(const Outcome& outcome) {
+    const std::string& why = m_walk.whyNotHome();
+    const std::string note = why.empty() ? "" : ". " + why;
     if (!outcome.isDone()) {
-        result = inWords(outcome, {"register", "registers"});
+        result = inWords(outcome, {"register", "registers"}) + note;
         return;
     }
-    m_other = Other{m_reader.cells(), "the radio"};
+    m_other = Other{m_reader.cells(), "the radio", note};
     show();
 }
 
@@ -147,6 +150,7 @@ void BandStackComparison::tellResult() {
         result = settings == 0 ? "No setting differs from " + m_other->name
                                : countOf(settings, "setting") + " in " + countOf(registers, "register") +
                                      (settings == 1 ? " differs from " : " differ from ") + m_other->name;
+        result = result.get() + m_other->note;
     } else {
         result = countOf(settings / 2, "setting") + (settings == 2 ? " differs: " : " differ: ") +
                  registerInWords(m_marked) + " and " + registerInWords(m_with);

@@ -5,6 +5,7 @@
 
 #include "bandstack/BandStack.h"
 #include "bandstack/BandStackReader.h"
+#include "bandstack/BandStackWalk.h"
 #include "base/Property.h"
 #include "platform/GridFace.h"
 #include "platform/OwnersFiles.h"
@@ -15,7 +16,8 @@ namespace korvex {
 /// register from another, or the grid from a file or from the radio. The grid keeps its cells.
 class BandStackComparison : public GridFace {
 public:
-    BandStackComparison(BandStack& stack, CatLink& link, Clock& clock, OwnersFiles& files);
+    /// `writer` is not used; a walk has one.
+    BandStackComparison(BandStack& stack, CatLink& link, Clock& clock, OwnersFiles& files, BandStackWriter& writer);
 
     /// Remembers the register of the current column.
     void markRegister();
@@ -23,8 +25,8 @@ public:
     void compareRegisters();
     /// Asks for the file.
     void compareFile();
-    /// Reads the radio's registers, and leaves the grid as it is.
-    void compareRadio() { m_reader.read(); }
+    /// Reads the radio's registers, leaves the grid as it is, and puts the radio back where it stood.
+    void compareRadio() { m_walk.read(); }
     void end();
 
     Property<std::string> result;  ///< how much differs, UTF-8
@@ -41,6 +43,7 @@ private:
     struct Other {
         BandStackCells cells;
         std::string name;
+        std::string note;  ///< what there is to say of it besides
     };
 
     std::optional<std::string> otherAnswer(int row, int column) const;
@@ -51,6 +54,7 @@ private:
     BandStack& m_stack;
     OwnersFiles& m_files;
     BandStackReader m_reader;
+    BandStackWalk m_walk;
     std::optional<Other> m_other;
     int m_marked = 0;  // column; 0: none
     int m_with = 0;    // column that is compared with it; 0: none

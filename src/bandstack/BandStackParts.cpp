@@ -14,6 +14,23 @@ namespace {
 constexpr std::array<std::string_view, 11> bands = {"160 m", "80 m", "60 m", "40 m", "30 m", "20 m",
                                                     "17 m",  "15 m", "12 m", "10 m", "6 m"};
 
+struct Limits {
+    int lowest;  // kHz
+    int highest;
+};
+/// Of the widest allocations anywhere.
+constexpr std::array<Limits, bands.size()> limits = {{{1'800, 2'000},
+                                                      {3'500, 4'000},
+                                                      {5'250, 5'450},
+                                                      {7'000, 7'300},
+                                                      {10'100, 10'150},
+                                                      {14'000, 14'350},
+                                                      {18'068, 18'168},
+                                                      {21'000, 21'450},
+                                                      {24'890, 24'990},
+                                                      {28'000, 29'700},
+                                                      {50'000, 54'000}}};
+
 constexpr std::array<std::pair<std::string_view, std::string_view>, 22> settings = {{{"AC;", "Antenna tuner"},
                                                                                      {"BC0;", "Auto notch"},
                                                                                      {"BP00;", "Manual notch"},
@@ -36,6 +53,15 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 22> settings
                                                                                      {"NB0;", "Noise blanker, VFO A"},
                                                                                      {"NB1;", "Noise blanker, VFO B"},
                                                                                      {"AN0;", "Antenna"}}};
+
+/// "14074000" of "FA14074000;"; empty for any other answer.
+std::string digitsOfFrequency(const std::string& answer) {
+    constexpr std::size_t digits = 8;
+    constexpr std::size_t head = 2;
+    const bool tells = (answer.starts_with("FA") || answer.starts_with("FB")) && answer.size() == head + digits + 1 &&
+                       answer.ends_with(';') && std::all_of(answer.begin() + head, answer.end() - 1, isDigit);
+    return tells ? answer.substr(head, digits) : "";
+}
 
 /// No command of any register.
 BandStackCells nothingToWrite(const BandStackCells& cells) {
@@ -74,13 +100,18 @@ std::string_view settingInWords(std::string_view query, int row) {
     return found == settings.end() ? std::string_view() : found->second;
 }
 
+int bandOfFrequency(const std::string& answer) {
+    const auto hertz = parseWhole(digitsOfFrequency(answer));
+    if (!hertz) return -1;
+    const auto* const found = std::find_if(limits.begin(), limits.end(), [&](const Limits& band) {
+        return *hertz >= band.lowest * 1000 && *hertz <= band.highest * 1000;
+    });
+    return found == limits.end() ? -1 : static_cast<int>(found - limits.begin());
+}
+
 std::string readableAnswer(const std::string& answer) {
-    constexpr std::size_t digits = 8;
-    constexpr std::size_t head = 2;
-    const bool tellsFrequency = (answer.starts_with("FA") || answer.starts_with("FB")) &&
-                                answer.size() == head + digits + 1 && answer.ends_with(';') &&
-                                std::all_of(answer.begin() + head, answer.end() - 1, isDigit);
-    return tellsFrequency ? groupedFrequency(answer.substr(head, digits)) : answer;
+    const std::string digits = digitsOfFrequency(answer);
+    return digits.empty() ? answer : groupedFrequency(digits);
 }
 
 bool isWholeRegister(const BandStackCells& cells, int column) {

@@ -21,6 +21,9 @@ std::string_view settingInWords(std::string_view query, int row);
 /// The frequency that an answer to FA; or FB; tells, in groups; every other text as it is.
 std::string readableAnswer(const std::string& answer);
 
+/// The number of the band in which the frequency of an answer to FA; lies, -1 where none has it.
+int bandOfFrequency(const std::string& answer);
+
 /// Whether a column holds every setting that all files have.
 bool isWholeRegister(const BandStackCells& cells, int column);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "bandstack/BandStackParts.h"
 #include "base/CodePage.h"
 #include "base/NumberText.h"
 
@@ -52,11 +53,15 @@ BandStackWalk::BandStackWalk(CatLink& link, BandStackReader& reader, BandStackWr
 }
 
 void BandStackWalk::read() {
-    begin(false, [this] { m_reader.read(); });
+    begin(false, false, [this] { m_reader.read(); });
 }
 
 void BandStackWalk::write(const BandStackCells& cells) {
-    begin(true, [this, cells] { m_writer.write(cells); });
+    begin(true, false, [this, cells] { m_writer.write(cells); });
+}
+
+void BandStackWalk::writeBand(const BandStackCells& part) {
+    begin(true, true, [this, part] { m_writer.write(part); });
 }
 
 void BandStackWalk::stop() {
@@ -72,11 +77,12 @@ bool BandStackWalk::beginStep(const std::string& doing, void (BandStackWalk::*on
     return true;
 }
 
-void BandStackWalk::begin(bool writes, std::function<void()> walk) {
+void BandStackWalk::begin(bool writes, bool isPart, std::function<void()> walk) {
     // An earlier walk that has to end for this one does so in here.
     if (!beginStep("Asking where the radio stands", &BandStackWalk::onNoted)) return ended.emit(m_link.notBegun());
     m_stage = Stage::Noting;
     m_writes = writes;
+    m_isPart = isPart;
     m_mayReadAgain = !writes;
     m_walk = std::move(walk);
     m_frequency.clear();
@@ -144,7 +150,19 @@ void BandStackWalk::chooseWay() {
         if (cells.at(1, firstColumn(band)) == "?;") continue;  // the radio has refused the band
         m_way.push_back(wayTo(cells, band, m_way.empty()));
     }
+    if (m_isPart) return addReturn();
     std::stable_partition(m_way.begin(), m_way.end(), [this](const Band& band) { return band.number != m_startBand; });
+}
+
+/// The radio stands on the band that was written, on its third register; one press leads back to another band.
+void BandStackWalk::addReturn() {
+    if (m_startBand < 0) m_startBand = bandOfFrequency(m_frequency);
+    m_isBack = false;
+    for (Band& band : m_way) {
+        --band.presses;
+        m_isBack = m_isBack || band.number == m_startBand;
+    }
+    if (m_startBand >= 0 && !m_isBack) m_way.push_back({m_startBand, m_frequency, true, 1, true});
 }
 
 void BandStackWalk::goHome() {
@@ -189,7 +207,10 @@ void BandStackWalk::check(const std::string& frequency) {
 }
 
 void BandStackWalk::nextBand(bool isHome) {
-    if (!isHome) m_notHome.push_back(m_way[m_at].number);
+    if (m_way[m_at].isReturn) {
+        m_isBack = isHome;
+    } else if (!isHome)
+        m_notHome.push_back(m_way[m_at].number);
     ++m_at;
     m_presses = 0;
     m_checks = false;
@@ -210,6 +231,8 @@ void BandStackWalk::onHome(const Outcome& outcome) {
         m_whyNotHome =
             "The walk through the band stack went astray in these bands; one of their registers may have come twice:";
         for (const int band : m_notHome) m_whyNotHome += " " + zeroPadded(band, 2);
+    } else if (m_isPart) {
+        if (!m_isBack) m_whyNotHome = "The radio stood on " + readableAnswer(m_frequency) + "; now it does not.";
     } else if (m_startBand < 0) {
         m_whyNotHome = "The radio stood on " + utf8FromWire(m_frequency) +
                        ", which is in none of its registers (a memory?); it stands on another band now.";

@@ -29,6 +29,9 @@ public:
     /// `ended` tells the end of the walk, at once if the line is not to be had.
     void read();
     void write(const BandStackCells& cells);
+    /// Cells of which only one band is to be written (`onlyBandOf`). No other register is known then: the radio is led
+    /// back to the frequency that it stood on, in the band that has it.
+    void writeBand(const BandStackCells& part);
     /// The last one was a writing.
     bool writes() const { return m_writes; }
     /// Gives the line back without a word.
@@ -42,15 +45,17 @@ public:
 private:
     struct Band {
         int number;
-        std::string home;  ///< the answer to FA; on its first register
-        bool isAlone;      ///< no other of its registers has that frequency
-        int presses;       ///< of its button that lead there
+        std::string home;       ///< the answer to FA; on its first register
+        bool isAlone;           ///< no other of its registers has that frequency
+        int presses;            ///< of its button that lead there
+        bool isReturn = false;  ///< nothing of it was walked through
     };
-    void begin(bool writes, std::function<void()> walk);
+    void begin(bool writes, bool isPart, std::function<void()> walk);
     void onNoted(const Outcome& outcome);
     void onWalked(const Outcome& outcome);
     void goHome();
     void chooseWay();
+    void addReturn();
     Band wayTo(const BandStackCells& cells, int band, bool isFirst) const;
     int bandOfStart(const BandStackCells& cells) const;
     std::optional<Exchange> nextPress();
@@ -68,6 +73,7 @@ private:
     Stage m_stage = Stage::Idle;
     std::function<void()> m_walk;
     bool m_writes = false;
+    bool m_isPart = false;
     bool m_mayReadAgain = false;
     Outcome m_outcome;           // of the walk
     std::string m_frequency;     // "FA14195000;" where the radio stood
@@ -78,6 +84,7 @@ private:
     int m_presses = 0;           // of its button
     bool m_checks = false;       // where the last one has led is asked for now
     std::vector<int> m_notHome;  // bands
+    bool m_isBack = false;       // where it stood, when a part was written
     std::string m_whyNotHome;
     Connections m_connections;
     std::unique_ptr<Operation> m_operation;

@@ -34,7 +34,7 @@ BandStackWindow::BandStackWindow(CatLink& link, Clock& clock, const OwnersDesk& 
       m_reader(link, clock),
       m_writer(link),
       m_walk(link, m_reader, m_writer),
-      m_comparison(m_stack, link, clock, m_files) {
+      m_comparison(m_stack, link, clock, m_files, m_writer) {
     listen();
 }
 
@@ -48,8 +48,10 @@ void BandStackWindow::listen() {
     });
     m_connections += m_walk.ended.connect([this](const Outcome& outcome) {
         m_walk.writes() ? onWriteEnded(outcome) : onReadEnded(outcome);
-        if (const std::string& why = m_walk.whyNotHome(); !why.empty())
-            m_link.received().append("\r\n " + why + " \r\n");
+        const std::string& why = m_walk.whyNotHome();
+        if (why.empty()) return;
+        m_link.received().append("\r\n " + why + " \r\n");
+        if (m_walk.writes() && m_writesPart) m_files.msgBox().exclamation(why);
     });
     m_connections += m_writer.began.connect([this] {
         if (!m_writesPart) m_stack.show(m_writer.cells());
@@ -141,12 +143,6 @@ std::string BandStackWindow::incompleteIn(const BandStackCells& cells, int first
     return text;
 }
 
-void BandStackWindow::writePart(const BandStackCells& part) {
-    m_writesPart = true;
-    m_goesHome = false;
-    m_writer.write(part);
-}
-
 void BandStackWindow::mnu_writeBand_Click() {
     const int column = m_stack.grid.Col();
     const int first = firstOfBand(column);
@@ -154,7 +150,9 @@ void BandStackWindow::mnu_writeBand_Click() {
     if (hasBeenRefused(first)) return;
     const std::string missing = incompleteIn(cells, first, BandStackCells::perBand);
     const std::string question = "Write " + bandInWords(column) + " all the same?";
-    if (missing.empty() || m_files.msgBox().confirm(missing + question)) writePart(onlyBandOf(cells, column));
+    if (!missing.empty() && !m_files.msgBox().confirm(missing + question)) return;
+    m_writesPart = m_goesHome = true;
+    m_walk.writeBand(onlyBandOf(cells, column));
 }
 
 void BandStackWindow::mnu_writeRegister_Click() {
@@ -165,7 +163,10 @@ void BandStackWindow::mnu_writeRegister_Click() {
         "No command names a register: it is written into the one that the radio stands on.\r\n"
         "Choose that with the radio's band key first.\r\nWrite " +
         registerInWords(column) + " there now?";
-    if (m_files.msgBox().confirm(incompleteIn(cells, column, 1) + question)) writePart(onlyRegisterOf(cells, column));
+    if (!m_files.msgBox().confirm(incompleteIn(cells, column, 1) + question)) return;
+    m_writesPart = true;
+    m_goesHome = false;  // the radio stays where it is
+    m_writer.write(onlyRegisterOf(cells, column));
 }
 
 void BandStackWindow::mnu_saveDatafromHD_Click() {

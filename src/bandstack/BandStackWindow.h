@@ -65,7 +65,6 @@ private:
     void tellStrangeAnswers();
     bool hasBeenRefused(int column);
     std::string incompleteIn(const BandStackCells& cells, int first, int count) const;
-    void writePart(const BandStackCells& part);
     bool mayBeIncomplete(const std::string& question);
     Failure take(const std::string& content);
     void tellSaveError(const RuntimeError& error);

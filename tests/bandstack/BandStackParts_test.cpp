@@ -23,9 +23,12 @@ struct Parts : testing::Test {
         bench.ports.written.clear();
     }
     std::string written() {
-        EXPECT_TRUE(bench.clock.advanceUntil([this] { return !bench.ends.empty(); }, 60'000));
+        settle();
         EXPECT_EQ(bench.ends, std::vector{Outcome::Kind::Done});
         return bench.ports.written;
+    }
+    void settle() {
+        EXPECT_TRUE(bench.clock.advanceUntil([this] { return bench.program.link.operation() == nullptr; }, 200'000));
     }
     int count(const std::string& text, const std::string& part) {
         int found = 0;
@@ -36,6 +39,7 @@ struct Parts : testing::Test {
     BandStackBench<fakes::TalkativePorts> bench;
     BandStackWindow& window = bench.window;
     BandStackComparison& comparison = window.comparison();
+    RadioState& radio = bench.ports.radio().state;
 };
 
 TEST(BandStackParts, SayWhatAPersonCallsThem) {
@@ -43,6 +47,10 @@ TEST(BandStackParts, SayWhatAPersonCallsThem) {
     EXPECT_EQ(registerInWords(17), "20 m / 2");
     EXPECT_EQ(registerInWords(33), "6 m / 3");
     EXPECT_EQ(firstOfBand(18), 16);
+    EXPECT_EQ(bandOfFrequency("FA14350000;"), 5);
+    EXPECT_EQ(bandOfFrequency("FA14350001;"), -1);
+    EXPECT_EQ(bandOfFrequency("FA01800000;"), 0);
+    EXPECT_EQ(bandOfFrequency("MD02;"), -1);
     EXPECT_EQ(readableAnswer("FA14074000;"), "14.074.000");
     EXPECT_EQ(readableAnswer("FB00475000;"), "0.475.000");
     for (const char* kept : {"FA1407400;", "FA14074000", "FA1407400x;", "MD02;", "?;", ""}) {
@@ -61,11 +69,14 @@ TEST_F(Parts, OneBandIsWrittenAloneAndTheGridStays) {
         bench.ports.written.clear();
         bench.program.link.pace = pace;
         const BandStackCells before = window.stack().cells();
+        const Values stood = radio.currentRegister();
         window.stack().grid.setCurrent(5, 17);
         window.mnu_writeBand_Click();
         const std::string text = written();
-        EXPECT_EQ(count(text, "BS05;"), 3) << text;
-        EXPECT_EQ(count(text, "BS"), 3) << text;
+        EXPECT_EQ(count(text, "BS05;"), 4) << "and one step to the first of them: " << text;
+        EXPECT_EQ(count(text, "BS"), 5) << "and back to 6 m, where the reading has left the radio: " << text;
+        EXPECT_EQ(radio.band, 10);
+        EXPECT_EQ(radio.currentRegister(), stood);
         for (const int column : {16, 17, 18}) EXPECT_GE(count(text, before.at(10, column)), 1);
         EXPECT_EQ(count(text, before.at(10, 1)), 0);
         EXPECT_EQ(window.stack().cells(), before);
@@ -80,6 +91,35 @@ TEST_F(Parts, OneBandIsWrittenAloneAndTheGridStays) {
     window.mnu_writeBand_Click();
     bench.clock.advance(2'000);
     EXPECT_EQ(bench.ports.written, "");
+}
+
+TEST_F(Parts, OneBandIsWrittenAndTheRadioIsLedBackOrItIsSaidThatItIsNot) {
+    const auto writeTwentyMetres = [&] {
+        window.stack().grid.setCurrent(5, 17);
+        window.mnu_writeBand_Click();
+        settle();
+    };
+    radio.band = 3;
+    radio.set("FA", "07123456");  // on the band, and tuned away from what the reading found
+    const Values stood = radio.currentRegister();
+    writeTwentyMetres();
+    EXPECT_EQ(radio.band, 3);
+    EXPECT_EQ(radio.currentRegister(), stood);
+
+    radio.band = 5;
+    writeTwentyMetres();
+    EXPECT_EQ(radio.band, 5);
+    EXPECT_EQ("FA" + radio.get("FA") + ";", bench.cell(10, 16)) << "on the first of what was written";
+
+    radio.band = 3;
+    radio.set("FA", "06070000");
+    bench.msgBox.foresee("The radio stood on 6.070.000; now it does not.");
+    writeTwentyMetres();
+    radio.memoryMode = true;
+    radio.recalled = radio.currentRegister();
+    radio.set("FA", "07050000");
+    bench.msgBox.foresee("The radio stood on 7.050.000; now it does not.");
+    writeTwentyMetres();
 }
 
 TEST_F(Parts, OneRegisterIsWrittenIntoTheOneThatTheRadioStandsOn) {
@@ -135,16 +175,23 @@ TEST_F(Parts, AreComparedWithOneAnotherWithAFileAndWithTheRadio) {
     bench.program.link.pace = Pace::Answered;
     const auto compareRadio = [&] {
         comparison.compareRadio();
-        EXPECT_TRUE(bench.clock.advanceUntil([&] { return !comparison.reader().running(); }, 200'000));
+        settle();
     };
+    const RadioState stood = radio;
     compareRadio();  // which begins in each band with the register that the reading has ended with
     EXPECT_EQ(comparison.result.get(), "No setting differs from the radio");
+    EXPECT_EQ(radio, stood) << "put back";
     EXPECT_NE(comparison.reader().cells(), before);
     EXPECT_EQ(window.stack().cells(), before);
     bench.setCell(5, 33, "MD0C;");
     compareRadio();
     EXPECT_EQ(comparison.result.get(), "1 setting in 1 register differs from the radio");
     EXPECT_TRUE(comparison.differs(5, 33));
+    radio.memoryMode = true;
+    radio.recalled = radio.currentRegister();
+    radio.set("FA", "07050000");
+    compareRadio();
+    EXPECT_NE(comparison.result.get().find("differs from the radio. The radio stood on"), std::string::npos);
     bench.program.link.closePort();
     comparison.compareRadio();
     EXPECT_NE(comparison.result.get().find("differs"), 0U);
