@@ -63,22 +63,25 @@ void Terminal::term3_KeyPress(std::string_view character) {
     }
     m_needs.link.sent().append(enter ? crLf : *wire);
     if (enter && m_needs.link.PortOpen()) {
-        m_typedLast = transmitBuffer;
-        m_cameLast.clear();
+        const std::string line = transmitBuffer;
+        m_typedLast = TypedCommands(line);
         if (m_needs.link.panels().Error.get().starts_with(refusedText)) m_needs.link.panels().Error = "";
-        m_needs.link.send(m_typedLast);
+        m_needs.link.send(line);
         transmitBuffer = "";
         return;
     }
     transmitBuffer = transmitBuffer.get() + *wire;
 }
 
-/// "?;" names nothing. While nobody else has the line it can only mean what was typed last.
+/// While nobody else has the line a refusal can only mean what was typed last.
 void Terminal::onCame(std::string_view wire) {
-    if (m_typedLast.empty() || m_needs.link.operation() || m_needs.link.testing()) return m_typedLast.clear();
-    const bool refused = (m_cameLast + std::string(wire)).find("?;") != std::string::npos;
-    m_cameLast = wire.substr(wire.empty() ? 0 : wire.size() - 1);
-    if (refused) m_needs.link.panels().Error = std::string(refusedText) + utf8FromWire(m_typedLast);
+    if (m_typedLast.empty()) return;
+    if (m_needs.link.operation() || m_needs.link.testing()) {
+        m_typedLast = {};
+    } else if (m_typedLast.take(wire)) {
+        const std::string refused = m_typedLast.refused();
+        m_needs.link.panels().Error = refused.empty() ? "" : std::string(refusedText) + utf8FromWire(refused);
+    }
 }
 
 void Terminal::term3_Backspace() {

@@ -12,6 +12,7 @@
 #include "platform/SettingsStore.h"
 #include "platform/Shell.h"
 #include "terminal/ToolWindows.h"
+#include "terminal/TypedCommands.h"
 
 namespace korvex {
 
@@ -73,8 +74,7 @@ private:
 
     TerminalNeeds m_needs;
     bool m_loaded = false;
-    std::string m_cameLast;   // a "?;" may come in two pieces
-    std::string m_typedLast;  // wire text that was sent from here, while its answer may still come
+    TypedCommands m_typedLast;  // sent from here, while answers to it may still come
     std::unique_ptr<Timer> m_timer10;
     PhaseFlag m_timer10Phase;
     Connections m_connections;
