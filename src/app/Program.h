@@ -13,6 +13,7 @@
 #include "bandstack/BandStackWindow.h"
 #include "cat/CatLink.h"
 #include "cat/PortSettings.h"
+#include "convert/ListTables.h"
 #include "doctor/RadioCheck.h"
 #include "eq/EqWindow.h"
 #include "keyer/KeyerWindow.h"
@@ -77,6 +78,7 @@ public:
     MenuWriter menuWriter;
     MenuRestore menuRestore;
     MemoryManager memory;
+    ListTables listTables;
     MenuManager menuManager;
     EqWindow eqWindow;
     BandStackWindow bandStackWindow;

@@ -17,6 +17,7 @@ namespace korvex {
 namespace {
 
 constexpr int hzPerMHz = 1'000'000;
+constexpr std::size_t longestName = 50;         // characters
 constexpr std::string_view usualTone = "88.5";  // what CHIRP has where no tone is used
 
 /// How a mode of either side is called on the other. The first row with a code, or with a name, counts.
@@ -111,6 +112,10 @@ void noteWhatChirpLacks(const MemoryRecord& record, Losses& losses) {
     }
     if (record[MemoryField::Shift] != "0") {
         losses.note("the shift has no offset: menu items 076 and 077 of the radio hold it");
+    }
+    if (const std::size_t length = record[MemoryField::Remark].size(); length > longestName) {
+        losses.note("the remark has " + std::to_string(length) +
+                    " characters: the table has them all, but CHIRP cuts a name to what a radio takes");
     }
 }
 

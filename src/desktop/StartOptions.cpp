@@ -80,7 +80,7 @@ Result<StartOptions> parseStartOptions(const std::vector<std::string>& arguments
     parser.option("--program-folder", "DIR", "the folder of the data files, the help page and the description database",
                   into(options.programFolder));
     parser.option("--settings", "FILE", "the settings file", into(options.settingsFile));
-    parser.operands("FILE", "a file to open: .mnu, .mem, .mef, .bsr, .kem or .eqp", options.files);
+    parser.operands("FILE", "a file to open: .mnu, .mem, .mef, .csv, .bsr, .kem or .eqp", options.files);
     addManual(parser);
     if (auto failure = parser.read(withoutQtOptions(arguments), options.print)) return *failure;
     if (options.demo && options.ports.contains(1)) {

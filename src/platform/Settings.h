@@ -43,13 +43,14 @@ inline constexpr SettingsKey<bool> shareRigctl{portSection, "ShareRigctl"};  // 
 /// Where the next dialog begins: the last file, or the last folder of a backup.
 inline constexpr SettingsKey<OwnersPath> savePath{settingsSection, "SavePath"};  // menus and memories
 inline constexpr SettingsKey<OwnersPath> memoryListPath{settingsSection, "SavePath3"};
+inline constexpr SettingsKey<OwnersPath> memoryTablePath{settingsSection, "SavePathTables"};
 inline constexpr SettingsKey<OwnersPath> bandStackPath{settingsSection, "SavePathBand"};
 inline constexpr SettingsKey<OwnersPath> keyerPath{settingsSection, "SaveKeyer"};
 inline constexpr SettingsKey<OwnersPath> backupPath{settingsSection, "SavePathBackup"};
 inline constexpr SettingsKey<OwnersPath> descriptionsPath{settingsSection, "SavePathDescriptions"};
 inline constexpr SettingsKey<OwnersPath> eqPresetPath{settingsSection, "SavePathEqualizer"};
-inline constexpr std::array ownersPaths = {savePath,   memoryListPath,   bandStackPath, keyerPath,
-                                           backupPath, descriptionsPath, eqPresetPath};
+inline constexpr std::array ownersPaths = {savePath,  memoryListPath, memoryTablePath,  bandStackPath,
+                                           keyerPath, backupPath,     descriptionsPath, eqPresetPath};
 
 /// The file that was used last, the one before it and so on; places from 1.
 inline SettingsKey<std::string_view, std::string> recentFile(std::size_t place) {

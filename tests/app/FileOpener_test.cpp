@@ -33,7 +33,7 @@ TEST_F(FileOpenerTest, WhatCannotBeOpenedIsToldAndOpensNoWindow) {
     open(bench.folder.file("gone.mef"));
     bench.msgBox.foresee("is a folder");
     open(bench.folder.path());
-    bench.msgBox.foresee("whose files end in .mnu, .mem, .mef, .bsr, .kem, .eqp.");
+    bench.msgBox.foresee("whose files end in .mnu, .mem, .mef, .csv, .bsr, .kem, .eqp.");
     open(file("holiday.jpg", "x"));
     for (const WindowState* window : {&program.windows.terminal, &program.windows.keyer}) EXPECT_FALSE(window->visible);
 }
@@ -80,7 +80,7 @@ TEST_F(FileOpenerTest, RecentFilesAreThoseThatCanBeOpenedNewestFirst) {
     bench.msgBox.foresee("holiday.jpg is no file of this program");
     program.opener.mnu_OpenFile_Click("from here");
     EXPECT_EQ(bench.fileDialog.shown[0].start, "from here");
-    EXPECT_NE(bench.fileDialog.shown[0].filter.find("|*.mnu;*.mem;*.mef;*.bsr;*.kem;*.eqp|"), std::string::npos);
+    EXPECT_NE(bench.fileDialog.shown[0].filter.find("|*.mnu;*.mem;*.mef;*.csv;*.bsr;*.kem;*.eqp|"), std::string::npos);
 }
 
 }  // namespace

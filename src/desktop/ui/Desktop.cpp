@@ -48,7 +48,11 @@ Desktop::Desktop(Program& program) : m_program(program), m_progress(program.prog
         return std::make_unique<frmMem>(m_program.memory, m_program.link, m_program.windows, settings);
     });
     follow(program.windows.memoryList, [this, &settings] {
-        return std::make_unique<frmChannelinfo>(m_program.memory, m_program.link, m_program.windows, settings);
+        return std::make_unique<frmChannelinfo>(
+            m_program.memory, m_program.link, m_program.windows, settings,
+            ListTableActions{.importTable = [this] { m_program.listTables.importTable(); },
+                             .exportSheet = [this] { m_program.listTables.exportSheet(); },
+                             .exportForChirp = [this] { m_program.listTables.exportForChirp(); }});
     });
     follow(program.windows.equalizer,
            [this, &settings] { return std::make_unique<frmEQ_Set>(m_program.eqWindow, settings); });

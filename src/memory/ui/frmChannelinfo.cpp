@@ -33,12 +33,14 @@ QAction* withKeys(QAction* action, const QList<QKeySequence>& keys) {
 
 }  // namespace
 
-frmChannelinfo::frmChannelinfo(MemoryManager& memory, CatLink& link, ToolWindows& windows, SettingsStore& settings)
+frmChannelinfo::frmChannelinfo(MemoryManager& memory, CatLink& link, ToolWindows& windows, SettingsStore& settings,
+                               ListTableActions tables)
     : ToolWindow(geometry::memoryList, settings),
       m_memory(memory),
       m_link(link),
       m_windows(windows),
-      m_settings(settings) {
+      m_settings(settings),
+      m_tables(std::move(tables)) {
     setObjectName(QStringLiteral("frmChannelinfo"));
     makeMenus();
     makeBody();
@@ -78,6 +80,8 @@ void frmChannelinfo::makeMenus() {
     entry(file, "mnu_SaveMemFile", QStringLiteral("Save Memory List in to File"),
           [this] { m_memory.listFiles.saveListFile(); });
     file->addSeparator();
+    makeTableEntries(file);
+    file->addSeparator();
     m_radioEntries << entry(file, "mnu_MemSaveFromFT2000", QStringLiteral("Read Memories from FT-2000"),
                             [this] { m_memory.listReader.mnu_MemSaveFromFT2000_Click(); });
     m_radioEntries << entry(file, "mnu_MemRestoreTOFT2000", QStringLiteral("Load Memory List in to FT-2000"),
@@ -91,6 +95,12 @@ void frmChannelinfo::makeMenus() {
     QMenu* port = menuBar()->addMenu(QStringLiteral("Com-Port"));
     port->setObjectName(QStringLiteral("mnu_openCommPort"));
     entry(port, "mnu_openCloseComPort", QStringLiteral("open/close Com-Port"), [this] { m_link.togglePort(); });
+}
+
+void frmChannelinfo::makeTableEntries(QMenu* menu) {
+    entry(menu, "mnu_importTable", QStringLiteral("Import from CHIRP or Spreadsheet (CSV)..."), m_tables.importTable);
+    entry(menu, "mnu_exportChirp", QStringLiteral("Export for CHIRP (CSV)..."), m_tables.exportForChirp);
+    entry(menu, "mnu_exportSheet", QStringLiteral("Export as Spreadsheet (CSV)..."), m_tables.exportSheet);
 }
 
 void frmChannelinfo::makeEditMenu() {

@@ -14,12 +14,20 @@ class FindBar;
 class FlexGridView;
 class PopupList;
 
+/// What the list's window starts of a part that it does not know.
+struct ListTableActions {
+    std::function<void()> importTable;
+    std::function<void()> exportSheet;
+    std::function<void()> exportForChirp;
+};
+
 /// "Memory Channel List": all channels in a grid, and what can be done with their rows.
 class frmChannelinfo : public ToolWindow {
     Q_OBJECT
 
 public:
-    frmChannelinfo(MemoryManager& memory, CatLink& link, ToolWindows& windows, SettingsStore& settings);
+    frmChannelinfo(MemoryManager& memory, CatLink& link, ToolWindows& windows, SettingsStore& settings,
+                   ListTableActions tables);
 
 protected:
     bool closeBox() override;
@@ -27,6 +35,7 @@ protected:
 private:
     void markModified(bool modified);
     void makeMenus();
+    void makeTableEntries(QMenu* menu);
     QAction* entry(QMenu* menu, const char* name, const QString& caption, std::function<void()> run);
     void makeEditMenu();
     void makeRowEntries(QMenu* menu);
@@ -51,6 +60,7 @@ private:
     CatLink& m_link;
     ToolWindows& m_windows;
     SettingsStore& m_settings;
+    ListTableActions m_tables;
     FlexGridView* grid = nullptr;
     PopupList* List1 = nullptr;
     FindBar* m_findBar = nullptr;
