@@ -113,7 +113,7 @@ void addVerbs(OptionParser& parser, Command& command) {
     add(Verb::Send, "send", {{"COMMAND", command.text}}, "sends a command such as 'FA;', prints the answer");
     add(Verb::Ports, "ports", {}, "lists the serial ports");
     add(Verb::DescriptionExport, "description export", {file}, "menu descriptions -> table to edit");
-    add(Verb::DescriptionImport, "description import", {file}, "table -> menu descriptions");
+    add(Verb::DescriptionImport, "description import", {file}, "table or desktop database (.mdb) -> menu descriptions");
 }
 
 /// A line end behind the last command may stand: the windows send it, too.

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "menu/DescriptionExchange.h"
-#include "menu/DescriptionTable.h"
+#include "menu/DescriptionSource.h"
 #include "menu/ShippedDescriptions.h"
 
 namespace korvex::cli {
@@ -30,14 +30,16 @@ ExitCode importDescription(Database& database, const TableToImport& table, std::
                            const Files& files) {
     const auto content = files.read(table.file);
     if (!content) return failed(err, content.error().text);
-    auto parsed = parseDescription(*content);
-    if (!parsed) return failed(err, table.file + ", " + parsed.error().text);
+    auto source = descriptionsIn(database, table.file, *content);
+    if (!source) return failed(err, table.file + ", " + source.error().text);
+    const auto settings = table.withSettings   ? TakeSettings::Yes
+                          : source->isDatabase ? TakeSettings::WhereThereAreNone
+                                               : TakeSettings::No;
     const auto taken =
-        takeDescriptions(database, {table.database, std::move(*parsed), table.withSettings, table.timeOfDay});
+        takeDescriptions(database, {table.database, std::move(source->table), settings, table.timeOfDay});
     if (!taken) return failed(err, taken.error().text);
-    out << inWords(
-        *taken, table.file, table.database,
-        table.withSettings ? "" : "the settings columns stay as they were (--with-settings takes them as well)\n");
+    out << inWords(*taken, table.file, table.database,
+                   "the settings columns stay as they were (--with-settings takes them as well)\n");
     return ExitCode::Done;
 }
 

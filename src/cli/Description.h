@@ -24,9 +24,9 @@ struct TableToImport {
     std::string timeOfDay = localTimeOfDay();
 };
 
-/// Takes such a table into the description database. The settings columns stay; what was there before is copied aside,
-/// and the output says where to and what was taken. A file that is no such table, and a database that is not Korvex's,
-/// change nothing.
+/// Takes such a table, or another database with one, into the description database. The settings columns stay, unless
+/// there are none and a database has some; what was there before is copied aside, and the output says where to and what
+/// was taken. A file that is no such table, and a database that is not Korvex's, change nothing.
 ExitCode importDescription(Database& database, const TableToImport& table, std::ostream& out, std::ostream& err,
                            const Files& files = {std::cin, std::cout});
 

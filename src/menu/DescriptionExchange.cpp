@@ -54,7 +54,10 @@ Result<DescriptionsTaken> takeDescriptions(Database& database, ImportOrder order
     const bool isNew = !isThere(order.database);
     const auto present = isNew ? DatabaseTable() : readDescriptions(database, order.database);
     if (!present) return present.error();
-    DescriptionsTaken taken{importOver(*present, std::move(order.table), order.withSettings), false, {}};
+    const bool withSettings =
+        order.settings == TakeSettings::Yes ||
+        (order.settings == TakeSettings::WhereThereAreNone && hasSettings(order.table) && !hasSettings(*present));
+    DescriptionsTaken taken{importOver(*present, std::move(order.table), withSettings), false, withSettings, {}};
     taken.nothingNew = taken.import.table.records == present->records;
     if (taken.nothingNew) return taken;
     if (!isNew) taken.copy = nameOfCopy(order);
@@ -73,7 +76,8 @@ std::string inWords(const DescriptionsTaken& taken, const std::string& table, co
     if (import.newRows > 0) text += rows(static_cast<std::size_t>(import.newRows)) + " were not there before\n";
     if (import.goneRows > 0) text += rows(static_cast<std::size_t>(import.goneRows)) + " are not there any more\n";
     if (!import.goneSettings.empty()) text += "gone with their settings: " + rowNames(import.goneSettings) + "\n";
-    return text + aboutSettings + "as it was before: " + taken.copy + "\n";
+    return text + (taken.settingsTaken ? "the settings columns were taken, too\n" : aboutSettings) +
+           "as it was before: " + taken.copy + "\n";
 }
 
 }  // namespace korvex

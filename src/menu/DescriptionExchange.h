@@ -14,20 +14,24 @@ namespace korvex {
 /// `descriptionText` of the database.
 Result<std::string> exportedDescriptions(Database& database, const std::string& databaseFile);
 
+/// Whether the four settings columns are taken, with their titles.
+enum class TakeSettings { No, WhereThereAreNone, Yes };
+
 struct ImportOrder {
     std::string database;  ///< made if it is not there
     DatabaseTable table;
-    bool withSettings = false;  ///< the four settings columns, too
+    TakeSettings settings = TakeSettings::No;
     std::string timeOfDay = localTimeOfDay();
 };
 
 struct DescriptionsTaken {
     DescriptionImport import;
     bool nothingNew = false;  ///< the database was left as it is
-    std::string copy;         ///< the database as it was before; empty where there was none
+    bool settingsTaken = false;
+    std::string copy;  ///< the database as it was before; empty where there was none
 };
 
-/// The settings columns stay; what was there before is copied aside. A database that is not Korvex's is not changed.
+/// What was there before is copied aside. A database that is not Korvex's is not changed.
 Result<DescriptionsTaken> takeDescriptions(Database& database, ImportOrder order);
 
 /// What was taken from `table` into `database`, line by line; `aboutSettings` is a line for when the settings columns

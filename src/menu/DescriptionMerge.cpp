@@ -47,7 +47,7 @@ std::string imported(const Record* present, const Record& record, std::size_t fi
     return withSettings && !isSameNumber(before, record[field]) ? record[field] : before;
 }
 
-bool hasSettings(const Record& record) {
+bool isFilled(const Record& record) {
     for (std::size_t field = 0; field < record.size(); ++field) {
         if (isSettings(field) && !record[field].empty()) return true;
     }
@@ -71,7 +71,7 @@ void noteGoneRows(DescriptionImport& result, const std::map<std::string, const R
     for (const auto& [key, record] : before) {
         if (now.contains(key)) continue;
         ++result.goneRows;
-        if (hasSettings(*record)) result.goneSettings.push_back(key);
+        if (isFilled(*record)) result.goneSettings.push_back(key);
     }
 }
 
@@ -90,6 +90,14 @@ std::string rowNames(const std::vector<std::string>& keys) {
     std::string text;
     for (const auto& key : keys) text += (text.empty() ? "" : ", ") + (key.empty() ? "the titles" : key);
     return text;
+}
+
+bool hasSettings(const DatabaseTable& table) {
+    const auto keys = rowKeys(table);
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (!keys[i].empty() && isFilled(table.records[i])) return true;
+    }
+    return false;
 }
 
 DescriptionImport importOver(const DatabaseTable& present, DatabaseTable table, bool withSettings) {

@@ -17,6 +17,9 @@ std::vector<std::string> rowKeys(const DatabaseTable& table);
 /// "the titles, 042, 043+1": for a person.
 std::string rowNames(const std::vector<std::string>& keys);
 
+/// Whether a row other than the titles' holds settings.
+bool hasSettings(const DatabaseTable& table);
+
 /// What an imported table makes of the present one.
 struct DescriptionImport {
     DatabaseTable table;

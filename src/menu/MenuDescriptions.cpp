@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <utility>
 
-#include "menu/DescriptionTable.h"
+#include "menu/DescriptionSource.h"
+#include "menu/ShippedDescriptions.h"
+#include "platform/TextFile.h"
 
 namespace korvex {
 
@@ -38,22 +40,31 @@ std::string MenuDescriptions::exportTable() {
 }
 
 void MenuDescriptions::importTable() {
-    DescriptionsTaken taken;
-    const auto take = [&](const std::string& content) -> Failure {
-        auto table = parseDescription(content);
-        if (!table) return table.error();
-        auto result = takeDescriptions(m_database, {m_descriptions.file(), std::move(*table), false, m_timeOfDay()});
-        if (!result) return result.error();
-        taken = std::move(*result);
-        return {};
-    };
-    const auto read = m_files.read({importTitle, "tsv"}, take);
-    if (read.failure) {
-        m_files.msgBox().stop(
-            nameOf(*read.file) + ", " + read.failure->text + ".\n\nThe descriptions are as they were.", importTitle);
-    } else if (read.file) {
-        show(taken, nameOf(*read.file));
+    const auto file = m_files.askToOpen({.title = importTitle, .ending = "tsv", .also = "mdb"});
+    if (!file) return;
+    const auto taken = take(*file);
+    if (!taken) {
+        return m_files.msgBox().stop(
+            nameOf(*file) + ", " + taken.error().text + ".\n\nThe descriptions are as they were.", importTitle);
     }
+    m_files.remember(*file);
+    show(*taken, nameOf(*file));
+}
+
+Result<DescriptionsTaken> MenuDescriptions::take(const std::string& file) {
+    const auto content = textfile::read(file);
+    if (!content) return content.error();
+    auto source = descriptionsIn(m_database, file, *content);
+    if (!source) return source.error();
+    auto settings = source->isDatabase ? TakeSettings::WhereThereAreNone : TakeSettings::No;
+    const auto present = readDescriptions(m_database, m_descriptions.file());
+    if (source->isDatabase && hasSettings(source->table) && present && hasSettings(*present) &&
+        m_files.msgBox().confirm(
+            nameOf(file) + " has settings columns, too. Take them in place of those that are saved here?",
+            importTitle)) {
+        settings = TakeSettings::Yes;
+    }
+    return takeDescriptions(m_database, {m_descriptions.file(), std::move(source->table), settings, m_timeOfDay()});
 }
 
 void MenuDescriptions::show(const DescriptionsTaken& taken, const std::string& table) {

@@ -19,11 +19,13 @@ public:
 
     /// What was done, in words; empty where nothing was.
     std::string exportTable();
-    /// The grid shows the new descriptions at once; settings that are not saved stay in it. What was taken is told in a
-    /// box.
+    /// A table, or another database that has one (a desktop's, too): its settings columns are taken where there are
+    /// none yet, else after a question. The grid shows the new descriptions at once; settings that are not saved stay
+    /// in it. What was taken is told in a box.
     void importTable();
 
 private:
+    Result<DescriptionsTaken> take(const std::string& file);
     void show(const DescriptionsTaken& taken, const std::string& table);
 
     Database& m_database;

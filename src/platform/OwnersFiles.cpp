@@ -10,7 +10,7 @@ namespace korvex {
 namespace {
 
 FileDialogRequest request(FileDialogRequest::Mode mode, const FileWanted& wanted, const std::string& start) {
-    const std::string pattern = "*." + wanted.ending;
+    const std::string pattern = "*." + wanted.ending + (wanted.also.empty() ? "" : ";*." + wanted.also);
     return {mode, wanted.title, "Flat File (" + pattern + ")|" + pattern + "|All Files (*.*)|*.*", start,
             wanted.ending};
 }

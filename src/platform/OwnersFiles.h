@@ -26,6 +26,7 @@ struct FileWanted {
     std::string title;        ///< of the dialog, UTF-8; empty: the system's own
     std::string ending;       ///< "mnu"
     bool incomplete = false;  ///< a save proposes a name that says so, "my-incomplete.mnu"
+    std::string also = {};    ///< another ending that such a file may have: "mdb"
 };
 
 /// How it ended when the owner was asked for a file.

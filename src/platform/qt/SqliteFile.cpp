@@ -80,11 +80,14 @@ Failure SqliteFile::checkHead() {
     const QByteArray head = file.read(32);
     const QByteArray kind = head.mid(4, 15);
     if (head.startsWith(QByteArray("\0\1\0\0", 4)) && (kind == "Standard Jet DB" || kind == "Standard ACE DB")) {
-        return note(errors::TypeMismatch,
-                    name + " is a database in the old desktop format (" + kind.toStdString() +
-                        "), which Korvex cannot read. It was left as it is; move it away, and Korvex makes a new "
-                        "database at its next start.",
-                    notADatabase, "08004");
+        return note(
+            errors::TypeMismatch,
+            name + " is a database in the old desktop format (" + kind.toStdString() +
+                "), which is no database of Korvex's. It was left as it is; move it away, and Korvex makes a new one "
+                "at "
+                "its next start, into which \"Import Descriptions...\" in the Menu Manager takes what the old one "
+                "holds.",
+            notADatabase, "08004");
     }
     if (!head.startsWith(QByteArray("SQLite format 3\0", 16))) {
         return note(errors::TypeMismatch,
