@@ -81,6 +81,7 @@ void Backup::read(const std::vector<const FileKind*>& kinds) {
     m_link.panels().Error = "";
     m_summary.port = portText(m_link.port());
     m_summary.parts.clear();
+    m_summary.leftOut.clear();
     m_summary.remarks.clear();
     m_checksums.clear();
     beginStep();
@@ -200,6 +201,10 @@ bool Backup::keep(const BackupFile& file) {
     if (!items) {
         fail(Outcome::Kind::NoAnswer, reading().name + ": " + items.error().text);
         return false;
+    }
+    if (items->empty() && file.missing.empty() && !file.kind->leftOut.empty()) {
+        m_summary.leftOut.emplace_back(file.kind->leftOut);
+        return true;
     }
     const std::string name = backupFileName(*file.kind);
     if (const auto failure = write(name, file.content)) {

@@ -75,6 +75,7 @@ std::vector<std::string> refusedLines(const BackupSummary& summary) {
         if (part.kind->name != "memory" || told >= std::size_t{lastMemoryChannel}) continue;
         lines.push_back(count(std::size_t{lastMemoryChannel} - told, "memory channels: they are empty"));
     }
+    lines.insert(lines.end(), summary.leftOut.begin(), summary.leftOut.end());
     return lines;
 }
 

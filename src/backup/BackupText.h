@@ -21,6 +21,7 @@ struct BackupSummary {
         std::vector<std::string> times = {};    ///< when it was read: the beginnings of those backups
     };
     std::vector<Part> parts;
+    std::vector<std::string> leftOut = {};  ///< what not every radio tells, and this one does not
     std::vector<std::string> resumed = {};  ///< when it was gone on with
     std::vector<std::string> remarks = {};  ///< what the owner should know of the radio, a line each
 };
@@ -30,7 +31,7 @@ std::vector<std::string> savedLines(const BackupSummary& summary);
 /// What is missing in the backup, because the radio refused to tell it or no file can hold it: items by name, and what
 /// is missing as a whole. A line each; the backup of a healthy radio has none.
 std::vector<std::string> missingLines(const BackupSummary& summary);
-/// The same, and how many memory channels the radio refused to tell, as it does when they are empty.
+/// The same, how many memory channels the radio refused to tell, as it does when they are empty, and what was left out.
 std::vector<std::string> refusedLines(const BackupSummary& summary);
 
 /// A page that a person reads: what was saved, and what the radio refused to tell.

@@ -54,6 +54,17 @@ Result<DataItems> memoryItems(std::string_view content) {
     return items;
 }
 
+Result<DataItems> scanLimitItems(std::string_view content) {
+    auto items = memoryItems(content);
+    if (!items) return items;
+    for (const auto& item : *items) {
+        if (!scanLimits.has(parseWhole(item.name).value_or(0))) {
+            return RuntimeError{errors::TypeMismatch, "Channel " + item.name + " is no scan limit"};
+        }
+    }
+    return items;
+}
+
 Result<DataItems> listItems(std::string_view content) {
     const auto records = parseMemoryListFile(content);
     if (!records) return records.error();
@@ -192,6 +203,14 @@ const std::vector<FileKind>& fileKinds() {
                      std::size_t) { return count(items.size(), "channels, the same, with room for remarks"); },
          .counts = isCommand,
          .absentIsEmpty = true},
+        {.name = "scanlimits",
+         .ending = "pms",
+         .items = scanLimitItems,
+         .holds = [](const DataItems& items, std::size_t) { return count(items.size(), "scan limits (P1L to P9U)"); },
+         .counts = isCommand,
+         .order = 3,
+         .absentIsEmpty = true,
+         .leftOut = "scan limits (channels 100 to 117): it has none, or the first pair is not set"},
         {.name = "bandstack",
          .ending = "bsr",
          .items = bandStackItems,
@@ -199,7 +218,7 @@ const std::vector<FileKind>& fileKinds() {
          .counts = isCommand,
          .lacks = bandStackLacks,
          .refusedAsAWhole = refusedBands,
-         .order = 3,
+         .order = 4,
          .isCircle = true},
         // An empty text is a question for the radio.
         {.name = "keyer",
@@ -208,7 +227,7 @@ const std::vector<FileKind>& fileKinds() {
          .holds = [](const DataItems& items, std::size_t missing) { return count(items.size() - missing, "texts"); },
          .counts = [](const DataItem& item) { return !item.value.empty(); },
          .objection = tooLongText,
-         .order = 4},
+         .order = 5},
     };
     return kinds;
 }

@@ -40,6 +40,9 @@ struct FileKind {
     bool hasFixedWidths = false;
     /// What a file does not name is empty; else the file says nothing of it.
     bool absentIsEmpty = false;
+    /// Not every radio tells them: a backup has no file of it where none are told, and is whole without. What is said
+    /// of that, UTF-8; empty for the other kinds.
+    std::string_view leftOut = {};
 };
 
 const std::vector<FileKind>& fileKinds();

@@ -71,12 +71,33 @@ void leaveOutPartBands(ReadSoFar::Reading& reading) {
     });
 }
 
+std::vector<std::string> damagedIn(const MemoryReader& reader) {
+    std::vector<std::string> missing;
+    for (const auto& channel : reader.damaged()) missing.push_back(channel + ", which came through damaged");
+    return missing;
+}
+
+std::vector<BackupJournal::Told> toldOf(const MemoryReader& reader, ChannelRange range) {
+    std::vector<BackupJournal::Told> told;
+    for (int channel = range.first; channel <= range.last; ++channel) {
+        told.push_back({channelText(channel), memoryReadCommand(channel), reader.told(channel)});
+    }
+    return told;
+}
+
+/// Nothing is worth a backup where everything came through damaged.
+std::string ruinOf(const MemoryReader& reader) {
+    const bool all = static_cast<int>(reader.damaged().size()) == reader.found();
+    return all ? objections::toMemories(reader) : "";
+}
+
 }  // namespace
 
 KindTransfers::KindTransfers(CatLink& link, OwnersFiles& files, Clock& clock)
     : m_modelReader(link),
       m_menuReader(link),
       m_memoryReader(link),
+      m_scanLimitReader(link),
       m_bandStackReader(link, clock),
       m_keyerReader(link),
       m_menuWriter(link),
@@ -84,7 +105,8 @@ KindTransfers::KindTransfers(CatLink& link, OwnersFiles& files, Clock& clock)
       m_bandStackWriter(link),
       m_walk(link, m_bandStackReader, m_bandStackWriter),
       m_keyerWriter(link) {
-    m_readings = {modelReading(), menuReading(), memoryReading(), bandStackReading(), keyerReading()};
+    m_readings = {modelReading(),     menuReading(),      memoryReading(),
+                  scanLimitReading(), bandStackReading(), keyerReading()};
     addWritings();
 }
 
@@ -94,6 +116,7 @@ void KindTransfers::addWritings() {
         {"menu", {[this](const DataItems& items) { m_menuWriter.write(commandsOf(items)); }, &m_menuWriter.ended}},
         {"memory", {writeMemories, &m_memoryWriter.ended}},
         {"list", {writeMemories, &m_memoryWriter.ended}},
+        {"scanlimits", {writeMemories, &m_memoryWriter.ended}},
         {"bandstack", {[this](const DataItems& items) { m_walk.write(cellsOf(items)); }, &m_walk.ended}},
         {"keyer", {[this](const DataItems& items) { m_keyerWriter.write(textsOf(items)); }, &m_keyerWriter.ended}}};
 }
@@ -145,10 +168,7 @@ KindReading KindTransfers::memoryReading() {
             [this] { return objections::toMemories(m_memoryReader); },
             [this] { return memoryFiles(); },
             {},
-            [this] {
-                const bool all = static_cast<int>(m_memoryReader.damaged().size()) == m_memoryReader.found();
-                return all ? objections::toMemories(m_memoryReader) : "";
-            },
+            [this] { return ruinOf(m_memoryReader); },
             [this] { return m_memoryReader.remarks(); },
             [this] { return toldOfMemories(); }};
 }
@@ -157,14 +177,33 @@ KindReading KindTransfers::memoryReading() {
 /// that came through damaged is in neither.
 std::vector<BackupFile> KindTransfers::memoryFiles() {
     const MemoryTable table = m_memoryReader.undamaged();
-    std::vector<std::string> missing;
-    for (const auto& channel : m_memoryReader.damaged()) missing.push_back(channel + ", which came through damaged");
+    const auto missing = damagedIn(m_memoryReader);
     m_list.replaceAll({});
     m_list.fillListFromMemoryTable(table);
     const auto list = memoryListFileText(m_list);  // only remarks can be refused, and a radio has none
     const int count = m_memoryReader.found() - static_cast<int>(missing.size());
     return {{fileKind("memory"), memoryFileText(table, count), missing},
             {fileKind("list"), list ? *list : std::string()}};
+}
+
+KindReading KindTransfers::scanLimitReading() {
+    return {"scan limits",
+            {"scanlimits"},
+            [this] { m_scanLimitReader.readScanLimits("Save Scan Limits of FT-2000"); },
+            [this] { m_scanLimitReader.stop(); },
+            &m_scanLimitReader.ended,
+            [this] { return objections::toMemories(m_scanLimitReader); },
+            [this] { return std::vector{scanLimitFile()}; },
+            {},
+            [this] { return ruinOf(m_scanLimitReader); },
+            [this] { return m_scanLimitReader.remarks(); },
+            [this] { return toldOfScanLimits(); }};
+}
+
+BackupFile KindTransfers::scanLimitFile() const {
+    const auto missing = damagedIn(m_scanLimitReader);
+    const int count = m_scanLimitReader.found() - static_cast<int>(missing.size());
+    return {fileKind("scanlimits"), memoryFileText(m_scanLimitReader.undamaged(), count), missing};
 }
 
 KindReading KindTransfers::bandStackReading() {
@@ -225,11 +264,11 @@ std::vector<BackupJournal::Told> KindTransfers::toldOfMenu() const {
 }
 
 std::vector<BackupJournal::Told> KindTransfers::toldOfMemories() const {
-    std::vector<BackupJournal::Told> told;
-    for (int channel = 1; channel <= lastMemoryChannel; ++channel) {
-        told.push_back({channelText(channel), memoryReadCommand(channel), m_memoryReader.told(channel)});
-    }
-    return told;
+    return toldOf(m_memoryReader, {});
+}
+
+std::vector<BackupJournal::Told> KindTransfers::toldOfScanLimits() const {
+    return toldOf(m_scanLimitReader, scanLimits);
 }
 
 std::vector<BackupJournal::Told> KindTransfers::toldOfBandStack() const {

@@ -77,12 +77,15 @@ private:
     KindReading modelReading();
     KindReading menuReading();
     KindReading memoryReading();
+    KindReading scanLimitReading();
     KindReading bandStackReading();
     KindReading keyerReading();
     std::vector<BackupFile> memoryFiles();
+    BackupFile scanLimitFile() const;
     BackupFile keyerFile() const;
     std::vector<BackupJournal::Told> toldOfMenu() const;
     std::vector<BackupJournal::Told> toldOfMemories() const;
+    std::vector<BackupJournal::Told> toldOfScanLimits() const;
     std::vector<BackupJournal::Told> toldOfBandStack() const;
     std::vector<BackupJournal::Told> toldOfKeyer() const;
     void addWritings();
@@ -91,6 +94,7 @@ private:
     MenuReader m_menuReader;
     MemoryList m_list;
     MemoryReader m_memoryReader;
+    MemoryReader m_scanLimitReader;
     BandStackReader m_bandStackReader;
     KeyerReader m_keyerReader;
     MenuWriter m_menuWriter;

@@ -65,6 +65,7 @@ void Restore::onPresentRead(const Outcome& outcome) {
     }
     if (m_choices.safetyCopy) m_safetyCopy = m_backup.path();
     for (auto& one : m_parts) {
+        if (!one.kind->leftOut.empty()) one.present = DataItems();  // none are told
         for (const auto& read : m_backup.summary().parts) {
             if (read.kind == one.kind) one.present = read.items;
         }

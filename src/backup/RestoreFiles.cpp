@@ -65,6 +65,7 @@ bool takeFile(Restore& restore, const FileKind& kind, const std::string& folder,
     const std::string path = folder + "/" + name;
     const auto content = textfile::read(path);
     auto items = content ? kind.items(*content) : Result<DataItems>(content.error());
+    if (!isThere(path) && !kind.leftOut.empty()) return false;  // as in the backup of a radio that tells none
     if (!isThere(path)) {
         taken.notes.push_back("there is no " + name + ": the radio keeps what it has");
     } else if (!items) {

@@ -49,7 +49,7 @@ void addPlaces(OptionParser& parser, Command& command) {
     parser.option("--database", "FILE", "the menu descriptions (else those in Korvex's program folder)",
                   into(command.database));
     parser.option("--settings", "FILE", "the settings file of Korvex", into(command.settingsFile));
-    parser.words("KIND", {"menu", "memory", "list", "bandstack", "keyer"});
+    parser.words("KIND", {"menu", "memory", "list", "scanlimits", "bandstack", "keyer"});
     parser.words("PACE", {"answered", "100"});
     parser.words("OTHER", {"radio"});
 }

@@ -10,6 +10,8 @@ memory: all memory channels as the radio tells them (.mem)
 
 list: the memory channels as a list with remarks (.mef)
 
+scanlimits: the nine pairs of scan limits, P1L to P9U, where the radio tells them (.pms)
+
 bandstack: the band stack registers (.bsr)
 
 keyer: the CW message memories (.kem)

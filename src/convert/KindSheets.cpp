@@ -256,7 +256,7 @@ const KindSheet* sheetFor(std::string_view kind) {
 }
 
 RuntimeError noSuchKind(std::string_view kind) {
-    return {errors::InvalidPropertyValue, "there is no kind of file called " + std::string(kind)};
+    return {errors::InvalidPropertyValue, "no tables are made of files of the kind \"" + std::string(kind) + "\""};
 }
 
 }  // namespace

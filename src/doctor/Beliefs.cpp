@@ -242,8 +242,8 @@ Judgement channelSource(const RadioReport& report) {
     return judged(known, "found " + utf8FromWire(report.channelSources));
 }
 
-Judgement scanEdges(const RadioReport& report) {
-    for (const int channel : {asked::firstScanEdge, asked::lastScanEdge}) {
+Judgement scanLimitsThere(const RadioReport& report) {
+    for (const int channel : {asked::firstScanLimit, asked::lastScanLimit}) {
         if (report.wasAnswered(channelQuestion(channel))) return judged(true);
     }
     return open("an empty one is refused, too");
@@ -322,8 +322,8 @@ std::vector<Belief> allBeliefs() {
          "memories, list, backup", emptyChannel},
         {"channel-source", "A channel's record has 0 or 1 where its source stands.", "hamlib", "MR001 to MR099",
          "the memory editor; 0 is written", channelSource},
-        {"scan-edges", "Channels 100 to 117 are the scan edges.", "hamlib's table", "MR100 MR117",
-         "backup of what is beyond 99", scanEdges},
+        {"scan-limits", "Channels 100 to 117 are the scan limits.", "hamlib's table", "MR100 MR117",
+         "backup of what is beyond 99", scanLimitsThere},
         {"register-questions", "Everything that a band stack register keeps can be read.", "hamlib, flrig",
          "AC to NB1, 21 questions", "the band stack", registerQuestions},
         {"automatic", "AGC and roofing filter in automatic tell what they have chosen (4 to 6).", "hamlib", "GT0 RF0",

@@ -199,7 +199,7 @@ void Examination::keep(const Question& question, const std::string& answer) {
     if (answer.empty() || answer == "?;") return;
     if (question.isTold) m_report.told[question.query] = answer;
     if (m_withSettings && question.isOwnersSetting) m_report.settings.push_back(answer);
-    if (question.query.starts_with("MR") && question.query < channelQuestion(asked::firstScanEdge)) {
+    if (question.query.starts_with("MR") && question.query < channelQuestion(asked::firstScanLimit)) {
         keepChannel(question.query, answer);
     }
 }

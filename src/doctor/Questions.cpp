@@ -30,7 +30,7 @@ std::vector<Question> allQuestions() {
     for (int memory = 1; memory <= asked::lastKeyerText; ++memory) all.push_back({keyerQuestion(memory)});
     for (int channel = 1; channel <= asked::lastChannel; ++channel)
         all.push_back({channelQuestion(channel), false, true});
-    for (const int channel : {asked::firstScanEdge, asked::lastScanEdge})
+    for (const int channel : {asked::firstScanLimit, asked::lastScanLimit})
         all.push_back({channelQuestion(channel), false, true});
     return all;
 }

@@ -24,8 +24,8 @@ std::string keyerQuestion(int memory);
 namespace asked {
 inline constexpr int lastMenuItem = 149;
 inline constexpr int lastChannel = 99;
-inline constexpr int firstScanEdge = 100;
-inline constexpr int lastScanEdge = 117;
+inline constexpr int firstScanLimit = 100;
+inline constexpr int lastScanLimit = 117;
 inline constexpr int lastKeyerText = 5;
 }  // namespace asked
 

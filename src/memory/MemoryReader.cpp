@@ -15,6 +15,7 @@ namespace {
 
 constexpr int intervalMs = 50;  // of which every second tick works
 constexpr int patience = 20;    // steps of 100 ms without an answer
+constexpr std::size_t aPair = 2;
 
 std::string channels(int count) {
     return std::to_string(count) + (count == 1 ? " channel" : " channels");
@@ -22,27 +23,38 @@ std::string channels(int count) {
 
 }  // namespace
 
-void MemoryReader::read(ActiveOperation code, const std::string& caption) {
-    auto operation = m_link.begin(
-        {code, "Reading the memories", lastMemoryChannel, {"memory", "memories"}, caption, lastMemoryChannel + 2});
+void MemoryReader::read(ActiveOperation code, const std::string& caption, ChannelRange range) {
+    auto operation = m_link.begin({code,
+                                   "Reading the memories",
+                                   range.count(),
+                                   {"memory", "memories"},
+                                   caption,
+                                   range.count() + (range.last > lastMemoryChannel ? 0 : 2)});
     if (!m_link.PortOpen() || operation) m_link.panels().Error = "";
     if (!operation) return ended.emit(m_link.notBegun());
     m_operation = std::move(operation);
     m_link.clearTraffic();
-    m_channels.resize(lastMemoryChannel);
-    std::iota(m_channels.begin(), m_channels.end(), 1);
+    m_range = range;
+    m_channels.resize(static_cast<std::size_t>(range.count()));
+    std::iota(m_channels.begin(), m_channels.end(), range.first);
     m_asked = m_answered = 0;
     m_again = false;
     m_refused.clear();
     m_found.clear();
     m_named.clear();
+    m_silence = Silence::None;
     m_silentSteps = 0;
     m_operation->expect({"MR", shortestMemoryAnswer});
     m_operation->onAnswer([this](std::string_view answer) { return takeAnswer(answer); });
     m_operation->onEnd([this](const Outcome& outcome) { onEnd(outcome); });
-    if (m_link.pace == Pace::Answered) return converse();
+    if (m_link.pace == Pace::Answered || isOptional()) return converse();
     m_operation->every(intervalMs, m_phase, [this] { sendNext(); });
     m_operation->tick();
+}
+
+/// Nobody knows whether the radio has them: a refused first pair says that it has not, or that none are set.
+bool MemoryReader::tellsNone() const {
+    return isOptional() && m_found.empty() && m_answered >= aPair;
 }
 
 /// No command beyond the last channel goes out: an answer that was lost on the way must be missed, not be replaced by
@@ -61,7 +73,7 @@ void MemoryReader::show(int channel) {
     m_link.sent().append(memoryReadCommand(channel));
     m_link.sent().append(crLf);
     m_link.panels().Error = "Reading Memory " + std::to_string(channel);
-    if (!m_again) m_operation->step(channel);
+    if (!m_again) m_operation->step(channel - m_range.first + 1);
 }
 
 Rest MemoryReader::takeAnswer(std::string_view answer) {
@@ -87,24 +99,40 @@ bool MemoryReader::take(int channel, std::string_view answer) {
 
 /// The bar goes on: a slow radio takes a minute for all that it has refused.
 void MemoryReader::showAgain() {
-    m_link.progress().maximum = lastMemoryChannel + static_cast<int>(m_channels.size());
-    m_operation->step(lastMemoryChannel, lastMemoryChannel + static_cast<int>(m_asked));
+    m_link.progress().maximum = m_range.count() + static_cast<int>(m_channels.size());
+    m_operation->step(m_range.count(), m_range.count() + static_cast<int>(m_asked));
 }
 
 void MemoryReader::converse() {
     const auto next = [this]() -> std::optional<Exchange> {
-        if (m_asked == m_channels.size()) return std::nullopt;
+        if (m_silence == Silence::AsksAnother) return memoryReading(1);
+        if (m_asked == m_channels.size() || tellsNone() || m_silence == Silence::OfTheChannel) return std::nullopt;
         const int channel = m_channels[m_asked++];
         show(channel);
         if (m_again) showAgain();
         return memoryReading(channel);
     };
-    const auto heard = [this](const Reply& reply) { take(m_channels[m_answered++], reply.answer); };
+    const auto heard = [this](const Reply& reply) {
+        if (noteSilence(reply)) return;
+        take(m_channels[m_answered++], reply.answer);
+    };
     const auto done = [this](const Outcome& outcome) {
-        if (!outcome.isDone()) return fail();
+        if (!outcome.isDone() && m_silence != Silence::OfTheChannel) return fail();
         finish();
     };
     m_operation->converse({next, heard, done});
+}
+
+/// A radio may pass over a channel that it does not have. It is silent for another reason if it does not answer to one
+/// that it has, either: then nobody knows what it holds. Whether the reply is to be passed over.
+bool MemoryReader::noteSilence(const Reply& reply) {
+    const bool silent = reply.kind == Reply::Kind::None;
+    if (m_silence == Silence::AsksAnother) {
+        m_silence = silent ? Silence::None : Silence::OfTheChannel;
+        return true;
+    }
+    if (silent && isOptional() && m_found.empty()) m_silence = Silence::AsksAnother;
+    return false;
 }
 
 void MemoryReader::onEnd(const Outcome& outcome) {
@@ -114,7 +142,7 @@ void MemoryReader::onEnd(const Outcome& outcome) {
 
 void MemoryReader::keep(int channel, std::string_view answer) {
     const int named = isUndamaged(answer) ? parseWhole(memoryFieldIn(answer, MemoryField::Channel)).value_or(0) : 0;
-    if (named >= 1 && named <= lastMemoryChannel) m_named[named] = answer;
+    if (m_range.has(named)) m_named[named] = answer;
     const std::string command = memoryReadCommand(channel);
     const auto stored = storedMemoryString(command, answer);
     if (!stored) return;
@@ -124,13 +152,13 @@ void MemoryReader::keep(int channel, std::string_view answer) {
 
 void MemoryReader::fail() {
     m_link.panels().Error = "Communication faild ";
-    m_operation->end({Outcome::Kind::NoAnswer, found(), lastMemoryChannel, {}, {}});
+    m_operation->end({Outcome::Kind::NoAnswer, found(), m_range.count(), {}, {}});
 }
 
 Rest MemoryReader::finish() {
     std::vector<std::string> refused;
     for (const int channel : m_refused) refused.push_back(channelText(channel));
-    m_operation->end({Outcome::Kind::Done, found(), lastMemoryChannel, std::move(refused), {}});
+    m_operation->end({Outcome::Kind::Done, found(), m_range.count(), std::move(refused), {}});
     return Rest::Discard;
 }
 

@@ -21,6 +21,9 @@ namespace korvex {
 ///
 /// At the answered pace (CatLink) each command leaves when the answer to the one before has come.
 ///
+/// The scan limits go at that pace whatever the pace of the others. A radio that refuses the first pair, or does not
+/// answer, has none or tells none: it is asked no more, and nothing was found.
+///
 /// A radio slower than 10 answers a second is waited for. Answers of a reading that fails on the way may have been
 /// matched to the wrong commands: of these there stay the ones that are whole, each as the channel that it names.
 class MemoryReader {
@@ -29,7 +32,8 @@ public:
 
     /// `code` is what the reading is for. `ended` tells the end, at once if the line is not to be had; its outcome
     /// names the channels that were refused twice.
-    void read(ActiveOperation code, const std::string& caption);
+    void read(ActiveOperation code, const std::string& caption) { read(code, caption, {}); }
+    void readScanLimits(const std::string& caption) { read(ActiveOperation::ReadAllToFile, caption, scanLimits); }
     /// Gives the line back without a word.
     void stop() { m_operation.reset(); }
     bool running() const { return m_operation && m_operation->running(); }
@@ -50,6 +54,9 @@ public:
     Signal<const Outcome&> ended;
 
 private:
+    void read(ActiveOperation code, const std::string& caption, ChannelRange range);
+    bool isOptional() const { return m_range.last > lastMemoryChannel; }
+    bool tellsNone() const;
     void sendNext();
     void ask(int channel);
     void show(int channel);
@@ -57,6 +64,7 @@ private:
     Rest takeAnswer(std::string_view answer);
     bool take(int channel, std::string_view answer);
     void converse();
+    bool noteSilence(const Reply& reply);
     void keep(int channel, std::string_view answer);
     void onEnd(const Outcome& outcome);
     void fail();
@@ -64,6 +72,7 @@ private:
 
     CatLink& m_link;
     PhaseFlag m_phase;
+    ChannelRange m_range;
     std::vector<int> m_channels;  // to ask: all, then those that were refused
     std::size_t m_asked = 0;      // of them
     std::size_t m_answered = 0;
@@ -71,7 +80,8 @@ private:
     std::vector<int> m_refused;          // this time
     std::map<int, std::string> m_found;  // the stored strings by channel
     std::map<int, std::string> m_named;  // undamaged answers by the channel that they name
-    int m_silentSteps = 0;               // since all commands are out, or since the last answer after that
+    enum class Silence { None, AsksAnother, OfTheChannel } m_silence = Silence::None;
+    int m_silentSteps = 0;  // since all commands are out, or since the last answer after that
     std::unique_ptr<Operation> m_operation;
 };
 

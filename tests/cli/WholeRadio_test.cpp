@@ -77,7 +77,7 @@ TEST_F(WholeRadio, TheWindowsMakeTheSameBackup) {
         EXPECT_EQ(fakes::fileContent(entry.path()), saved(entry.path().filename())) << entry.path();
         ++files;
     }
-    EXPECT_EQ(files, 7);
+    EXPECT_EQ(files, 8);
 }
 
 /// Cut off anywhere, it keeps what was read, and another one asks for the rest only; the files are those of one go.
@@ -115,7 +115,7 @@ TEST_F(WholeRadio, ABackupThatWasCutOffIsGoneOnWith) {
             EXPECT_EQ(saved("list.mef"), files["list.mef"]);
             EXPECT_EQ(saved("keyer.kem"), files["keyer.kem"]);
             EXPECT_EQ(bench.run({"compare", file("bandstack.bsr"), "radio"}), ExitCode::Done) << bench.out.str();
-            EXPECT_EQ(std::distance(std::filesystem::directory_iterator(backup), {}), 7);
+            EXPECT_EQ(std::distance(std::filesystem::directory_iterator(backup), {}), 8);
             const std::string summary = saved("summary.txt");
             EXPECT_TRUE(summary.starts_with("Backup of 2026-11-22 23:42:54")) << summary;
             EXPECT_NE(summary.find("gone on with on 2026-11-23 08:00:01"), std::string::npos) << summary;
@@ -240,7 +240,9 @@ TEST_F(WholeRadio, RestoreWritesOnlyWhatDiffersAndKeepsWhatTheRadioHad) {
     ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
     const std::string saved = stateText(bench.ports.radio().state);
     EXPECT_EQ(bench.run({"restore-all", backup}), ExitCode::Done) << bench.out.str();
-    EXPECT_TRUE(said("menu: 149 unchanged\nmemory: 25 unchanged\nbandstack: 726 unchanged\nkeyer: 5 unchanged\n"))
+    EXPECT_TRUE(
+        said("menu: 149 unchanged\nmemory: 25 unchanged\nscanlimits: 2 unchanged\nbandstack: 726 unchanged\n"
+             "keyer: 5 unchanged\n"))
         << bench.out.str();
     bench.walkBandsHome();
     EXPECT_EQ(fakes::asWalked(stateText(bench.ports.radio().state)), fakes::asWalked(saved));
@@ -258,6 +260,63 @@ TEST_F(WholeRadio, RestoreWritesOnlyWhatDiffersAndKeepsWhatTheRadioHad) {
     EXPECT_TRUE(bench.out.str().starts_with("{\n  \"result\": \"done\",\n  \"asTheFilesSay\": true,"))
         << bench.out.str();
     EXPECT_TRUE(said("\"item\": \"042\",\n          \"result\": \"written\"")) << bench.out.str();
+}
+
+/// Where the radio has them; one that has not is asked for the first pair alone, and nothing is missing.
+TEST_F(WholeRadio, ScanLimitsAreSavedAndRestoredWhereTheRadioTellsThem) {
+    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
+    EXPECT_EQ(saved("scanlimits.pms"), "MR10014000000+000000300000;\r\nMR10114070000+000000300000;\r\n");
+    EXPECT_NE(saved("summary.txt").find("scanlimits.pms    2 scan limits"), std::string::npos) << saved("summary.txt");
+    EXPECT_NE(bench.sent.find("MR117;"), std::string::npos);
+    auto& memories = bench.ports.radio().state.memories;
+    const auto before = memories;
+    memories.at(101) = "07074000+000000200000";
+    EXPECT_EQ(bench.run({"compare", file("scanlimits.pms"), "radio"}), ExitCode::Different);
+    EXPECT_EQ(bench.run({"restore-all", backup}), ExitCode::Done) << bench.out.str();
+    EXPECT_TRUE(said("memory: 25 unchanged\nscanlimits: 1 unchanged, 1 written\n")) << bench.out.str();
+    EXPECT_EQ(memories, before);
+    EXPECT_EQ(saved("../korvex-2026-11-22-234254-before-restore/scanlimits.pms").substr(28, 14), "\nMR10107074000");
+    memories.at(100).reset();  // as after a reset of the radio
+    memories.at(101).reset();
+    EXPECT_EQ(bench.run({"restore-all", backup}), ExitCode::Done) << bench.out.str();
+    EXPECT_TRUE(said("scanlimits: 2 written\n")) << bench.out.str();
+    EXPECT_EQ(memories, before);
+    fakes::writeFile(file("scanlimits.pms"), saved("memory.mem"));
+    EXPECT_EQ(bench.run({"restore-all", backup}), ExitCode::File);
+    EXPECT_NE(bench.err.str().find("Channel 001 is no scan limit"), std::string::npos) << bench.err.str();
+}
+
+TEST_F(WholeRadio, ARadioWithoutScanLimitsIsAskedForTheFirstPairAlone) {
+    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
+    std::filesystem::rename(backup, dir + "/with");
+    bench.ports.faults().refusesItems = {"MR1", "MW1"};
+    ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done) << bench.err.str();
+    EXPECT_NE(bench.sent.find("MR100;\nMR101;\n"), std::string::npos);
+    EXPECT_EQ(bench.sent.find("MR102;"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(file("scanlimits.pms")));
+    EXPECT_NE(saved("summary.txt").find("scan limits (channels 100 to 117)"), std::string::npos);
+    EXPECT_EQ(saved("summary.txt").find("not complete"), std::string::npos);
+    EXPECT_EQ(bench.run({"restore-all", backup}), ExitCode::Done) << bench.out.str();
+    EXPECT_EQ(bench.err.str().find("scanlimits"), std::string::npos) << bench.err.str();
+    EXPECT_EQ(bench.run({"restore-all", dir + "/with"}), ExitCode::Different);
+    EXPECT_TRUE(said("100: refused, wanted \"14000000")) << bench.out.str();
+    EXPECT_TRUE(said("scanlimits: 2 refused\n")) << bench.out.str();
+}
+
+/// It passes over a channel that it does not have; a line that is dead is something else.
+TEST_F(WholeRadio, SilenceIsNoMissingScanLimit) {
+    for (const bool all : {false, true}) {
+        SCOPED_TRACE(all);
+        std::filesystem::remove_all(dir);
+        bool begun = false;
+        bench.ports.swallows = [&](std::string_view wire) {
+            begun = begun || wire.starts_with("MR100");
+            return begun && (all || wire.starts_with("MR1"));
+        };
+        EXPECT_EQ(bench.run({"backup", dir}), all ? ExitCode::Answers : ExitCode::Done) << bench.err.str();
+        EXPECT_FALSE(std::filesystem::exists(file("scanlimits.pms")));
+        EXPECT_EQ(std::filesystem::exists(file("summary.txt")), !all);
+    }
 }
 
 /// Broken off by whatever cause, it says what the radio holds; begun again, it writes the rest.

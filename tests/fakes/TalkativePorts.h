@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,6 +29,8 @@ public:
         if (m_open != nullptr) m_open->lineChanged.emit(line);
     }
 
+    std::function<bool(std::string_view wire)> swallows;  ///< what does not reach the radio
+
     std::string written;  ///< through whatever device, in one text
 
 private:
@@ -55,6 +58,7 @@ private:
         }
         void write(std::string_view wire) override {
             m_ports.written += wire;
+            if (m_ports.swallows && m_ports.swallows(wire)) return;
             m_device->write(wire);
         }
         std::string read() override { return m_device->read() + std::exchange(m_said, {}); }

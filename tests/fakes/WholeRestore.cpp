@@ -122,7 +122,6 @@ const std::vector<LeftAsItIs>& leftByWholeRestore() {
          false,
          true},
         {"memories that are empty in the saved radio: no command empties one", {"memory ???"}, true},
-        {"the scan limits: no file holds them", {"memory 1??"}},
         {"keyer texts that are empty in the saved radio: the command with one is a question", {"keyer ?"}, true},
         {"clarifier, tone and repeater shift of the band stack registers: no file holds them",
          {"registers RT", "registers XT", "registers clarifier", "registers CT0", "registers CN0", "registers OS0"}},

@@ -59,8 +59,8 @@ protected:
     fakes::ProgramBench<SimulatedPorts> bench;
     CatLink& link = bench.program.link;
     MemoryManager& memory = bench.program.memory;
-    frmMem editor{memory, link, bench.program.windows, bench.settings, {}};
-    frmChannelinfo list{memory, link, bench.program.windows, bench.settings};
+    frmMem editor{memory, link, bench.program.windows, bench.settings};
+    frmChannelinfo list{memory, link, bench.program.windows, bench.settings, {}};
     FlexGridView* grid = find<FlexGridView>(list, "FlexGrid1");
 };
 
