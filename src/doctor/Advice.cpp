@@ -61,8 +61,9 @@ void addLine(const RadioReport& report, Lines& lines) {
 void addCatSettings(const RadioReport& report, Lines& lines) {
     if (report.isRefuted("menu-numbers")) {
         lines.emplace_back(
-            "The menu numbers are one lower than in later firmware. What was saved from this radio can go "
-            "back into it; menu files of other radios are refused, and so is the equalizer window.");
+            "The menu numbers seem to be one lower than in later firmware: 027 to 029 are the CAT settings. Restore "
+            "only menu files that were saved from this very radio at the same speed, and do not use the equalizer "
+            "window with it.");
         return;
     }
     if (report.isRefuted("cat-time-out")) {
@@ -88,7 +89,9 @@ void addTraffic(const RadioReport& report, Lines& lines) {
                                "passes it over; while it transfers the other one should rest."));
     }
     if (report.isRefuted("turnaround")) {
-        lines.emplace_back("The radio takes more than half a second at times. Korvex waits longer for it from now on.");
+        lines.emplace_back(
+            "The radio takes more than half a second at times. Korvex waits for it, and "
+            "\"Fast verified Transfers\" asks once more.");
     }
     if (report.isRefuted("two-at-once")) {
         lines.emplace_back(
@@ -101,7 +104,8 @@ void addContents(const RadioReport& report, Lines& lines) {
     const auto refused = report.refusedItems();
     if (!refused.empty()) {
         lines.push_back("The radio refuses menu " + itemList(refused) +
-                        ": no backup holds them, and a restore leaves " + "them out.");
+                        ": no backup holds them, and what a file says of "
+                        "them a restore reports as refused.");
     }
     if (report.isRefuted("equalizer-form")) {
         lines.emplace_back("The equalizer's items have another form: do not use the equalizer window with this radio.");

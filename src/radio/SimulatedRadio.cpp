@@ -34,7 +34,9 @@ std::string SimulatedRadio::obey(std::string_view text) {
     if (off && command != "PS1") return {};
     const auto handler = commands::handlerOf(command);
     std::string answered = handler == nullptr ? std::string(commands::refused) : handler(*this, command);
-    if (answered.empty()) ++timesSet;
+    if (!answered.empty()) return answered;
+    ++timesSet;
+    if (quirks.answersSets) answered = command + ";";
     return answered;
 }
 

@@ -21,6 +21,9 @@ struct Quirks {
     bool keyerTextEndsWithBrace = false;      ///< KM answers shorter than 50 characters
     bool refusesNotchInAmAndFm = false;       ///< BC
     int menuItems = RadioState::menuItems;    ///< EX beyond it is refused
+    bool earlyMenuNumbers = false;  ///< items from 028 on are one number lower: 027 is away, and there is no 149
+    int readOnlyItem = 0;           ///< EX cannot set it; 0: there is none
+    bool answersSets = false;       ///< what was set is told back
 };
 
 /// An FT-2000 that obeys CAT commands. There is no time in it and it never transmits.

@@ -86,6 +86,8 @@ struct Trouble {
 };
 
 const std::vector<Trouble>& troubles();
+/// A radio that is otherwise than Korvex believes, belief by belief.
+const std::vector<Trouble>& reversedBeliefs();
 inline constexpr std::string_view secondOperationTrouble = "a second operation";
 
 /// The operation that is started in the middle of this one.
