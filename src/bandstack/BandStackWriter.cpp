@@ -89,8 +89,16 @@ bool BandStackWriter::skipRefusedBand() {
     return m_column < BandStackCells::columns;
 }
 
+/// The radio has just refused to go to this register's band, and stands on another one still: what comes now would be
+/// written over a register of that.
+bool BandStackWriter::isBandRefused() const {
+    const auto& refused = m_operation->noted().refused;
+    return !refused.empty() && refused.back() == cellName(m_cells, 0, m_column);
+}
+
 void BandStackWriter::writeCell() {
     if (!skipRefusedBand()) return finish();
+    if (m_row == 1 && isBandRefused()) return beginRegister(m_column + 1);
     const std::string command = bandStackCommand(m_cells.at(m_row, m_column)) + std::string(crLf);
     m_operation->write(cellName(m_cells, m_row, m_column), command);
     if (command != crLf) ++m_written;
@@ -231,6 +239,7 @@ Exchange BandStackWriter::antennaExchange(const std::string& command) const {
 }
 
 void BandStackWriter::take(const Reply& reply) {
+    if (m_step == Step::Cell && m_row == 1 && reply.kind == Reply::Kind::Refused) m_step = Step::NextRegister;
     const bool isAntenna =
         m_step == Step::AwaitAntenna || (m_step == Step::Cell && m_row > BandStackCells::lastQueried);
     if (!isAntenna) return;
@@ -247,6 +256,7 @@ void BandStackWriter::takeTold(const std::string& answer) {
 
 void BandStackWriter::onTalked(const Outcome& outcome) {
     if (m_step == Step::AwaitAntenna) return breakOffAtAntenna(outcome.isDone());
+    if (outcome.wentThrough() && isAllRefused()) return endRefused();
     if (outcome.wentThrough()) showTerminated();
     m_operation->end(outcome);
 }
@@ -256,7 +266,20 @@ void BandStackWriter::showTerminated() {
     m_link.lineWritten = "Terminated";
 }
 
+/// The radio went to none of the bands.
+bool BandStackWriter::isAllRefused() const {
+    const auto& refused = m_operation->noted().refused;
+    const auto bands =
+        std::count_if(refused.begin(), refused.end(), [](const std::string& name) { return name.ends_with(" BS"); });
+    return bands == BandStackCells::registers;
+}
+
+void BandStackWriter::endRefused() {
+    m_operation->breakOff(Outcome::Kind::Refused, "It refuses to go to any band. Nothing else was sent.");
+}
+
 void BandStackWriter::finish() {
+    if (isAllRefused()) return endRefused();
     showTerminated();
     m_operation->finish(m_written);
 }

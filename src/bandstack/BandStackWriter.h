@@ -44,6 +44,9 @@ private:
     void next();
     void beginRegister(int column);
     bool skipRefusedBand();
+    bool isBandRefused() const;
+    bool isAllRefused() const;
+    void endRefused();
     void writeCell();
     void show(const std::string& command);
     void converse();

@@ -116,6 +116,10 @@ void addContents(const RadioReport& report, Lines& lines) {
     if (report.isRefuted("keyer-end")) {
         lines.emplace_back("Keyer texts come with \"}\" behind them; it is no part of the text.");
     }
+    if (report.isRefuted("antenna-form")) {
+        lines.emplace_back(
+            "The radio does not tell whether its receive antenna is on: band stack files do not hold that.");
+    }
     if (report.isRefuted("channel-asked")) {
         lines.emplace_back("The radio tells another memory channel than it is asked for: memories cannot be saved.");
     }

@@ -56,7 +56,7 @@ const std::vector<Radio>& radios() {
         {"one at a time", [](SimulatedCable& cable) { cable.line.faults.oneAtATime = true; }, ExitCode::Different,
          "answers two questions sent at once: no", "--pace 100"},
         {"very slow", [](SimulatedCable& cable) { cable.line.turnaroundMs = 700; }, ExitCode::Different,
-         "EX usually 700 ms, at most 1000 ms", "waits longer"},
+         "EX usually 700 ms, at most 1000 ms", "waits for it"},
         {"tells unasked", [](SimulatedCable& cable) { cable.line.faults.unasked = true; }, ExitCode::Different,
          "tells unasked: FA", "came without a question: FA"},
         {"returns what is sent", [](SimulatedCable& cable) { cable.line.faults.echoes = true; }, ExitCode::Different,

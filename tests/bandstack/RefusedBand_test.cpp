@@ -1,0 +1,43 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "BandStackBench.h"
+#include "radio/SimulatedPorts.h"
+
+namespace korvex {
+namespace {
+
+/// It would be written over the band that the radio stands on.
+TEST(BandStackWriterTest, TheRegistersOfABandThatTheRadioRefusesAreLeftOut) {
+    for (const Pace pace : {Pace::Every100Ms, Pace::Answered}) {
+        BandStackBench<SimulatedPorts> bench;
+        bench.program.link.pace = pace;
+        bench.openPort();
+        bench.fileDialog.cancel();
+        const auto untilEnded = [&bench](void (BandStackWindow::*click)()) {
+            bench.ends.clear();
+            (bench.window.*click)();
+            bench.clock.advanceUntil([&bench] { return !bench.ends.empty(); }, 600'000);
+        };
+        untilEnded(&BandStackWindow::mnu_readBandStack_Click);
+        bench.ports.radio().quirks.hasSixtyMetres = false;
+        const auto bands = [&bench] {  // a walk leaves each band two registers on
+            auto all = bench.ports.radio().state.registers;
+            for (auto band = all.begin(); band != all.end(); band += RadioState::registersPerBand) {
+                std::sort(band, band + RadioState::registersPerBand);
+            }
+            return all;
+        };
+        const auto before = bands();
+        std::vector<std::string> refused;
+        const auto told = bench.window.writer().ended.connect([&](const Outcome& end) { refused = end.refused; });
+        untilEnded(&BandStackWindow::mnu_writeBandStack_Click);
+        EXPECT_EQ(refused, (std::vector<std::string>{"02.1 BS", "02.2 BS", "02.3 BS"}));
+        EXPECT_TRUE(bands() == before);
+    }
+}
+
+}  // namespace
+}  // namespace korvex
