@@ -30,8 +30,10 @@ EqWindow::EqWindow(SerialPorts& ports, Clock& clock, const OwnersDesk& desk)
         if (event == CommEvent::Receive) m_exchange.onReceive(m_port.Input());
     });
     m_connections += m_exchange.readingEnded.connect([this] { onReadingEnded(); });
-    m_connections +=
-        m_exchange.switchRefused.connect([this] { errorPanel = "The radio did not switch the processor"; });
+    m_connections += m_exchange.switchRefused.connect([this] {
+        m_presetWaiting.reset();  // what the owner wanted it for has not come about
+        errorPanel = "The radio did not switch the processor";
+    });
     m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
     m_connections += m_exchange.settled.changed.connect([this](bool) { showWhatCanBeDone(); });
     m_connections += m_exchange.other().ended.connect([this] { onOtherEnded(); });
@@ -181,6 +183,7 @@ void EqWindow::Command1_Click(int index) {
     m_writer.stop();
     m_written.reset();
     if (auto failure = m_exchange.switchProcessor(index == 0)) {
+        m_presetWaiting.reset();
         showPortState();
         m_msgBox.exclamation(failure->text);
     }

@@ -5,6 +5,7 @@
 
 #include "base/NumberText.h"
 #include "radio/Commands.h"
+#include "radio/Setting.h"
 #include "report/AnswerForm.h"
 
 namespace korvex {
@@ -29,6 +30,14 @@ std::string valueIn(const std::string& answer, std::size_t head) {
     return answer.size() > head ? answer.substr(head, answer.size() - head - 1) : "";
 }
 
+/// It is a question, and sets nothing: a report is a file that anybody may have written.
+bool asks(const std::string& command) {
+    const std::string name = command.substr(0, letters);
+    if (name == "EX" || name == "MR") return command.size() == menuHead;
+    if (name == "KM") return command.size() == letters + 1;
+    return findSetting(command) != nullptr || command == "IF" || command == "MC" || command == "AC";
+}
+
 /// One radio being made like another.
 class Mould {
 public:
@@ -39,7 +48,7 @@ public:
         setQuirks();
         setFaults();
         setPauses();
-        for (const auto& [query, answer] : m_report.told) m_radio.obey(commandOf(answer));
+        for (const auto& [query, answer] : m_report.told) takeTold(commandOf(query), commandOf(answer));
         for (const auto& asked : m_report.forms) take(asked);
         tellSources();
     }
@@ -89,8 +98,16 @@ private:
         }
     }
 
+    /// Whatever else a line may say is nothing to be obeyed.
+    void takeTold(const std::string& command, const std::string& answer) {
+        const bool isMenuItem = command.starts_with("EX") && command.size() == menuHead;
+        const bool isKept = isMenuItem || command == "AI" || command == "GT0" || command == "RF0";
+        if (isKept && answer.size() > command.size() && answer.starts_with(command)) m_radio.obey(answer);
+    }
+
     void take(const AskedForm& asked) {
         const std::string command = commandOf(asked.query);
+        if (!asks(command)) return;
         if (asked.form == commands::refused) {
             refuse(command);
             return;

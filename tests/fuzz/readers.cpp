@@ -23,6 +23,8 @@
 #include "menu/MenuFile.h"
 #include "platform/LineSettings.h"
 #include "radio/Faults.h"
+#include "radio/Likeness.h"
+#include "report/ReportText.h"
 
 namespace korvex {
 
@@ -63,6 +65,24 @@ FUZZ_TARGET(unfinished_backup) {
     const auto again = parseReadSoFar(text);
     ASSERT_TRUE(again);
     EXPECT_EQ(textOf(*again), text);
+}
+
+/// A report about a radio: what was taken from it is in it again, and a simulated radio can be made by it.
+FUZZ_TARGET(radio_report) {
+    const auto report = parseReport(input);
+    if (!report) {
+        EXPECT_FALSE(report.error().text.empty());
+        return;
+    }
+    const std::string text = reportText(*report);
+    const auto again = parseReport(text);
+    ASSERT_TRUE(again);
+    EXPECT_EQ(reportText(*again).substr(text.find(report->model)), text.substr(text.find(report->model)));
+    SimulatedRadio radio;
+    RadioLine line(radio);
+    behaveLike(*report, radio, line);
+    EXPECT_EQ(radio.timesKeyed, 0);
+    for (const auto& asked : report->forms) line.hear(0, asked.query);
 }
 
 /// A file of the menu: what is taken from it fits into the table, and is in the file again after a save.
