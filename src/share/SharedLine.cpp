@@ -109,8 +109,8 @@ std::optional<std::string> SharedLine::answerWithoutRadio(const ForeignCommand& 
 void SharedLine::sendNext() {
     m_underWay = std::move(m_waiting.front());
     m_waiting.pop_front();
-    if (!asks(m_underWay->wire)) m_answers.clear();
     const std::string wire = inCapitals(m_underWay->wire);
+    if (!asks(wire)) forgetAnswers(wire);
     if (wire.starts_with("TX") || wire.starts_with("MX")) {
         if (keysTransmitter(wire)) {
             m_keyedBy = m_underWay->from;
@@ -124,6 +124,16 @@ void SharedLine::sendNext() {
     m_patience->setInterval(patience());
     m_patience->setEnabled(true);
     m_link.send(m_underWay->wire);
+}
+
+/// What is set may change any of them; but for unasked messages, which hamlib switches off whenever it opens and closes.
+void SharedLine::forgetAnswers(const std::string& set) {
+    constexpr std::string_view unaskedMessages = "AI";
+    if (set.starts_with(unaskedMessages)) {
+        m_answers.erase("AI;");
+    } else {
+        m_answers.clear();
+    }
 }
 
 int SharedLine::patience() const {

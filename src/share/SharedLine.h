@@ -60,6 +60,7 @@ private:
     bool answerOneThatCanBe();
     std::optional<std::string> answerWithoutRadio(const ForeignCommand& command) const;
     void sendNext();
+    void forgetAnswers(const std::string& set);
     bool take(std::string_view piece);
     void onPatience();
     void settle(const std::string& answer);

@@ -83,11 +83,12 @@ TEST(PortShare, RefusesNoiseAndFloodsAndGoesOn) {
 
 TEST(PortShare, LetsNothingThroughWhileOursHasTheLine) {
     ShareBench bench;
-    EXPECT_EQ(bench.ask("FA;").substr(0, 2), "FA");
+    EXPECT_EQ(bench.ask("FA;VS;AI0;AI;", 1'000).substr(11), "VS0;AI0;") << "hamlib's last words";
     bench.fileDialog.choose(bench.folder.file("menu.mnu"));
     bench.program.menuSave.mnu_Store_Click();
     bench.clock.advance(300);
     bench.went.clear();
+    EXPECT_EQ(bench.ask("VS;"), "VS0;") << "it may open anew meanwhile";
     bench.logger.say("FA;FA07000000;MD0;");
     bench.clock.advance(1'900);
     EXPECT_EQ(bench.logger.takeHeard().substr(0, 2), "FA") << "the last answer";
