@@ -9,9 +9,9 @@ namespace korvex {
 
 /// A serial device that is plugged in now.
 struct FoundPort {
-    std::string device;              ///< "/dev/ttyUSB0"
-    std::vector<std::string> names;  ///< every name that leads to it, the one that survives replugging first
-    std::string description;         ///< adapter and serial number, UTF-8; may be empty
+    std::string device;                 ///< "/dev/ttyUSB0"
+    std::vector<std::string> names;     ///< every name that leads to it, the one that survives replugging first
+    std::string description;            ///< adapter and serial number, UTF-8; may be empty
     std::optional<int> latencyMs = {};  ///< the adapter's latency timer, where it has one
 
     bool operator==(const FoundPort&) const = default;

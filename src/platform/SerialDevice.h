@@ -47,9 +47,9 @@ public:
 
 /// A port as the user sees it in a list.
 struct SerialPortInfo {
-    int number = 0;           ///< 1..20
-    std::string device;       ///< "/dev/ttyUSB0"
-    std::string description;  ///< UTF-8: device, adapter and serial number
+    int number = 0;                     ///< 1..20
+    std::string device;                 ///< "/dev/ttyUSB0"
+    std::string description;            ///< UTF-8: device, adapter and serial number
     std::optional<int> latencyMs = {};  ///< how long the adapter keeps what comes for itself, where that is known
 };
 

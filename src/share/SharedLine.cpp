@@ -126,7 +126,8 @@ void SharedLine::sendNext() {
     m_link.send(m_underWay->wire);
 }
 
-/// What is set may change any of them; but for unasked messages, which hamlib switches off whenever it opens and closes.
+/// What is set may change any of them; but for unasked messages, which hamlib switches off whenever it opens and
+/// closes.
 void SharedLine::forgetAnswers(const std::string& set) {
     constexpr std::string_view unaskedMessages = "AI";
     if (set.starts_with(unaskedMessages)) {
