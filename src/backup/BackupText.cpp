@@ -4,6 +4,7 @@
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
+#include "cat/RadioModel.h"
 #include "eq/EqItems.h"
 #include "memory/MemoryTables.h"
 #include "menu/MenuCommandTable.h"
@@ -19,8 +20,7 @@ std::string column(std::string text, std::size_t width) {
 
 std::string radioName(const std::string& answer) {
     if (answer.empty()) return "(did not tell its model)";
-    if (answer == "ID0251;") return answer + " (FT-2000)";
-    if (answer == "ID0252;") return answer + " (FT-2000D)";
+    if (isFt2000(answer)) return answer + " (" + std::string(ft2000Named(answer)) + ")";
     return answer;
 }
 

@@ -232,6 +232,12 @@ const std::vector<FileKind>& fileKinds() {
     return kinds;
 }
 
+std::string kindNames() {
+    std::string names;
+    for (const auto& kind : fileKinds()) names.append(names.empty() ? "" : ", ").append(kind.name);
+    return names;
+}
+
 const FileKind* fileKind(std::string_view name) {
     for (const auto& kind : fileKinds()) {
         if (kind.name == name) return &kind;

@@ -46,6 +46,8 @@ struct FileKind {
 };
 
 const std::vector<FileKind>& fileKinds();
+/// "menu, memory, list, scanlimits, bandstack, keyer"
+std::string kindNames();
 /// Nothing for a name that no kind has.
 const FileKind* fileKind(std::string_view name);
 

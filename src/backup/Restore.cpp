@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "cat/RadioModel.h"
 #include "platform/TextFile.h"
 
 namespace korvex {
@@ -11,10 +12,6 @@ namespace korvex {
 namespace {
 
 const ItemWords words = {"item", "items", true};
-
-bool isFt2000(const std::string& model) {
-    return model == "ID0251;" || model == "ID0252;";  // 100 W and 200 W
-}
 
 /// To the end, refusals among the answers or not.
 bool wasRead(const Outcome& outcome) {

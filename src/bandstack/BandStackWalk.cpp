@@ -209,8 +209,9 @@ void BandStackWalk::check(const std::string& frequency) {
 void BandStackWalk::nextBand(bool isHome) {
     if (m_way[m_at].isReturn) {
         m_isBack = isHome;
-    } else if (!isHome)
+    } else if (!isHome) {
         m_notHome.push_back(m_way[m_at].number);
+    }
     ++m_at;
     m_presses = 0;
     m_checks = false;

@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "cat/RadioModel.h"
+
 namespace korvex {
 
 namespace {
@@ -15,12 +17,6 @@ constexpr int asksWhenHeard = 4;  // "?;" says that somebody listens at this spe
 constexpr std::size_t longestAnswer = 16;
 constexpr std::string_view query = "ID;";
 constexpr std::size_t modelLength = sizeof("ID0251;") - 1;
-
-std::string modelName(std::string_view answer) {
-    if (answer == "ID0251;") return "FT-2000";
-    if (answer == "ID0252;") return "FT-2000D";
-    return {};
-}
 
 std::string at(int speed) {
     return " at " + std::to_string(speed) + " bit/s";
@@ -118,7 +114,7 @@ void RadioSearch::takeAnswer(std::string_view answer) {
     const auto told = head == std::string_view::npos ? std::string_view() : answer.substr(head);
     if (told != query) m_heard = m_noise = true;
     if (told.size() != modelLength) return;
-    const std::string model = modelName(told);
+    const std::string model(ft2000Named(told));
     if (model.empty()) return nextPort("A radio" + at(speed()) + " that is no FT-2000: " + std::string(told));
     const Found what{port().number, m_port.lineSettings(), port().description};
     m_report.clear();

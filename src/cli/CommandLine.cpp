@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include "backup/FileKind.h"
 #include "base/CodePage.h"
 #include "cat/TransmitGuard.h"
 #include "cli/Manual.h"
@@ -10,8 +11,9 @@ namespace korvex::cli {
 
 namespace {
 
-constexpr auto helpEnd =
-    "\nKinds: menu, memory, list, bandstack, keyer. FILE may be \"-\": standard input or output.\n";
+std::string helpEnd() {
+    return "\nKinds: " + kindNames() + ". FILE may be \"-\": standard input or output.\n";
+}
 
 RuntimeError wrong(const std::string& why) {
     return {errors::InvalidPropertyValue, why};
@@ -49,7 +51,9 @@ void addPlaces(OptionParser& parser, Command& command) {
     parser.option("--database", "FILE", "the menu descriptions (else those in Korvex's program folder)",
                   into(command.database));
     parser.option("--settings", "FILE", "the settings file of Korvex", into(command.settingsFile));
-    parser.words("KIND", {"menu", "memory", "list", "scanlimits", "bandstack", "keyer"});
+    std::vector<std::string> kinds;
+    for (const auto& kind : fileKinds()) kinds.emplace_back(kind.name);
+    parser.words("KIND", kinds);
     parser.words("PACE", {"answered", "100"});
     parser.words("OTHER", {"radio"});
 }
@@ -179,7 +183,7 @@ Failure checkOptions(const Command& command) {
 Result<Command> parseArguments(const std::vector<std::string>& arguments) {
     Command command;
     OptionParser parser("korvexctl", "korvexctl: saves and restores what is set in a Yaesu FT-2000, without windows",
-                        helpEnd);
+                        helpEnd());
     addVerbs(parser, command);
     addPlaces(parser, command);
     addSpeech(parser, command);

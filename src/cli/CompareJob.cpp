@@ -31,8 +31,7 @@ std::optional<ExitCode> CompareJob::prepare() {
     m_right = makeSide(m_workshop.command.otherFile);
     m_kind = chosenKind();
     if (m_kind == nullptr) {
-        m_workshop.tell(
-            "no ending tells what kind of file it is; --kind menu (or memory, list, bandstack, keyer) says it");
+        m_workshop.tell("no ending tells what kind of file it is; --kind says it: " + kindNames());
         return ExitCode::Usage;
     }
     if (!areComparable()) {

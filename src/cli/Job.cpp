@@ -24,9 +24,7 @@ std::unique_ptr<Job> makeJob(const Workshop& workshop) {
 
 const FileKind* kindNamed(const Workshop& workshop, const std::string& name) {
     const FileKind* kind = fileKind(name);
-    if (kind == nullptr)
-        workshop.tell("there is no kind of file called " + name +
-                      "; there are menu, memory, list, bandstack and keyer");
+    if (kind == nullptr) workshop.tell("there is no kind of file called " + name + "; there are " + kindNames());
     return kind;
 }
 

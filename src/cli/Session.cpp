@@ -148,8 +148,9 @@ void Session::search() {
     m_program.link.closePort();
     const bool named = m_command.device || m_command.demo;
     const MSComm& port = m_program.MSComm1;
-    tell("the radio does not answer at " + std::to_string(port.lineSettings().speed) +
-         " bit/s; looking for it at other speeds" + (named ? "" : " and ports"));
+    tell(hasNoPort() ? "no port is set; looking for the radio at all that are free"
+                     : "the radio does not answer at " + std::to_string(port.lineSettings().speed) +
+                           " bit/s; looking for it at other speeds" + (named ? "" : " and ports"));
     m_search = std::make_unique<RadioSearch>(m_program.machine().ports, m_program.machine().clock);
     m_connections += m_search->found.connect([this](const RadioSearch::Found& found) { onFound(found); });
     m_search->start(port.CommPort(), port.lineSettings().speed,
@@ -271,6 +272,7 @@ void Session::finish(ExitCode code) {
     m_stage = Stage::Finished;
     m_poll->setEnabled(false);
     m_patience.end();
+    if (m_search) m_search->cancel();
     if (std::exchange(m_jobGoesOn, false)) m_job->abandon();
     if (code == ExitCode::Interrupted) {
         m_program.link.closePort();

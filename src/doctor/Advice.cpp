@@ -4,7 +4,8 @@
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
-#include "doctor/Questions.h"
+#include "cat/RadioModel.h"
+#include "menu/MenuCommandTable.h"
 
 namespace korvex {
 
@@ -22,13 +23,21 @@ std::string itemList(const std::vector<int>& items) {
     return text;
 }
 
+std::vector<int> refusedItems(const RadioReport& report) {
+    std::vector<int> items;
+    for (int item = 1; item <= menuItemCount; ++item) {
+        if (report.wasRefused(menuReadCommand(item))) items.push_back(item);
+    }
+    return items;
+}
+
 int refutedCount(const RadioReport& report) {
     return static_cast<int>(std::count_if(report.beliefs.begin(), report.beliefs.end(),
                                           [](const JudgedBelief& one) { return one.verdict == "refuted"; }));
 }
 
 std::string verdictOf(const RadioReport& report) {
-    const std::string name = report.model == "ID0252;" ? "FT-2000D" : "FT-2000";
+    const std::string name(ft2000Named(report.model));
     const int refuted = refutedCount(report);
     if (refuted == 0) return "This " + name + " answers as Korvex expects it to.";
     return "This " + name + " answers in " + std::to_string(refuted) + (refuted == 1 ? " point" : " points") +
@@ -70,7 +79,7 @@ void addCatSettings(const RadioReport& report, Lines& lines) {
         lines.emplace_back("Menu 029 (CAT TOT) is 10 ms; an adapter may be slower within a command. 100 ms is safe.");
     }
     constexpr int rtsHandshaking = 2;
-    if (report.value(menuQuestion(30)) == "1" && report.handshaking < rtsHandshaking) {
+    if (report.value(menuReadCommand(30)) == "1" && report.handshaking < rtsHandshaking) {
         lines.emplace_back(
             "Menu 030 (CAT RTS) is on, and Korvex does not use RTS: set handshaking to RTS in the port "
             "settings, or the menu to off, if answers stay away.");
@@ -101,7 +110,7 @@ void addTraffic(const RadioReport& report, Lines& lines) {
 }
 
 void addContents(const RadioReport& report, Lines& lines) {
-    const auto refused = report.refusedItems();
+    const auto refused = refusedItems(report);
     if (!refused.empty()) {
         lines.push_back("The radio refuses menu " + itemList(refused) +
                         ": no backup holds them, and what a file says of "

@@ -6,7 +6,12 @@
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
+#include "cat/RadioModel.h"
 #include "doctor/Questions.h"
+#include "keyer/KeyerTexts.h"
+#include "memory/MemoryRecord.h"
+#include "memory/MemoryTables.h"
+#include "menu/MenuCommandTable.h"
 
 namespace korvex {
 
@@ -75,13 +80,13 @@ std::string_view valueForm(const AskedForm& asked) {
 
 std::vector<std::string> menuQuestions(int first, int last) {
     std::vector<std::string> queries;
-    for (int item = first; item <= last; ++item) queries.push_back(menuQuestion(item));
+    for (int item = first; item <= last; ++item) queries.push_back(menuReadCommand(item));
     return queries;
 }
 
 Judgement model(const RadioReport& report) {
     if (report.model.empty()) return open();
-    return judged(report.model == "ID0251;" || report.model == "ID0252;", utf8FromWire(report.model));
+    return judged(isFt2000(report.model), utf8FromWire(report.model));
 }
 
 Judgement frequencyForm(const RadioReport& report) {
@@ -89,10 +94,11 @@ Judgement frequencyForm(const RadioReport& report) {
     return allOf(report, {"FA;", "FB;"}, [](const AskedForm& asked) { return asked.form.size() == length; });
 }
 
-Judgement registerQuestions(const RadioReport& report) {
-    return allOf(report, {"AC;",  "BC0;", "BP00;", "CO00;", "MD0;", "MD1;", "ML0;", "NA0;", "NA1;", "FA;", "FB;",
-                          "GT0;", "GT1;", "KR;",   "BI;",   "NR0;", "PA0;", "RA0;", "RF0;", "NB0;", "NB1;"},
-                 isAnswered);
+/// The antenna's is another belief's matter.
+Judgement registersReadable(const RadioReport& report) {
+    auto queries = registerQuestions();
+    std::erase(queries, "AN0;");
+    return allOf(report, queries, isAnswered);
 }
 
 Judgement automatic(const RadioReport& report) {
@@ -110,18 +116,18 @@ Judgement antennaForm(const RadioReport& report) {
 }
 
 Judgement menuItems(const RadioReport& report) {
-    return allOf(report, menuQuestions(1, asked::lastMenuItem), isAnswered);
+    return allOf(report, menuQuestions(1, menuItemCount), isAnswered);
 }
 
 Judgement noMoreItems(const RadioReport& report) {
-    return allOf(report, {menuQuestion(0), menuQuestion(asked::lastMenuItem + 1)},
+    return allOf(report, {menuReadCommand(itemsBeyond[0]), menuReadCommand(itemsBeyond[1])},
                  [](const AskedForm& asked) { return asked.form == "?;"; });
 }
 
 /// Digits, with a sign in front or not, and no more of them than the radio's files have.
 Judgement menuForm(const RadioReport& report) {
     constexpr std::size_t mostDigits = 5;
-    return allOf(report, menuQuestions(1, asked::lastMenuItem), [](const AskedForm& asked) {
+    return allOf(report, menuQuestions(1, menuItemCount), [](const AskedForm& asked) {
         std::string_view form = valueForm(asked);
         if (!isAnswered(asked)) return true;  // another belief's matter
         if (form.starts_with('+')) form.remove_prefix(1);
@@ -143,7 +149,7 @@ int signedLevelsFrom(const RadioReport& report, int item) {
     constexpr int distance = 3;
     int found = 0;
     for (int level = 0; level < levels; ++level) {
-        const auto* asked = report.form(menuQuestion(item + level * distance));
+        const auto* asked = report.form(menuReadCommand(item + level * distance));
         if (asked != nullptr && valueForm(*asked).starts_with('+')) ++found;
     }
     return found;
@@ -152,8 +158,8 @@ int signedLevelsFrom(const RadioReport& report, int item) {
 /// 1 speaks for the numbers that are believed, -1 for those one lower, 0 for neither.
 int speedSpeaksFor(const RadioReport& report) {
     const std::string code = codeOfSpeed(report.line);
-    const bool here = report.value(menuQuestion(28)) == code;
-    const bool below = report.value(menuQuestion(27)) == code;
+    const bool here = report.value(menuReadCommand(28)) == code;
+    const bool below = report.value(menuReadCommand(27)) == code;
     if (code.empty() || here == below) return 0;
     return here ? 1 : -1;
 }
@@ -170,8 +176,8 @@ int signsSpeakFor(const RadioReport& report) {
 Judgement menuNumbers(const RadioReport& report) {
     const int speed = speedSpeaksFor(report);
     const int signs = signsSpeakFor(report);
-    const std::string shown = "027 \"" + report.value(menuQuestion(27)) + "\", 028 \"" +
-                              report.value(menuQuestion(28)) + "\" at " + report.line;
+    const std::string shown = "027 \"" + report.value(menuReadCommand(27)) + "\", 028 \"" +
+                              report.value(menuReadCommand(28)) + "\" at " + report.line;
     if (speed + signs == 0) return open(shown);
     return judged(speed + signs > 0, shown);
 }
@@ -186,13 +192,13 @@ Judgement equalizerForm(const RadioReport& report) {
 }
 
 Judgement catTimeOut(const RadioReport& report) {
-    const std::string value = report.value(menuQuestion(29));
+    const std::string value = report.value(menuReadCommand(29));
     return value.empty() ? open() : judged(value != "0", "029 \"" + value + "\"");
 }
 
 std::vector<std::string> keyerQuestions() {
     std::vector<std::string> queries;
-    for (int memory = 1; memory <= asked::lastKeyerText; ++memory) queries.push_back(keyerQuestion(memory));
+    for (int memory = 1; memory <= keyerMemories; ++memory) queries.push_back(keyerReadCommand(memory));
     return queries;
 }
 
@@ -215,8 +221,8 @@ Judgement channelForm(const RadioReport& report) {
     constexpr std::size_t sign = 13;
     constexpr std::size_t length = 27;
     std::vector<std::string> others;
-    for (int channel = 1; channel <= asked::lastChannel; ++channel) {
-        const auto* asked = report.form(channelQuestion(channel));
+    for (int channel = 1; channel <= lastMemoryChannel; ++channel) {
+        const auto* asked = report.form(memoryReadCommand(channel));
         if (asked == nullptr || !isAnswered(*asked)) continue;
         if (asked->form.size() != length || asked->form[sign] != '+') others.push_back(utf8FromWire(asked->form));
     }
@@ -225,8 +231,8 @@ Judgement channelForm(const RadioReport& report) {
 
 Judgement emptyChannel(const RadioReport& report) {
     if (report.channelsOfZeros > 0) return judged(false, std::to_string(report.channelsOfZeros) + " hold zeros");
-    for (int channel = 1; channel <= asked::lastChannel; ++channel) {
-        if (report.wasRefused(channelQuestion(channel))) return judged(true);
+    for (int channel = 1; channel <= lastMemoryChannel; ++channel) {
+        if (report.wasRefused(memoryReadCommand(channel))) return judged(true);
     }
     return open();
 }
@@ -243,14 +249,14 @@ Judgement channelSource(const RadioReport& report) {
 }
 
 Judgement scanLimitsThere(const RadioReport& report) {
-    for (const int channel : {asked::firstScanLimit, asked::lastScanLimit}) {
-        if (report.wasAnswered(channelQuestion(channel))) return judged(true);
+    for (const int channel : {scanLimits.first, scanLimits.last}) {
+        if (report.wasAnswered(memoryReadCommand(channel))) return judged(true);
     }
     return open("an empty one is refused, too");
 }
 
 Judgement refusal(const RadioReport& report) {
-    return allOf(report, {menuQuestion(0)}, [](const AskedForm& asked) { return !asked.form.empty(); });
+    return allOf(report, {menuReadCommand(itemsBeyond[0])}, [](const AskedForm& asked) { return !asked.form.empty(); });
 }
 
 Judgement twoAtOnce(const RadioReport& report) {
@@ -325,7 +331,7 @@ std::vector<Belief> allBeliefs() {
         {"scan-limits", "Channels 100 to 117 are the scan limits.", "hamlib's table", "MR100 MR117",
          "backup of what is beyond 99", scanLimitsThere},
         {"register-questions", "Everything that a band stack register keeps can be read.", "hamlib, flrig",
-         "AC to NB1, 21 questions", "the band stack", registerQuestions},
+         "AC to NB1, 21 questions", "the band stack", registersReadable},
         {"automatic", "AGC and roofing filter in automatic tell what they have chosen (4 to 6).", "hamlib", "GT0 RF0",
          "the band stack writes automatic again", automatic},
         {"antenna-form", "The antenna is told with the receive antenna behind it.", "no source", "AN0",

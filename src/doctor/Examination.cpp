@@ -1,11 +1,12 @@
 #include "doctor/Examination.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <set>
 
-#include "base/NumberText.h"
+#include "cat/RadioModel.h"
+#include "cat/Tempo.h"
+#include "memory/MemoryRecord.h"
+#include "memory/MemoryTables.h"
 #include "report/AnswerForm.h"
 
 namespace korvex {
@@ -20,10 +21,6 @@ constexpr int silentBeforeProbe = 2;
 constexpr int busyMs = 150;
 constexpr int listenMs = 1'500;
 constexpr int misnamedBeforeTaken = 3;  // channels; from then on nothing better is waited for
-
-bool isFt2000(std::string_view answer) {
-    return answer == "ID0251;" || answer == "ID0252;";
-}
 
 /// An answer to another question of the same letters has another number.
 bool isNamed(std::string_view query, std::string_view answer) {
@@ -48,18 +45,17 @@ bool isNoise(char c) {
 }
 
 AnswerDelay delayOf(const std::string& name, std::vector<int> times) {
-    constexpr std::array classes = {50, 100, 200, 500, 1'000};
-    constexpr int above = 2'000;
     constexpr int step = 10;
+    const auto& classes = AnswerDelay::classesMs;
     std::sort(times.begin(), times.end());
     const int usual = (times[times.size() / 2] + step / 2) / step * step;
-    const auto* within = std::find_if(classes.begin(), classes.end(), [&](int ms) { return times.back() <= ms; });
-    return {name, std::min(usual, above), within == classes.end() ? above : *within};
+    const auto* within = std::find_if(classes.begin(), classes.end() - 1, [&](int ms) { return times.back() <= ms; });
+    return {name, std::min(usual, classes.back()), *within};
 }
 
 }  // namespace
 
-void Examination::begin(bool withSettings) {
+void Examination::begin(RadioReport begun, bool withSettings) {
     const int count = static_cast<int>(questions().size());
     auto operation = m_link.begin({ActiveOperation::MenuReadToFile,
                                    "Checking the radio",
@@ -70,12 +66,11 @@ void Examination::begin(bool withSettings) {
                                    1});
     if (!operation) return ended.emit(m_link.notBegun());
     m_operation = std::move(operation);
-    m_report = {};
+    m_report = std::move(begun);
     m_withSettings = withSettings;
     m_at = 0;
     m_silentInARow = 0;
     m_delays.clear();
-    m_echo = m_link.echoFound.connect([this] { m_report.echoes = true; });
     m_noise = m_link.came.connect([this](std::string_view wire) {
         const bool isText = m_at < questions().size() && question().query.starts_with("KM");
         if (!isText && std::any_of(wire.begin(), wire.end(), isNoise)) m_report.noise = true;
@@ -83,8 +78,8 @@ void Examination::begin(bool withSettings) {
     m_operation->onAnswer([this](std::string_view answer) { return take(answer); });
     m_operation->onStrange([this](std::string_view piece) { return takeUnasked(piece); });
     m_operation->onEnd([this](const Outcome& outcome) {
-        m_echo.end();
         m_noise.end();
+        m_report.echoes = m_link.returnsWhatIsSent();
         ended.emit(outcome);
     });
     m_report.line = m_link.port().Settings();
@@ -95,7 +90,6 @@ void Examination::begin(bool withSettings) {
 /// The answer to the communication test is nobody's.
 void Examination::startTested() {
     if (m_link.testing()) return m_operation->after(testStepMs, [this] { startTested(); });
-    m_report.echoes = m_link.returnsWhatIsSent();
     m_link.clearTraffic();
     start();
 }
@@ -113,8 +107,7 @@ void Examination::start() {
 }
 
 int Examination::lineMs(std::size_t characters) const {
-    return static_cast<int>(
-        std::lround(m_link.port().lineSettings().characterTime() * static_cast<double>(characters)));
+    return Tempo(m_link.port().lineSettings().characterTime()).lineMs(characters);
 }
 
 void Examination::ask() {
@@ -199,7 +192,7 @@ void Examination::keep(const Question& question, const std::string& answer) {
     if (answer.empty() || answer == "?;") return;
     if (question.isTold) m_report.told[question.query] = answer;
     if (m_withSettings && question.isOwnersSetting) m_report.settings.push_back(answer);
-    if (question.query.starts_with("MR") && question.query < channelQuestion(asked::firstScanLimit)) {
+    if (question.query.starts_with("MR") && question.query < memoryReadCommand(scanLimits.first)) {
         keepChannel(question.query, answer);
     }
 }

@@ -23,8 +23,8 @@ public:
     explicit Examination(CatLink& link) : m_link(link) {}
 
     /// `ended` tells the end, at once if the line is not to be had: Done, Refused for another radio, NoAnswer.
-    /// `withSettings`: the report gets the answers as they came, too.
-    void begin(bool withSettings);
+    /// `begun` is the report as far as it is known; `withSettings`: it gets the answers as they came, too.
+    void begin(RadioReport begun, bool withSettings);
     /// Gives the line back without a word.
     void stop() { m_operation.reset(); }
 
@@ -65,7 +65,6 @@ private:
     int m_silentInARow = 0;
     int m_owed = 0;                                    // answers to questions that were sent in one go
     std::map<std::string, std::vector<int>> m_delays;  // by letters, ms
-    Connection m_echo;
     Connection m_noise;
 };
 

@@ -1,37 +1,48 @@
 #include "doctor/Questions.h"
 
+#include <algorithm>
 #include <array>
 
-#include "base/NumberText.h"
+#include "bandstack/BandStackCells.h"
+#include "keyer/KeyerTexts.h"
+#include "memory/MemoryRecord.h"
+#include "memory/MemoryTables.h"
+#include "menu/MenuCommandTable.h"
 
 namespace korvex {
 
 namespace {
 
-/// What is asked about a band stack register, and the state of the radio beside it.
-constexpr std::array settings = {"IF;",  "FA;",  "FB;",  "AC;",  "BC0;", "BP00;", "CO00;", "MD0;",
-                                 "MD1;", "ML0;", "NA0;", "NA1;", "GT1;", "KR;",   "BI;",   "NR0;",
-                                 "PA0;", "RA0;", "NB0;", "NB1;", "AN0;", "VS;",   "MC;"};
-
-/// How the radio talks and what it does by itself.
+/// How the radio talks, and what it does by itself.
 constexpr std::array toldQuestions = {"ID;", "AI;", "GT0;", "RF0;"};
+
+/// Beside what is asked about a band stack register.
+constexpr std::array stateQuestions = {"IF;", "VS;", "MC;"};
+
+bool isAsked(const std::vector<Question>& questions, const std::string& query) {
+    return std::any_of(questions.begin(), questions.end(), [&](const Question& one) { return one.query == query; });
+}
 
 std::vector<Question> allQuestions() {
     constexpr int firstCatItem = 27;  // of either firmware
     constexpr int lastCatItem = 30;
     std::vector<Question> all;
     for (const char* query : toldQuestions) all.push_back({query, true, false, false});
-    for (const char* query : settings) all.push_back({query});
-    for (int item = 1; item <= asked::lastMenuItem; ++item) {
-        all.push_back({menuQuestion(item), item >= firstCatItem && item <= lastCatItem});
+    for (const char* query : stateQuestions) all.push_back({query});
+    for (const auto& query : registerQuestions()) {
+        if (!isAsked(all, query)) all.push_back({query});
     }
-    all.push_back({menuQuestion(0), false, true, false});
-    all.push_back({menuQuestion(asked::lastMenuItem + 1), false, true, false});
-    for (int memory = 1; memory <= asked::lastKeyerText; ++memory) all.push_back({keyerQuestion(memory)});
-    for (int channel = 1; channel <= asked::lastChannel; ++channel)
-        all.push_back({channelQuestion(channel), false, true});
-    for (const int channel : {asked::firstScanLimit, asked::lastScanLimit})
-        all.push_back({channelQuestion(channel), false, true});
+    for (int item = 1; item <= menuItemCount; ++item) {
+        all.push_back({menuReadCommand(item), item >= firstCatItem && item <= lastCatItem});
+    }
+    for (const int item : itemsBeyond) all.push_back({menuReadCommand(item), false, true, false});
+    for (int memory = 1; memory <= keyerMemories; ++memory) all.push_back({keyerReadCommand(memory)});
+    for (int channel = 1; channel <= lastMemoryChannel; ++channel) {
+        all.push_back({memoryReadCommand(channel), false, true});
+    }
+    for (const int channel : {scanLimits.first, scanLimits.last}) {
+        all.push_back({memoryReadCommand(channel), false, true});
+    }
     return all;
 }
 
@@ -42,16 +53,11 @@ const std::vector<Question>& questions() {
     return all;
 }
 
-std::string menuQuestion(int item) {
-    return "EX" + zeroPadded(item, 3) + ";";
-}
-
-std::string channelQuestion(int channel) {
-    return "MR" + zeroPadded(channel, 3) + ";";
-}
-
-std::string keyerQuestion(int memory) {
-    return "KM" + std::to_string(memory) + ";";
+std::vector<std::string> registerQuestions() {
+    const BandStackCells labels;
+    std::vector<std::string> queries;
+    for (int row = 1; row <= BandStackCells::lastQueried; ++row) queries.push_back(labels.query(row));
+    return queries;
 }
 
 }  // namespace korvex

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
+
+#include "menu/MenuCommandTable.h"
 
 namespace korvex {
 
@@ -16,17 +19,10 @@ struct Question {
 /// In the order in which they are asked. The first one asks for the model.
 const std::vector<Question>& questions();
 
-/// "EX042;", "MR007;", "KM1;"
-std::string menuQuestion(int item);
-std::string channelQuestion(int channel);
-std::string keyerQuestion(int memory);
+/// What is asked about a band stack register: "AC;" to "AN0;".
+std::vector<std::string> registerQuestions();
 
-namespace asked {
-inline constexpr int lastMenuItem = 149;
-inline constexpr int lastChannel = 99;
-inline constexpr int firstScanLimit = 100;
-inline constexpr int lastScanLimit = 117;
-inline constexpr int lastKeyerText = 5;
-}  // namespace asked
+/// Menu items that no radio should have.
+inline constexpr std::array itemsBeyond = {0, menuItemCount + 1};
 
 }  // namespace korvex

@@ -23,37 +23,31 @@ RadioCheck::RadioCheck(CatLink& link, std::function<std::string()> timeOfDay)
 }
 
 void RadioCheck::begin(bool withSettings) {
-    describeMachine();
-    m_examination.begin(withSettings);
+    m_examination.begin(describedMachine(), withSettings);
 }
 
 /// "/dev/ttyUSB0: FTDI FT232R, serial number A5": the number is the owner's, and so may be the folders.
-void RadioCheck::describeMachine() {
+RadioReport RadioCheck::describedMachine() const {
     const MSComm& port = m_link.port();
     const std::string text = port.deviceText();
     const auto colon = text.find(": ");
     const std::string adapter = colon == std::string::npos ? "" : text.substr(colon + 2);
     constexpr int rtsHandshaking = 2;
     const bool driven = port.Handshaking() >= rtsHandshaking;
-    m_machine = {};
-    m_machine.made = m_timeOfDay() + " with Korvex " + versionWithCommit();
+    RadioReport machine;
+    machine.made = m_timeOfDay() + " with Korvex " + versionWithCommit();
     const std::string device = text.substr(0, colon);
-    m_machine.device = device.substr(device.rfind('/') + 1);
-    m_machine.adapter = adapter.substr(0, adapter.find(", serial number"));
-    m_machine.latencyMs = port.latencyMs();
-    m_machine.rts = driven ? "by handshaking" : raisedOrLow(port.RTSEnable());
-    m_machine.cts = raisedOrLow(port.CTSHolding());
+    machine.device = device.substr(device.rfind('/') + 1);
+    machine.adapter = adapter.substr(0, adapter.find(", serial number"));
+    machine.latencyMs = port.latencyMs();
+    machine.rts = driven ? "by handshaking" : raisedOrLow(port.RTSEnable());
+    machine.cts = raisedOrLow(port.CTSHolding());
+    return machine;
 }
 
 void RadioCheck::onEnded(const Outcome& outcome) {
     m_how = outcome;
     m_report = m_examination.report();
-    m_report.made = m_machine.made;
-    m_report.device = m_machine.device;
-    m_report.adapter = m_machine.adapter;
-    m_report.latencyMs = m_machine.latencyMs;
-    m_report.rts = m_machine.rts;
-    m_report.cts = m_machine.cts;
     conclude();
     ended.emit(outcome);
 }

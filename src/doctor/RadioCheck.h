@@ -29,13 +29,12 @@ public:
 private:
     void onEnded(const Outcome& outcome);
     void conclude();
-    void describeMachine();
+    RadioReport describedMachine() const;
 
     CatLink& m_link;
     std::function<std::string()> m_timeOfDay;
     Examination m_examination;
     RadioReport m_report;
-    RadioReport m_machine;  // how it is made
     Outcome m_how;
     Connection m_examined;
 };

@@ -89,11 +89,11 @@ private:
     }
 
     void setPauses() {
-        constexpr std::array classes = {0, 50, 100, 200, 500, 1'000, 2'000};
+        const auto& classes = AnswerDelay::classesMs;
         for (const auto& delay : m_report.delays) {
-            const auto* within = std::lower_bound(classes.begin() + 1, classes.end() - 1, delay.withinMs);
-            const bool hasLateOne = *(within - 1) >= delay.usualMs;
-            const int late = hasLateOne ? (*within + *(within - 1)) / 2 : delay.usualMs;
+            const auto* within = std::lower_bound(classes.begin(), classes.end() - 1, delay.withinMs);
+            const int shorter = within == classes.begin() ? 0 : *(within - 1);
+            const int late = shorter >= delay.usualMs ? (*within + shorter) / 2 : delay.usualMs;
             m_line.pauses[delay.letters] = {delay.usualMs, std::max(late, delay.usualMs)};
         }
     }

@@ -2,14 +2,21 @@
 
 #include <algorithm>
 
-#include "base/NumberText.h"
-
 namespace korvex {
 
+namespace {
+
+/// The first one that is called so; null where none is.
+template <class Item>
+const Item* called(const std::vector<Item>& items, std::string Item::*name, std::string_view wanted) {
+    const auto found = std::find_if(items.begin(), items.end(), [&](const Item& one) { return one.*name == wanted; });
+    return found == items.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
 const AskedForm* RadioReport::form(std::string_view query) const {
-    const auto found =
-        std::find_if(forms.begin(), forms.end(), [&](const AskedForm& one) { return one.query == query; });
-    return found == forms.end() ? nullptr : &*found;
+    return called(forms, &AskedForm::query, query);
 }
 
 bool RadioReport::wasRefused(std::string_view query) const {
@@ -29,15 +36,6 @@ std::string RadioReport::value(std::string_view query) const {
     return found->second.substr(head, found->second.size() - head - 1);
 }
 
-std::vector<int> RadioReport::refusedItems() const {
-    std::vector<int> items;
-    constexpr int last = 149;
-    for (int item = 1; item <= last; ++item) {
-        if (wasRefused("EX" + zeroPadded(item, 3) + ";")) items.push_back(item);
-    }
-    return items;
-}
-
 int RadioReport::longestMs() const {
     int longest = 0;
     for (const auto& delay : delays) longest = std::max(longest, delay.withinMs);
@@ -45,9 +43,7 @@ int RadioReport::longestMs() const {
 }
 
 const JudgedBelief* RadioReport::belief(std::string_view id) const {
-    const auto found =
-        std::find_if(beliefs.begin(), beliefs.end(), [&](const JudgedBelief& one) { return one.id == id; });
-    return found == beliefs.end() ? nullptr : &*found;
+    return called(beliefs, &JudgedBelief::id, id);
 }
 
 bool RadioReport::isRefuted(std::string_view id) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
@@ -18,9 +19,11 @@ struct AskedForm {
 /// How long answers to commands of the same two letters take: from the question's end to the beginning of the answer,
 /// the line's own time taken off.
 struct AnswerDelay {
+    static constexpr std::array classesMs = {50, 100, 200, 500, 1'000, 2'000};  ///< the last one for all above, too
+
     std::string letters;  ///< "EX"
     int usualMs = 0;      ///< the median, to 10 ms
-    int withinMs = 0;     ///< none took longer: 50, 100, 200, 500, 1000, or 2000 for all above
+    int withinMs = 0;     ///< one of the classes: none took longer
     bool operator==(const AnswerDelay&) const = default;
 };
 
@@ -72,8 +75,6 @@ struct RadioReport {
     bool wasAnswered(std::string_view query) const;
     /// "EX028;" as it was told: "3". Empty when it was not.
     std::string value(std::string_view query) const;
-    /// The menu items (1 to 149) that were refused, ascending.
-    std::vector<int> refusedItems() const;
     /// The longest time that any answer took, by `withinMs`; 0 when nothing was answered.
     int longestMs() const;
     const JudgedBelief* belief(std::string_view id) const;

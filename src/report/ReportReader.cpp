@@ -15,7 +15,7 @@ constexpr std::size_t letters = 2;
 constexpr std::size_t longestName = 6;   // "EX042", "BP00"
 constexpr std::size_t longestForm = 64;  // a keyer text has 50 characters
 constexpr std::size_t mostForms = 1'000;
-constexpr int longestMs = 2'000;
+constexpr int longestMs = AnswerDelay::classesMs.back();
 
 /// The next line of a text, without its end.
 std::string_view takeLine(std::string_view& rest) {

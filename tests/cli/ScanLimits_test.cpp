@@ -1,19 +1,9 @@
-#include <gtest/gtest.h>
-
-#include "cli/CliBench.h"
+#include "cli/BackupTest.h"
 
 namespace korvex::cli {
 namespace {
 
-struct ScanLimits : testing::Test {
-    CliBench bench;
-    const std::string dir = bench.folder.file("backups");
-    const std::string backup = dir + "/korvex-2026-11-22-234254";
-
-    std::string file(const std::string& name) const { return backup + "/" + name; }
-    std::string saved(const std::string& name) const { return fakes::fileContent(file(name)); }
-    bool said(const std::string& text) const { return bench.out.str().find(text) != std::string::npos; }
-};
+using ScanLimits = BackupTest;
 
 /// Where the radio has them; one that has not is asked for the first pair alone, and nothing is missing.
 TEST_F(ScanLimits, ScanLimitsAreSavedAndRestoredWhereTheRadioTellsThem) {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <map>
 
-#include "cli/CliBench.h"
+#include "cli/BackupTest.h"
 #include "fakes/WholeRestore.h"
 #include "radio/StateText.h"
 
@@ -34,14 +34,7 @@ RadioState otherRadio() {
     return state;
 }
 
-struct WholeRadio : testing::Test {
-    CliBench bench;
-    const std::string dir = bench.folder.file("backups");
-    const std::string backup = dir + "/korvex-2026-11-22-234254";
-
-    std::string file(const std::string& name) const { return backup + "/" + name; }
-    std::string saved(const std::string& name) const { return fakes::fileContent(file(name)); }
-    bool said(const std::string& text) const { return bench.out.str().find(text) != std::string::npos; }
+struct WholeRadio : BackupTest {
     bool isEmpty() const { return !std::filesystem::exists(dir) || std::filesystem::is_empty(dir); }
 };
 
