@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QSlider>
 #include <QStyleFactory>
+#include <QStyleOption>
 #include <gtest/gtest.h>
 #include <memory>
 #include <set>
@@ -55,6 +56,15 @@ TEST(OutlineStyle, LetsDisabledTextBeRead) {
     grey.setColor(QPalette::Disabled, QPalette::Text, QColor(120, 120, 120));
     style.polish(grey);
     EXPECT_EQ(grey.color(QPalette::Disabled, QPalette::Text), QColor(120, 120, 120)) << "the desktop's choice";
+}
+
+TEST(OutlineStyle, DrawsGridLinesThatAreNoneOfTheCellsColours) {
+    const OutlineStyle style;
+    QStyleOption option;
+    option.palette = plain(Qt::black, Qt::white);
+    const auto line = static_cast<QRgb>(style.styleHint(QStyle::SH_Table_GridLineColor, &option, nullptr, nullptr));
+    EXPECT_GT(qGray(line), 40);
+    EXPECT_LT(qGray(line), 200);
 }
 
 }  // namespace

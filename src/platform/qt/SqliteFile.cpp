@@ -83,10 +83,9 @@ Failure SqliteFile::checkHead() {
         return note(
             errors::TypeMismatch,
             name + " is a database in the old desktop format (" + kind.toStdString() +
-                "), which is no database of Korvex's. It was left as it is; move it away, and Korvex makes a new one "
-                "at "
-                "its next start, into which \"Import Descriptions...\" in the Menu Manager takes what the old one "
-                "holds.",
+                "), which is no database of Korvex's. It was left as it is; move it away, and Korvex makes a new "
+                "one at its next start, into which \"Import Descriptions...\" in the Menu Manager takes what the old "
+                "one holds.",
             notADatabase, "08004");
     }
     if (!head.startsWith(QByteArray("SQLite format 3\0", 16))) {

@@ -10,7 +10,6 @@
 #include "platform/qtwidgets/FlexGridDelegate.h"
 #include "platform/qtwidgets/FlexGridHeader.h"
 #include "platform/qtwidgets/FlexGridModel.h"
-#include "platform/qtwidgets/GridLineStyle.h"
 
 namespace korvex {
 
@@ -48,9 +47,6 @@ FlexGridView::FlexGridView(MSFlexGrid& cells, QWidget* parent)
       m_titles(new FlexGridHeader(Qt::Horizontal, this)),
       m_rowLabels(new FlexGridHeader(Qt::Vertical, this)),
       m_corner(new FlexGridCorner(this)) {
-    auto* lines = new GridLineStyle;
-    lines->setParent(this);
-    setStyle(lines);
     setUpHeaders();
     setModel(m_model);
     auto* delegate = new FlexGridDelegate(this);

@@ -120,4 +120,14 @@ void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOption
     if (!drawn) QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
+int OutlineStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                            QStyleHintReturn* more) const {
+    constexpr int quarter = 25;
+    if (hint != SH_Table_GridLineColor || option == nullptr) {
+        return QProxyStyle::styleHint(hint, option, widget, more);
+    }
+    const QColor line = mixed(option->palette.color(QPalette::Base), option->palette.color(QPalette::Text), quarter);
+    return static_cast<int>(line.rgb());
+}
+
 }  // namespace korvex

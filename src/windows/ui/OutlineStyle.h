@@ -6,7 +6,8 @@ namespace korvex {
 
 /// The desktop's style with outlines that can be seen on every palette. Fusion's are a darker shade of the window's
 /// colour: in a black window boxes, fields and sliders would have none. Other styles draw as ever. With all of them,
-/// disabled text that a palette leaves in the colour of its ground is made one that can be read.
+/// disabled text that a palette leaves in the colour of its ground is made one that can be read, and the lines of grids
+/// are mixed from ground and text: the toolkit's are a shade of the window's colour, which in a dark one is the cells'.
 class OutlineStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -19,6 +20,9 @@ public:
                      const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override;
 
 private:
     bool isFusion() const;
