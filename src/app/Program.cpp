@@ -31,8 +31,11 @@ Program::Program(Machine machine)
       backup(link, transfers, machine.clock, machine.checksum),
       restore(link, backup, transfers, machine.clock),
       radioCheck(link, machine.timeOfDay),
+      checkEntry({radioCheck, machine.clock, desk, [this] { return whyNoBackup(); }, [this] { return link.freeLine(); },
+                  [this] { return link.known().isChecked(); }}),
       backupEntry({backup, machine.clock, desk, machine.timeOfDay, [this] { return whyNoBackup(); },
-                   [this] { return link.freeLine(); }}),
+                   [this] { return link.freeLine(); },
+                   [this](std::function<void()> afterwards) { return checkEntry.propose(std::move(afterwards)); }}),
       restoreEntry({link, restore, machine.clock, desk, machine.checksum, machine.timeOfDay,
                     [this] { return whyNoBackup(); },
                     [this] {
@@ -51,6 +54,7 @@ Program::Program(Machine machine)
     introduceMenuManager();
     introduceBandStack();
     introduceKeyer();
+    introduceKnownRadio();
 }
 
 PortSettings Program::makePortSettings() {
@@ -130,6 +134,24 @@ void Program::introduceKeyer() {
     windows.keyer.available = true;
     m_connections += keyerWindow.hide.connect([this] { windows.keyer.hide(); });
     m_connections += keyerWindow.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::Keyer); });
+}
+
+void Program::introduceKnownRadio() {
+    link.remember(readKnownRadio(m_machine.settings));
+    const auto store = [this](const KnownRadio& radio) { writeKnownRadio(m_machine.settings, radio); };
+    m_connections += link.knownChanged.connect(store);
+    m_connections += radioCheck.ended.connect([this, store](const Outcome& outcome) {
+        if (!outcome.isDone()) return;
+        link.remember(radioCheck.learned());
+        store(radioCheck.learned());
+    });
+    eqWindow.whyNotThisRadio = [this](const std::string& device) -> std::string {
+        const KnownRadio radio = link.knownAt(device);
+        if (!radio.hasEarlyMenuNumbers && !radio.hasOtherEqualizer) return {};
+        return "The check of " + radio.checked +
+               " has found that this radio's menu 125 to 142 are not the equalizer as Korvex knows it. The port stays "
+               "closed: a slider would change something else.";
+    };
 }
 
 std::string Program::whyNoBackup() {

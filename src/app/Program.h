@@ -14,6 +14,7 @@
 #include "cat/CatLink.h"
 #include "cat/PortSettings.h"
 #include "convert/ListTables.h"
+#include "doctor/CheckEntry.h"
 #include "doctor/RadioCheck.h"
 #include "eq/EqWindow.h"
 #include "keyer/KeyerWindow.h"
@@ -87,6 +88,7 @@ public:
     Backup backup;
     Restore restore;
     RadioCheck radioCheck;
+    CheckEntry checkEntry;
     BackupEntry backupEntry;
     RestoreEntry restoreEntry;
     PortShare share;
@@ -115,6 +117,7 @@ private:
     void introduceMenuManager();
     void introduceBandStack();
     void introduceKeyer();
+    void introduceKnownRadio();
     std::string whyNoBackup();
     std::vector<FileOpener::Way> waysToOpen();
     void proposeToRestore(const std::string& file, const std::string& kind, const std::string& entry);

@@ -20,6 +20,12 @@ BackupEntry::BackupEntry(BackupEntryNeeds needs)
 
 void BackupEntry::mnu_BackupRadio_Click() {
     if (!m_entry.hasLine()) return;
+    if (m_needs.looksFirst && m_needs.looksFirst([this] { askAndStart(); })) return;
+    askAndStart();
+}
+
+void BackupEntry::askAndStart() {
+    if (!m_entry.hasLine()) return;  // it may have been closed meanwhile
     const auto folder = m_folders.askForFolder("Folder for the Backup of the Radio");
     if (!folder) return;
     m_folders.remember(*folder);

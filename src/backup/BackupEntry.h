@@ -4,7 +4,7 @@
 #include <string>
 
 #include "backup/Backup.h"
-#include "backup/WholeRadioEntry.h"
+#include "cat/RadioEntry.h"
 
 namespace korvex {
 
@@ -16,6 +16,8 @@ struct BackupEntryNeeds {
     std::function<std::string()> timeOfDay;
     std::function<std::string()> whyNotNow;  ///< why there is no line, for the owner; empty when there is one
     std::function<bool()> freeLine;          ///< another operation is stopped for it, or the person wants it to go on
+    /// A look at the radio comes first, and then what is handed in.
+    std::function<bool(std::function<void()> afterwards)> looksFirst = {};
 };
 
 /// "Backup whole Radio...": asks for a folder, lets the backup run and tells in a box what has become of it.
@@ -28,6 +30,7 @@ public:
     void tellNow() { m_entry.now(); }
 
 private:
+    void askAndStart();
     static std::string unfinishedIn(const std::string& folder);
     bool mayGoOn(const std::string& unfinished);
     std::string brokenOffText() const;
@@ -36,7 +39,7 @@ private:
 
     BackupEntryNeeds m_needs;
     OwnersFiles m_folders;
-    WholeRadioEntry m_entry;
+    RadioEntry m_entry;
     bool m_started = false;  // from here, and not yet ended
     Connections m_connections;
 };

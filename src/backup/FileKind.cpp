@@ -133,12 +133,12 @@ std::string menuLacks(std::string_view /*content*/, const DataItems& items) {
     return "it holds " + std::to_string(named.size()) + " of " + count(menuItemCount, "menu items");
 }
 
-DataItems takeCatItems(DataItems& items) {
-    std::stable_sort(items.begin(), items.end(), [](const DataItem& one, const DataItem& other) {
-        return catRank(one.command) < catRank(other.command);
+DataItems takeCatItems(DataItems& items, MenuNumbers numbers) {
+    std::stable_sort(items.begin(), items.end(), [numbers](const DataItem& one, const DataItem& other) {
+        return catRank(one.command, numbers) < catRank(other.command, numbers);
     });
-    const auto first =
-        std::find_if(items.begin(), items.end(), [](const DataItem& item) { return setsCatLine(item.command); });
+    const auto first = std::find_if(items.begin(), items.end(),
+                                    [numbers](const DataItem& item) { return setsCatLine(item.command, numbers); });
     DataItems cat(first, items.end());
     items.erase(first, items.end());
     return cat;

@@ -6,6 +6,7 @@
 
 #include "backup/DataItems.h"
 #include "base/RuntimeError.h"
+#include "menu/MenuFile.h"
 
 namespace korvex {
 
@@ -31,7 +32,9 @@ struct FileKind {
         return std::vector<std::string>();
     };
     /// Takes out what may cut the line, in the order in which it is written last of all.
-    DataItems (*takeLineItems)(DataItems& items) = [](DataItems&) { return DataItems(); };
+    DataItems (*takeLineItems)(DataItems& items, MenuNumbers numbers) = [](DataItems&, MenuNumbers) {
+        return DataItems();
+    };
     /// Place in a restore of the whole radio, from 1 on. 0: its items are those of another kind.
     int order = 0;
     /// Its items are read in a circle, beginning where the radio stands, and written a band at a time.

@@ -71,6 +71,7 @@ void Restore::onPresentRead(const Outcome& outcome) {
 }
 
 void Restore::plan() {
+    for (auto& one : m_parts) one.heed(m_link.known());
     for (auto& one : m_parts) one.plan(m_choices.writesAll, m_choices.withLineItems);
     m_stage = Stage::Planned;
     if (const std::string why = whyNotThisRadio(); !why.empty() && !m_choices.force) {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "backup/RestoreFiles.h"
-#include "backup/WholeRadioEntry.h"
+#include "cat/RadioEntry.h"
 
 namespace korvex {
 
@@ -37,7 +37,7 @@ private:
 
     RestoreEntryNeeds m_needs;
     OwnersFiles m_folders;
-    WholeRadioEntry m_entry;
+    RadioEntry m_entry;
     bool m_started = false;  // from here, and not yet ended
     Pace m_paceBefore{};
     std::string m_earlier;  // restores that have not come to their end, for the person

@@ -80,7 +80,21 @@ std::string listed(const std::set<std::string>& names) {
 RestorePart::RestorePart(const FileKind& fileKind, DataItems items) : kind(&fileKind), wanted(std::move(items)) {
     if (!kind->isCircle) std::erase_if(wanted, wasRefused);
     std::erase_if(wanted, saysNothing);
-    lineItems = kind->takeLineItems(wanted);
+    lineItems = kind->takeLineItems(wanted, MenuNumbers::Later);
+}
+
+void RestorePart::heed(const KnownRadio& radio) {
+    m_radio = radio;
+    if (!radio.hasEarlyMenuNumbers) return;
+    wanted.insert(wanted.end(), lineItems.begin(), lineItems.end());
+    lineItems = kind->takeLineItems(wanted, MenuNumbers::Early);
+}
+
+/// The check has found so, and what the radio tells now does not say otherwise.
+bool RestorePart::isKnownToBeRefused(const DataItem& item) const {
+    if (!kind->hasFixedWidths || !m_radio.refuses(item.name)) return false;
+    const DataItem* has = present ? find(*present, item.name) : nullptr;
+    return has == nullptr || wasRefused(*has);
 }
 
 /// The present items as they are to be compared with those.
@@ -107,7 +121,8 @@ void RestorePart::plan(bool all, bool withLineItems) {
     toWrite = asks ? differing(wanted) : wanted;
     lineItemsToWrite = {};
     if (withLineItems) lineItemsToWrite = asks ? differing(lineItems) : lineItems;
-    if (!kind->isCircle) std::erase_if(toWrite, [](const DataItem& item) { return !changesTheRadio(item); });
+    if (kind->isCircle) return;
+    std::erase_if(toWrite, [this](const DataItem& item) { return !changesTheRadio(item) || isKnownToBeRefused(item); });
 }
 
 std::string RestorePart::planLine() const {
@@ -155,6 +170,9 @@ RestoredItem RestorePart::told(const DataItem& item, const DataItem* found) cons
     const bool wasRefusedNow = std::find(refused.begin(), refused.end(), item.name) != refused.end();
     if (told.isAsTheFileSays) {
         told.became = sent ? Became::Written : Became::Unchanged;
+    } else if (!sent && isKnownToBeRefused(item)) {
+        told.became = Became::LeftAlone;
+        told.why = "the radio refuses to tell it, and did so in the check of " + m_radio.checked;
     } else if (sent || changesTheRadio(item)) {  // the latter was alike when the restore began
         told.became = wasRefusedNow ? Became::Refused : Became::Different;
     } else {

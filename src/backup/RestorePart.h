@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "backup/FileKind.h"
+#include "cat/KnownRadio.h"
 #include "cat/Outcome.h"
 
 namespace korvex {
@@ -36,6 +37,8 @@ public:
     std::vector<std::string> refused{};  ///< names of items, by the writing
     bool isConfirmed = false;            ///< the writing has seen everything in the radio
 
+    /// What a check of the radio has shown: where its CAT settings are, and what it refuses. Before the plan.
+    void heed(const KnownRadio& radio);
     /// Chooses what is to be written: what differs from the radio, else all.
     void plan(bool all, bool withLineItems);
     /// "3 of 146 items differ: 020, 042, 126".
@@ -52,8 +55,11 @@ public:
 private:
     DataItems presentLike(const DataItems& items) const;
     DataItems differing(const DataItems& items) const;
+    bool isKnownToBeRefused(const DataItem& item) const;
     RestoredItem told(const DataItem& item, const DataItem* found) const;
     RestoredItem toldOfLine(const DataItem& item, const DataItem* found) const;
+
+    KnownRadio m_radio;
 };
 
 }  // namespace korvex

@@ -65,8 +65,24 @@ void CatLink::showPortState() {
     }
 }
 
+void CatLink::remember(KnownRadio radio) {
+    m_known = std::move(radio);
+    m_knownHere = knownAt(m_port.deviceText());
+}
+
+void CatLink::noteTold(const std::string& item) {
+    if (std::erase(m_knownHere.refusedItems, item) == 0) return;
+    m_known = m_knownHere;
+    knownChanged.emit(m_known);
+}
+
+KnownRadio CatLink::knownAt(const std::string& device) const {
+    return !device.empty() && device == m_known.device ? m_known : KnownRadio();
+}
+
 void CatLink::showOpened() {
     clearTraffic();
+    m_knownHere = knownAt(m_port.deviceText());
     m_panels.Settings = "Settings: Port " + std::to_string(m_port.CommPort()) + ", " + m_port.Settings() + " ";
     if (m_indicators.memoryEditorVisible) m_indicators.memoryEditor = " RS232 open ";
     m_connectClock.start();

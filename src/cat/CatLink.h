@@ -10,6 +10,7 @@
 #include "cat/CommTest.h"
 #include "cat/ConnectClock.h"
 #include "cat/EchoGuard.h"
+#include "cat/KnownRadio.h"
 #include "cat/Operation.h"
 #include "cat/Pace.h"
 #include "cat/PortIndicators.h"
@@ -76,6 +77,17 @@ public:
     /// Where what comes is cut.
     AnswerRouter& answers() { return m_router; }
 
+    // --- what is known of the radio
+    /// What a check has shown; it counts wherever the port that it was made at is open.
+    void remember(KnownRadio radio);
+    /// Of the radio at a port, which `MSComm::deviceText` names; without a check there, nothing.
+    KnownRadio knownAt(const std::string& device) const;
+    /// Of the radio at the port that is open.
+    const KnownRadio& known() const { return m_knownHere; }
+    /// The radio has told this menu item: whether or not it was known to refuse it, it does not any more.
+    void noteTold(const std::string& item);
+    Signal<const KnownRadio&> knownChanged;
+
     // --- what windows show
     TrafficDisplay& received() { return m_received; }  ///< `Term2`
     TrafficDisplay& sent() { return m_sent; }          ///< `term3`
@@ -125,6 +137,8 @@ private:
     CommTest m_commTest;
     EchoGuard m_echo;
     ConnectClock m_connectClock;
+    KnownRadio m_known;
+    KnownRadio m_knownHere;
     std::unique_ptr<Timer> m_timer2;
     std::string standing() const;
 

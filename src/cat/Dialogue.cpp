@@ -16,8 +16,8 @@ constexpr int blindMs = 100;  // between commands that nothing is asked about
 
 }  // namespace
 
-Dialogue::Dialogue(Operation& operation, Conversation conversation, double characterMs)
-    : m_operation(operation), m_conversation(std::move(conversation)), m_tempo(characterMs) {}
+Dialogue::Dialogue(Operation& operation, Conversation conversation, Tempo tempo)
+    : m_operation(operation), m_conversation(std::move(conversation)), m_tempo(tempo) {}
 
 void Dialogue::begin() {
     m_operation.onAnswer([self = shared_from_this()](std::string_view answer) {
@@ -54,7 +54,7 @@ void Dialogue::start() {
     m_state = State::Asking;
     m_operation.send(m_exchange.command);
     if (m_exchange.query.empty()) return later(blindMs, &Dialogue::onPatience);
-    later(m_tempo.spacing(), &Dialogue::askAlone);
+    later(m_tempo.lineMs(m_exchange.command.size()) + m_tempo.spacing(), &Dialogue::askAlone);
 }
 
 void Dialogue::ask(const std::string& command) {

@@ -26,8 +26,7 @@ class Operation;
 /// what sets goes on every 100 ms then, not confirmed.
 class Dialogue : public std::enable_shared_from_this<Dialogue> {
 public:
-    /// `characterMs` is what one character takes on the line.
-    Dialogue(Operation& operation, Conversation conversation, double characterMs);
+    Dialogue(Operation& operation, Conversation conversation, Tempo tempo);
 
     /// The operation's answers and its time keep the dialogue alive.
     void begin();

@@ -81,7 +81,9 @@ void Operation::converse(Conversation conversation) {
     m_onStrange = nullptr;
     if (m_link.recollection) conversation = recollecting(std::move(conversation), *m_link.recollection);
     const double characterMs = m_link.port().lineSettings().characterTime();
-    std::make_shared<Dialogue>(*this, std::move(conversation), characterMs)->begin();
+    const KnownRadio& radio = m_link.known();
+    const Tempo tempo(characterMs, radio.longestDelayMs, radio.obeysOneAtATime);
+    std::make_shared<Dialogue>(*this, std::move(conversation), tempo)->begin();
 }
 
 void Operation::noteRefusal() {

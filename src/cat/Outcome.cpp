@@ -21,7 +21,8 @@ std::string namesOf(const std::vector<std::string>& items, const char* what) {
 
 std::string exceptions(const Outcome& outcome) {
     return namesOf(outcome.refused, "refused") + namesOf(outcome.different, "different") +
-           namesOf(outcome.unconfirmed, "not confirmed");
+           namesOf(outcome.unconfirmed, "not confirmed") +
+           namesOf(outcome.leftOut, "left out because the radio refuses to tell them");
 }
 
 std::string whole(const Outcome& outcome, const ItemWords& words) {

@@ -32,13 +32,16 @@ struct Outcome {
     std::string reason;                    ///< UTF-8, for a person; empty where the kind says it all
     std::vector<std::string> different;    ///< items that were written, and the radio shows another value
     std::vector<std::string> unconfirmed;  ///< items that were sent, and the radio does not tell of them
+    std::vector<std::string> leftOut;      ///< items that were not sent: this radio is known to refuse them
 
     /// The item where it was broken off, from 1.
     int brokenOffAt() const { return at > 0 ? at : std::min(done + 1, of); }
     bool isDone() const { return kind == Kind::Done; }
     /// All has gone out, be it that the radio did not tell of every item.
     bool wentThrough() const { return isDone() || (kind == Kind::NoAnswer && !unconfirmed.empty()); }
-    bool isFlawless() const { return isDone() && refused.empty() && different.empty() && unconfirmed.empty(); }
+    bool isFlawless() const {
+        return isDone() && refused.empty() && different.empty() && unconfirmed.empty() && leftOut.empty();
+    }
 };
 
 /// What an operation counts, and which way it goes: for the words about it.

@@ -9,7 +9,9 @@ namespace korvex {
 /// carry and from what this radio has shown.
 class Tempo {
 public:
-    explicit Tempo(double characterMs) : m_characterMs(characterMs) {}
+    /// `longestDelayMs` is what is known of the radio from before; one that obeys one of two commands at once always
+    /// gets room between them.
+    explicit Tempo(double characterMs, int longestDelayMs = 0, bool obeysOneAtATime = false);
 
     /// What the line takes for so many characters.
     int lineMs(std::size_t characters) const;
@@ -26,6 +28,8 @@ public:
 private:
     double m_characterMs;
     std::int64_t m_longestDelay = 0;
+    std::int64_t m_longestPatience;
+    int m_narrowestSpacing = 0;
     int m_spacing = 0;
     int m_inARow = 0;  // answered at the first asking
 };

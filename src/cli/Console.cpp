@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Printable.h"
+#include "platform/Settings.h"
 
 namespace korvex::cli {
 
@@ -24,7 +25,9 @@ std::string BorrowedSettings::get(std::string_view application, std::string_view
     return changed == m_changed.end() ? m_lender.get(application, section, key, fallback) : changed->second;
 }
 
-void BorrowedSettings::save(std::string_view, std::string_view section, std::string_view key, std::string_view value) {
+void BorrowedSettings::save(std::string_view application, std::string_view section, std::string_view key,
+                            std::string_view value) {
+    if (m_keeper != nullptr && section == knownRadioSection) m_keeper->save(application, section, key, value);
     m_changed[std::string(section) + '/' + std::string(key)] = value;
 }
 

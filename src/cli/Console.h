@@ -42,10 +42,12 @@ private:
 };
 
 /// The program's settings as they are; what is changed lasts for this run. The folders of a backup are no places that
-/// the windows should remember.
+/// the windows should remember. What a check has shown of the radio goes to the keeper, if there is one: the windows
+/// heed it, too.
 class BorrowedSettings : public SettingsStore {
 public:
-    explicit BorrowedSettings(const SettingsStore& lender) : m_lender(lender) {}
+    explicit BorrowedSettings(const SettingsStore& lender, SettingsStore* keeper = nullptr)
+        : m_lender(lender), m_keeper(keeper) {}
     std::string get(std::string_view application, std::string_view section, std::string_view key,
                     std::string_view fallback) const override;
     void save(std::string_view application, std::string_view section, std::string_view key,
@@ -53,6 +55,7 @@ public:
 
 private:
     const SettingsStore& m_lender;
+    SettingsStore* m_keeper;
     std::map<std::string, std::string> m_changed;
 };
 

@@ -70,7 +70,7 @@ int runSession(QCoreApplication& application, const Command& command, QtClock& c
     NoShell shell;
     QtDatabase database;
     QtDoors doors;
-    BorrowedSettings borrowed(settings);
+    BorrowedSettings borrowed(settings, command.demo ? nullptr : &settings);
     Program program(
         {clock, ports, borrowed, noFileDialog, msgBox, shell, database, ".", localTimeOfDay, {}, sha256, &doors});
     std::optional<ProgressLine> progressLine;

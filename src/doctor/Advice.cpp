@@ -70,9 +70,9 @@ void addLine(const RadioReport& report, Lines& lines) {
 void addCatSettings(const RadioReport& report, Lines& lines) {
     if (report.isRefuted("menu-numbers")) {
         lines.emplace_back(
-            "The menu numbers seem to be one lower than in later firmware: 027 to 029 are the CAT settings. Restore "
-            "only menu files that were saved from this very radio at the same speed, and do not use the equalizer "
-            "window with it.");
+            "The menu numbers seem to be one lower than in later firmware: 027 to 029 are the CAT settings. Korvex "
+            "heeds that from now on: it writes no menu file with later numbers into this radio, and opens no equalizer "
+            "window for it. The titles in the Menu Manager are those of later firmware.");
         return;
     }
     if (report.isRefuted("cat-time-out")) {
@@ -104,8 +104,8 @@ void addTraffic(const RadioReport& report, Lines& lines) {
     }
     if (report.isRefuted("two-at-once")) {
         lines.emplace_back(
-            "Of two commands sent in one go the radio obeys one: leave \"Fast verified Transfers\" off, "
-            "and use korvexctl with --pace 100.");
+            "Of two commands sent in one go the radio obeys one. \"Fast verified Transfers\" leave room between them "
+            "from now on, and are not as fast as elsewhere.");
     }
 }
 
@@ -113,17 +113,20 @@ void addContents(const RadioReport& report, Lines& lines) {
     const auto refused = refusedItems(report);
     if (!refused.empty()) {
         lines.push_back("The radio refuses menu " + itemList(refused) +
-                        ": no backup holds them, and what a file says of "
-                        "them a restore reports as refused.");
+                        ": no backup holds them, and a restore leaves them out from now on, and names them.");
     }
     if (report.isRefuted("equalizer-form")) {
-        lines.emplace_back("The equalizer's items have another form: do not use the equalizer window with this radio.");
+        if (!report.isRefuted("menu-numbers")) {
+            lines.emplace_back(
+                "The equalizer's items have another form: from now on no equalizer window opens for this radio.");
+        }
     }
     if (report.isRefuted("keyer-readable")) {
         lines.emplace_back("Keyer texts cannot be read from this radio: keep the files that you write them from.");
     }
     if (report.isRefuted("keyer-end")) {
-        lines.emplace_back("Keyer texts come with \"}\" behind them; it is no part of the text.");
+        lines.emplace_back(
+            "Keyer texts come with \"}\" behind them. It is no part of the text, and is taken off from now on.");
     }
     if (report.isRefuted("antenna-form")) {
         lines.emplace_back(

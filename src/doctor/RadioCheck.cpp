@@ -2,9 +2,11 @@
 
 #include <utility>
 
+#include "base/NumberText.h"
 #include "base/Version.h"
 #include "doctor/Advice.h"
 #include "doctor/Beliefs.h"
+#include "menu/MenuCommandTable.h"
 
 namespace korvex {
 
@@ -23,6 +25,7 @@ RadioCheck::RadioCheck(CatLink& link, std::function<std::string()> timeOfDay)
 }
 
 void RadioCheck::begin(bool withSettings) {
+    m_begunAt = m_timeOfDay();
     m_examination.begin(describedMachine(), withSettings);
 }
 
@@ -35,7 +38,7 @@ RadioReport RadioCheck::describedMachine() const {
     constexpr int rtsHandshaking = 2;
     const bool driven = port.Handshaking() >= rtsHandshaking;
     RadioReport machine;
-    machine.made = m_timeOfDay() + " with Korvex " + versionWithCommit();
+    machine.made = m_begunAt + " with Korvex " + versionWithCommit();
     const std::string device = text.substr(0, colon);
     machine.device = device.substr(device.rfind('/') + 1);
     machine.adapter = adapter.substr(0, adapter.find(", serial number"));
@@ -50,6 +53,22 @@ void RadioCheck::onEnded(const Outcome& outcome) {
     m_report = m_examination.report();
     conclude();
     ended.emit(outcome);
+}
+
+KnownRadio RadioCheck::learned() const {
+    if (!m_how.isDone()) return {};
+    KnownRadio radio{.checked = m_begunAt,
+                     .device = m_link.port().deviceText(),
+                     .longestDelayMs = m_report.longestMs(),
+                     .refusedItems = {},
+                     .hasEarlyMenuNumbers = m_report.isRefuted("menu-numbers"),
+                     .hasOtherEqualizer = m_report.isRefuted("equalizer-form"),
+                     .obeysOneAtATime = m_report.isRefuted("two-at-once"),
+                     .closesKeyerTexts = m_report.isRefuted("keyer-end")};
+    for (int item = 1; item <= menuItemCount; ++item) {
+        if (m_report.wasRefused(menuReadCommand(item))) radio.refusedItems.push_back(zeroPadded(item, 3));
+    }
+    return radio;
 }
 
 void RadioCheck::noteWalk(int registersRead, const std::string& notHome) {

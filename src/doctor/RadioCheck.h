@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "cat/KnownRadio.h"
 #include "doctor/Examination.h"
 #include "report/RadioReport.h"
 
@@ -23,6 +24,8 @@ public:
 
     const RadioReport& report() const { return m_report; }
     const Outcome& how() const { return m_how; }
+    /// What Korvex heeds of it from now on. Nothing of a check that did not come to its end.
+    KnownRadio learned() const;
 
     Signal<const Outcome&> ended;
 
@@ -36,6 +39,7 @@ private:
     Examination m_examination;
     RadioReport m_report;
     Outcome m_how;
+    std::string m_begunAt;
     Connection m_examined;
 };
 

@@ -44,6 +44,7 @@ void EqExchange::applyValue(std::size_t item, int newValue) {
     display[item] = eq::displayText(kind, newValue);
     composeCommands();
     if (!m_port.PortOpen() || m_radioHas[item] == m_command[item]) return;
+    if (isElsewhere()) return notSent.emit();
     m_radioHas[item] = m_command[item];
     m_port.Output(m_command[item] + itemMenu(item) + ";");
 }
@@ -57,6 +58,7 @@ std::optional<EqValues> EqExchange::shownValues() const {
 
 void EqExchange::setValue(bool setOn, std::size_t item, int newValue) {
     if (setOn == processorOn) return applyValue(item, newValue);
+    if (isElsewhere()) return notSent.emit();
     m_port.Output(eq::commandAndQuery(item, newValue, setOn));
 }
 
@@ -87,6 +89,7 @@ void EqExchange::startReading() {
     settled = false;
     m_other.stop();
     m_radioHas = {};
+    m_strange = {};
     for (auto& item : known) item = false;
     m_finishTimer->setEnabled(false);  // it belongs to a reading that this one replaces
     m_readTimer->setEnabled(true);
@@ -157,14 +160,33 @@ void EqExchange::takePiece(std::string_view piece) {
 
 void EqExchange::takeAnswer(std::string_view answer) {
     const auto read = eq::readAnswer(answer, processorOn);
-    if (!read) return;
+    if (!read) return noteStrange(answer);
     known[read->item] = true;
+    m_strange.at(read->item) = false;
     if (read->value != value[read->item]) {
+        const auto command = eq::commandFor(read->item, read->value, processorOn);
+        // The radio may have it in another form: nobody asked for that to be changed.
+        if (command != answer) m_radioHas[read->item] = command;
         applyValue(read->item, read->value);
     } else {
         m_radioHas[read->item] = m_command[read->item];
     }
     goOn(read->item);
+}
+
+void EqExchange::noteStrange(std::string_view answer) {
+    for (std::size_t item = 0; item < eqItemCount; ++item) {
+        if (answer.starts_with(itemMenu(item))) m_strange.at(item) = true;
+    }
+}
+
+/// One item lower, where early firmware has it, the centres have the gains' signs. A single one may be noise.
+bool EqExchange::isElsewhere() const {
+    int strangeCentres = 0;
+    for (std::size_t item = 0; item < eqItemCount; ++item) {
+        if (eqItems[item].kind == EqItem::Kind::Centre && m_strange.at(item)) ++strangeCentres;
+    }
+    return strangeCentres > 1;
 }
 
 /// What comes before the first item is asked for, 200 ms later at the earliest, is for the processor's command.

@@ -37,6 +37,11 @@ public:
     std::array<Property<bool>, eqItemCount> known;
     Property<bool> processorOn{false};  ///< which of the two sets is shown
     Property<bool> settled{false};      ///< a reading has brought all nine, and no other has begun
+    /// What the radio has told of the centres since the last reading began is none: its menu has something else there,
+    /// and nothing is sent.
+    bool isElsewhere() const;
+    /// A value was to be sent, and is not for that reason.
+    Signal<> notSent;
     /// The nine values, once the radio has told all of them.
     std::optional<EqValues> shownValues() const;
     EqOtherSet& other() { return m_other; }
@@ -91,6 +96,7 @@ private:
     void take(char c);
     void takePiece(std::string_view piece);
     void takeAnswer(std::string_view answer);
+    void noteStrange(std::string_view answer);
     void takeRefusal();
 
     MSComm& m_port;
@@ -102,6 +108,7 @@ private:
     std::string m_highCode;  // empty until the high centre is first applied
     Phase m_phase = Phase::Reading;
     std::size_t m_readIndex = 0;
+    std::array<bool, eqItemCount> m_strange{};        // what was told of the item is none of its values
     std::array<std::string, eqItemCount> m_radioHas;  // the set command that would change nothing; empty: not known
     bool m_switching = false;                         // the processor's command may still be refused
     bool m_asksProcessor = false;

@@ -69,9 +69,12 @@ std::string menuItem(std::size_t item, bool processorOn) {
     return "EX" + std::to_string(firstEqMenu + offset + static_cast<int>(item));
 }
 
+std::string commandFor(std::size_t item, int value, bool processorOn) {
+    return menuItem(item, processorOn) + parameter(eqItems.at(item), value) + ";";
+}
+
 std::string commandAndQuery(std::size_t item, int value, bool processorOn) {
-    const std::string menu = menuItem(item, processorOn);
-    return menu + parameter(eqItems[item], value) + ";" + menu + ";";
+    return commandFor(item, value, processorOn) + menuItem(item, processorOn) + ";";
 }
 
 std::optional<ItemValue> readAnswer(std::string_view answer, bool processorOn) {

@@ -59,6 +59,8 @@ std::optional<int> valueFromAnswer(const EqItem& item, std::string_view answer);
 
 /// "EX125": the item in the processor's set.
 std::string menuItem(std::size_t item, bool processorOn);
+/// "EX12503;": sets it.
+std::string commandFor(std::size_t item, int value, bool processorOn);
 /// "EX12503;EX125;": sets it and asks for it.
 std::string commandAndQuery(std::size_t item, int value, bool processorOn);
 

@@ -34,6 +34,8 @@ EqWindow::EqWindow(SerialPorts& ports, Clock& clock, const OwnersDesk& desk)
         m_presetWaiting.reset();  // what the owner wanted it for has not come about
         errorPanel = "The radio did not switch the processor";
     });
+    m_connections += m_exchange.notSent.connect(
+        [this] { errorPanel = "Nothing is sent: this radio's menu has no equalizer at 125 to 142"; });
     m_connections += m_port.lost.connect([this](const RuntimeError& error) { onLost(error); });
     m_connections += m_exchange.settled.changed.connect([this](bool) { showWhatCanBeDone(); });
     m_connections += m_exchange.other().ended.connect([this] { onOtherEnded(); });
@@ -44,8 +46,14 @@ void EqWindow::Form_Load(const SettingsStore& settings) {
     if (auto failure = applyStoredPort(settings, m_port)) m_msgBox.exclamation(failure->text);
 }
 
+bool EqWindow::mayOpen() {
+    const std::string why = whyNotThisRadio(m_port.deviceText());
+    if (!why.empty()) m_msgBox.exclamation(why);
+    return why.empty() && mayTakePort();
+}
+
 void EqWindow::toggleEqPort() {
-    if (!m_port.PortOpen() && !mayTakePort()) return;
+    if (!m_port.PortOpen() && !mayOpen()) return;
     const auto failure = m_port.PortOpen() ? m_port.setPortOpen(false) : m_exchange.openPort();
     if (failure) m_msgBox.exclamation(failure->text);
     showPortState();
@@ -179,7 +187,7 @@ void EqWindow::onLost(const RuntimeError& error) {
 
 void EqWindow::Command1_Click(int index) {
     errorPanel = "";
-    if (!mayTakePort()) return;
+    if (!mayOpen()) return;
     m_writer.stop();
     m_written.reset();
     if (auto failure = m_exchange.switchProcessor(index == 0)) {

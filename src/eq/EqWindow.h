@@ -26,6 +26,11 @@ public:
     /// Whether another port on the same device may be closed for this one: asked before this one opens.
     std::function<bool()> mayTakePort = [] { return true; };
 
+    /// Why the radio at a port (`MSComm::deviceText`) must not be asked for an equalizer, UTF-8; empty when it may.
+    std::function<std::string(const std::string& device)> whyNotThisRadio = [](const std::string&) {
+        return std::string();
+    };
+
     /// Sets the port up from the stored settings; it stays closed.
     void Form_Load(const SettingsStore& settings);
 
@@ -66,6 +71,7 @@ public:
     Signal<> buttonBackToNormal;  ///< the start window's equalizer button
 
 private:
+    bool mayOpen();
     void showPortState();
     void showClosed();
     void onReadingEnded();

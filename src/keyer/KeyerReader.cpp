@@ -111,7 +111,8 @@ Rest KeyerReader::takeStrange(std::string_view piece) {
 void KeyerReader::store(int memory, std::string_view answer, Told what) {
     if (what != Told::Memory && toldOf(memory) == Told::Memory) return;  // unasked, behind the answer
     const bool hasText = answer.size() > headLength;
-    const auto text = hasText ? answer.substr(headLength, answer.size() - headLength - 1) : std::string_view();
+    auto text = hasText ? answer.substr(headLength, answer.size() - headLength - 1) : std::string_view();
+    if (m_link.known().closesKeyerTexts && text.ends_with('}')) text.remove_suffix(1);
     keyerText(m_texts, memory) = WireText(text);
     toldOf(memory) = what;
     m_link.progress().value = m_link.progress().value + 1;

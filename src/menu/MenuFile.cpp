@@ -76,28 +76,63 @@ int itemsRefused(const std::vector<std::string>& lines) {
     return static_cast<int>(std::count(lines.begin(), lines.end(), refusal));
 }
 
-int catRank(std::string_view command) {
-    if (command.size() <= headLength + 1) return 0;
-    if (command.starts_with("EX028")) return 2;
-    return command.starts_with("EX029") || command.starts_with("EX030") ? 1 : 0;
+namespace {
+
+/// How many of the equalizer's levels have a sign, if the first of them is this item.
+int levelsFrom(const std::vector<std::string>& lines, int firstItem) {
+    constexpr int levels = 6;
+    constexpr int distance = 3;
+    int found = 0;
+    for (const auto& line : lines) {
+        if (!isItem(line) || (line[headLength] != '+' && line[headLength] != '-')) continue;
+        const int behind = parseWhole(line.substr(2, 3)).value_or(0) - firstItem;
+        if (behind >= 0 && behind < levels * distance && behind % distance == 0) ++found;
+    }
+    return found;
 }
 
-bool setsCatLine(std::string_view command) {
-    return catRank(command) > 0;
+}  // namespace
+
+MenuNumbers menuNumbersOf(const KnownRadio& radio) {
+    return radio.hasEarlyMenuNumbers ? MenuNumbers::Early : MenuNumbers::Later;
 }
 
-MenuLines apartFromCatLines(const std::vector<std::string>& lines) {
+std::optional<MenuNumbers> numbersIn(const std::vector<std::string>& lines) {
+    constexpr int firstLevel = 126;
+    constexpr int enough = 3;  // of six: a file may be of a part of the menu
+    const int later = levelsFrom(lines, firstLevel);
+    const int early = levelsFrom(lines, firstLevel - 1);
+    if (later >= enough && early == 0) return MenuNumbers::Later;
+    if (early >= enough && later == 0) return MenuNumbers::Early;
+    return {};
+}
+
+int catRank(std::string_view command, MenuNumbers numbers) {
+    constexpr int rate = 28;
+    constexpr int rts = 30;
+    if (command.size() <= headLength + 1 || !command.starts_with("EX")) return 0;
+    const int item = parseWhole(command.substr(2, 3)).value_or(0) + (numbers == MenuNumbers::Early ? 1 : 0);
+    if (item == rate) return 2;
+    return item > rate && item <= rts ? 1 : 0;
+}
+
+bool setsCatLine(std::string_view command, MenuNumbers numbers) {
+    return catRank(command, numbers) > 0;
+}
+
+MenuLines apartFromCatLines(const std::vector<std::string>& lines, MenuNumbers numbers) {
     MenuLines apart;
     for (std::size_t i = 0; i < std::min(lines.size(), std::size_t{menuItemCount}); ++i) {
         const std::string& line = lines[i];
-        if (setsCatLine(line)) {
+        if (setsCatLine(line, numbers)) {
             apart.cat.push_back(line);
         } else {
             apart.items.push_back(line == refusal ? std::string() : line);
         }
     }
-    std::stable_sort(apart.cat.begin(), apart.cat.end(),
-                     [](const std::string& one, const std::string& other) { return catRank(one) < catRank(other); });
+    std::stable_sort(apart.cat.begin(), apart.cat.end(), [numbers](const std::string& one, const std::string& other) {
+        return catRank(one, numbers) < catRank(other, numbers);
+    });
     return apart;
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/RuntimeError.h"
+#include "cat/KnownRadio.h"
 #include "menu/MenuCommandTable.h"
 
 namespace korvex {
@@ -23,18 +25,27 @@ int itemsTold(const std::vector<std::string>& lines);
 /// How many say "?;": items that the radio of the file would not tell. They make no file incomplete.
 int itemsRefused(const std::vector<std::string>& lines);
 
+/// Which numbers the menu's items have: in early firmware those from 028 on are one lower.
+enum class MenuNumbers { Later, Early };
+
+MenuNumbers menuNumbersOf(const KnownRadio& radio);
+
+/// What the lines of a menu file show of that, by the equalizer's six levels, which alone stand in a row of every third
+/// item with a sign. Nothing where they do not tell.
+std::optional<MenuNumbers> numbersIn(const std::vector<std::string>& lines);
+
 /// The radio's own CAT settings, menu items 028 to 030: speed, time-out, RTS. Whoever changes them may cut the line.
-bool setsCatLine(std::string_view command);
+bool setsCatLine(std::string_view command, MenuNumbers numbers = MenuNumbers::Later);
 /// The order in which commands are sent: 0 leaves those alone, 1 and then 2, the speed, come last of all, because the
 /// radio hears nothing more behind that.
-int catRank(std::string_view command);
+int catRank(std::string_view command, MenuNumbers numbers = MenuNumbers::Later);
 
 /// Menu lines as they are sent: all that leave the radio's CAT settings alone, in the order of the file.
 struct MenuLines {
     std::vector<std::string> items;  ///< one for each row up to 149; empty where there is nothing to set
     std::vector<std::string> cat;    ///< what sets the CAT settings; the speed last, behind it the radio hears nothing
 };
-MenuLines apartFromCatLines(const std::vector<std::string>& lines);
+MenuLines apartFromCatLines(const std::vector<std::string>& lines, MenuNumbers numbers = MenuNumbers::Later);
 
 /// Each answer that names its item, in the place of that item: what is certain of a reading that did not come to its
 /// end. Refusals, which name none, are not among them.

@@ -271,8 +271,9 @@ void MenuManager::mnuRestore_Click() {
     // A value that cannot be sent stops it all before anything has been sent.
     if (!lines) return m_needs.desk.msgBox.exclamation(lines.error().text + "; nothing was sent.", restoreTitle);
     if (m_link.PortOpen() && !mayWriteHidden()) return;
+    if (m_link.PortOpen() && !mayWriteNumbers(m_needs.desk.msgBox, *lines, m_link.known(), restoreTitle)) return;
     m_link.panels().Error = "";
-    MenuLines apart = apartFromCatLines(*lines);
+    MenuLines apart = apartFromCatLines(*lines, menuNumbersOf(m_link.known()));
     if (m_link.PortOpen() && mayWriteCatSettings(m_needs.desk.msgBox, apart.cat, restoreTitle)) {
         apart.items.insert(apart.items.end(), apart.cat.begin(), apart.cat.end());
     }

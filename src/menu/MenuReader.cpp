@@ -65,6 +65,7 @@ void MenuReader::keep(int item, std::string_view answer) {
     m_answers.setAnswer(item, std::string(answer));
     constexpr std::size_t head = 5;  // EX042
     if (!answer.starts_with("EX")) return;
+    m_link.noteTold(std::string(answer.substr(2, 3)));
     told.emit(std::string(answer.substr(2, 3)), std::string(answer.substr(head, answer.size() - head - 1)));
 }
 

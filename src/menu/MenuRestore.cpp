@@ -30,6 +30,25 @@ bool mayWriteCatSettings(MsgBox& msgBox, const std::vector<std::string>& cat, co
                           title);
 }
 
+bool mayWriteNumbers(MsgBox& msgBox, const std::vector<std::string>& lines, const KnownRadio& radio,
+                     const std::string& title) {
+    const auto numbers = numbersIn(lines);
+    if (!numbers || *numbers == menuNumbersOf(radio)) return true;
+    if (*numbers == MenuNumbers::Later) {
+        msgBox.exclamation(
+            "This radio has the menu numbers of early firmware, by the check of " + radio.checked +
+                ".\nThese settings have later numbers, most of which are one higher: they would set other items than "
+                "they are meant for. Nothing was sent.",
+            title);
+        return false;
+    }
+    return msgBox.confirm(
+        "These settings have the menu numbers of early firmware, most of which are one lower than in later "
+        "radios.\nIn a later radio they would set other items than they are meant for.\n\nWrite them all the same? "
+        "\"Check Radio...\" finds out which numbers this one has.",
+        title);
+}
+
 MenuRestore::MenuRestore(CatLink& link, OwnersFiles& files, MenuWriter& writer)
     : m_link(link), m_files(files), m_writer(writer) {
     m_written = writer.ended.connect([this](const Outcome& outcome) {
@@ -47,7 +66,10 @@ void MenuRestore::mnu_Restore_Click() {
         m_link.panels().Error = "Nothing was sent: the port is closed";
         return end(Outcome::Kind::PortClosed);
     }
-    MenuLines apart = apartFromCatLines(chosen.lines);
+    if (!mayWriteNumbers(m_files.msgBox(), chosen.lines, m_link.known(), boxTitle)) {
+        return end(Outcome::Kind::Cancelled);
+    }
+    MenuLines apart = apartFromCatLines(chosen.lines, menuNumbersOf(m_link.known()));
     const bool withCat = mayWriteCatSettings(m_files.msgBox(), apart.cat, boxTitle);
     // The rows of a short file that are not there are line ends, which the radio passes over.
     apart.items.resize(std::max(apart.items.size(), menuItemCount - apart.cat.size()));

@@ -11,6 +11,11 @@ namespace korvex {
 /// Whether the radio's own CAT settings, which `cat` would change, are to be written, too. `title` is of the box.
 bool mayWriteCatSettings(MsgBox& msgBox, const std::vector<std::string>& cat, const std::string& title);
 
+/// Settings from firmware with other menu numbers would set other items than they are meant for: refused where the
+/// radio is known to have early ones, asked about where the settings have.
+bool mayWriteNumbers(MsgBox& msgBox, const std::vector<std::string>& lines, const KnownRadio& radio,
+                     const std::string& title);
+
 /// "&Restore Menu to FT2000": from the file dialog to the end of the writing. Everything that there is to ask is asked
 /// before the first line goes out, and what is no menu file is refused whole. The radio's own CAT settings come last,
 /// if the person wants them at all: a speed that is not the port's would cut off whatever follows.

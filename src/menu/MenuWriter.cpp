@@ -6,6 +6,7 @@
 #include "base/CodePage.h"
 #include "base/Lines.h"
 #include "menu/MenuCommandTable.h"
+#include "menu/MenuFile.h"
 
 namespace korvex {
 
@@ -13,12 +14,14 @@ namespace {
 
 constexpr int intervalMs = 50;  // of which every second tick works
 
-Exchange exchangeOf(const std::string& line) {
+Exchange exchangeOf(const std::string& line, MenuNumbers numbers) {
     constexpr std::size_t headLength = 5;  // EX042
     const std::string head = line.substr(0, headLength);
-    const std::string query = head == "EX028" ? "" : head + ";";
+    const bool setsSpeed = catRank(line, numbers) == 2;
+    const std::string query = setsSpeed ? "" : head + ";";
+    const bool setsRts = head == (numbers == MenuNumbers::Early ? "EX029" : "EX030");
     const auto confirms = [line](std::string_view answer) { return answer == line; };
-    return {itemInLine(line), query, {head, headLength + 2}, line, head == "EX030", confirms};
+    return {itemInLine(line), query, {head, headLength + 2}, line, setsRts, confirms};
 }
 
 }  // namespace
@@ -36,12 +39,20 @@ void MenuWriter::writeAndClose(std::vector<std::string> lines) {
           std::move(lines));
 }
 
+/// What the radio is known to refuse is named, and not sent.
 void MenuWriter::begin(OperationPlan plan, std::vector<std::string> lines) {
+    std::vector<std::string> leftOut;
+    std::erase_if(lines, [&](const std::string& line) {
+        const bool refused = !line.empty() && m_link.known().refuses(itemInLine(line));
+        if (refused) leftOut.push_back(itemInLine(line));
+        return refused;
+    });
     plan.items = static_cast<int>(lines.size());
     auto operation = m_link.begin(std::move(plan));
     if (!operation) return ended.emit(m_link.notBegun());
     m_operation = std::move(operation);
     m_lines = std::move(lines);
+    for (auto& item : leftOut) m_operation->note(&Outcome::leftOut, std::move(item));
     m_link.clearTraffic();
     m_link.panels().Error = "";
     m_operation->expect({"EX"});
@@ -83,7 +94,7 @@ void MenuWriter::converse() {
         while (static_cast<std::size_t>(m_operation->item()) < m_lines.size()) {
             const std::string& line = m_lines[static_cast<std::size_t>(m_operation->item())];
             show(line, line + std::string(crLf));
-            if (!line.empty()) return exchangeOf(line);
+            if (!line.empty()) return exchangeOf(line, menuNumbersOf(m_link.known()));
         }
         return std::nullopt;
     };

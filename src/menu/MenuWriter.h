@@ -19,7 +19,8 @@ inline const ItemWords menuItemsWritten = {"item", "items", true};
 ///
 ///     EX0421;EX042;  ->  EX0421;
 ///
-/// Behind EX028, which sets the line's speed, nothing is asked.
+/// Behind the item that sets the line's speed nothing is asked. Items that the radio is known to refuse (CatLink) are
+/// left out, and named in the outcome.
 class MenuWriter {
 public:
     explicit MenuWriter(CatLink& link) : m_link(link) {}

@@ -26,6 +26,7 @@ struct OwnersPath {
 
 inline constexpr std::string_view settingsSection = "Settings";
 inline constexpr std::string_view portSection = "Einstellungen";
+inline constexpr std::string_view knownRadioSection = "KnownRadio";  ///< what a check of the radio has shown
 
 /// Every key there is. The owners' settings files hold these names.
 namespace keys {
@@ -49,8 +50,9 @@ inline constexpr SettingsKey<OwnersPath> keyerPath{settingsSection, "SaveKeyer"}
 inline constexpr SettingsKey<OwnersPath> backupPath{settingsSection, "SavePathBackup"};
 inline constexpr SettingsKey<OwnersPath> descriptionsPath{settingsSection, "SavePathDescriptions"};
 inline constexpr SettingsKey<OwnersPath> eqPresetPath{settingsSection, "SavePathEqualizer"};
-inline constexpr std::array ownersPaths = {savePath,  memoryListPath, memoryTablePath,  bandStackPath,
-                                           keyerPath, backupPath,     descriptionsPath, eqPresetPath};
+inline constexpr SettingsKey<OwnersPath> reportPath{settingsSection, "SavePathReport"};
+inline constexpr std::array ownersPaths = {savePath,   memoryListPath,   memoryTablePath, bandStackPath, keyerPath,
+                                           backupPath, descriptionsPath, eqPresetPath,    reportPath};
 
 /// The file that was used last, the one before it and so on; places from 1.
 inline SettingsKey<std::string_view, std::string> recentFile(std::size_t place) {
@@ -58,6 +60,20 @@ inline SettingsKey<std::string_view, std::string> recentFile(std::size_t place) 
 }
 
 inline constexpr SettingsKey<bool> memoryListReadable{settingsSection, "ChannelinfoReadable"};
+
+/// The check has been proposed to the owner, who may have said no.
+inline constexpr SettingsKey<bool> checkProposed{settingsSection, "CheckProposed"};
+
+namespace knownRadio {
+inline constexpr SettingsKey<std::string_view> checked{knownRadioSection, "Checked"};
+inline constexpr SettingsKey<std::string_view> device{knownRadioSection, "Device"};
+inline constexpr SettingsKey<int> longestDelayMs{knownRadioSection, "LongestDelay"};
+inline constexpr SettingsKey<std::string_view> refusedItems{knownRadioSection, "RefusedItems"};  // "042,077"
+inline constexpr SettingsKey<bool> earlyMenuNumbers{knownRadioSection, "EarlyMenuNumbers"};
+inline constexpr SettingsKey<bool> otherEqualizer{knownRadioSection, "OtherEqualizer"};
+inline constexpr SettingsKey<bool> oneAtATime{knownRadioSection, "OneAtATime"};
+inline constexpr SettingsKey<bool> closesKeyerTexts{knownRadioSection, "ClosesKeyerTexts"};
+}  // namespace knownRadio
 
 /// `edge` is "Left", "Top", "Width" or "Height", in twips; every window has its own fallbacks.
 inline SettingsKey<int, std::string> place(std::string_view window, std::string_view edge, int fallback = 0) {

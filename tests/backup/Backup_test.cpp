@@ -16,6 +16,7 @@ struct WholeBackup : testing::Test {
     Program& program = bench.program;
     const std::string dir = bench.folder.file("backups");
     std::optional<Outcome::Kind> end;
+    WholeBackup() { writeSetting(bench.settings, keys::checkProposed, true); }
     Connection listening = program.backup.ended.connect([this](Outcome::Kind how) { end = how; });
 
     void click() {

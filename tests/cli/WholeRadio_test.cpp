@@ -60,6 +60,7 @@ TEST_F(WholeRadio, BackupHasTheFilesOfEachSaveAndAPageToRead) {
 TEST_F(WholeRadio, TheWindowsMakeTheSameBackup) {
     ASSERT_EQ(bench.run({"backup", dir}), ExitCode::Done);
     fakes::ProgramBench<SimulatedPorts> windows;
+    writeSetting(windows.settings, keys::checkProposed, true);
     windows.openPort();
     windows.fileDialog.choose(windows.folder.path());
     windows.msgBox.foresee("The backup is in");

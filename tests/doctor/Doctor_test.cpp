@@ -54,7 +54,7 @@ const std::vector<Radio>& radios() {
          },
          ExitCode::Different, "refuted   automatic"},
         {"one at a time", [](SimulatedCable& cable) { cable.line.faults.oneAtATime = true; }, ExitCode::Different,
-         "answers two questions sent at once: no", "--pace 100"},
+         "answers two questions sent at once: no", "leave room between them"},
         {"very slow", [](SimulatedCable& cable) { cable.line.turnaroundMs = 700; }, ExitCode::Different,
          "EX usually 700 ms, at most 1000 ms", "waits for it"},
         {"tells unasked", [](SimulatedCable& cable) { cable.line.faults.unasked = true; }, ExitCode::Different,

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "TroubleBench.h"
+#include "doctor/Beliefs.h"
 
 namespace korvex {
 namespace {
@@ -190,6 +191,16 @@ TEST(Reliability, EveryOperationWithARadioOtherwiseThanBelieved) {
     const Rows fast = tableFound("otherwise, fast transfers", Pace::Answered, reversedBeliefs());
     expectOnThePage("| otherwise than believed", markdown(usual));
     expectOnThePage("| otherwise, fast transfers", markdown(fast));
+}
+
+TEST(Reliability, WhatIsBelievedStandsOnThePage) {
+    Rows rows = {{"Korvex believes", "because of", "asked with", "what stands on it"}};
+    for (const auto& belief : beliefs()) {
+        rows.push_back({std::string(belief.sentence), std::string(belief.source),
+                        std::string(belief.test.empty() ? "nothing but setting something" : belief.test),
+                        std::string(belief.depends)});
+    }
+    expectOnThePage("| Korvex believes", markdown(rows));
 }
 
 /// Whatever is started while whatever else runs, both come to an end and each works afterwards. The program may also go

@@ -26,6 +26,7 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 TroubleBench::TroubleBench(Pace pace) {
     program.link.pace = pace;
+    writeSetting(settings, keys::checkProposed, true);
     fileDialog.whileShown = [this] {
         using Mode = FileDialogRequest::Mode;
         const Mode mode = fileDialog.shown.back().mode;

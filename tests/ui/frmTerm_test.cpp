@@ -35,6 +35,7 @@ protected:
                                                            .about = [this] { started += "about "; },
                                                            .backupRadio = [this] { started += "backup "; },
                                                            .restoreRadio = [this] { started += "restore "; },
+                                                           .checkRadio = [this] { started += "check "; },
                                                            .endProgram = [] { return false; }});
         window->show();
     }
@@ -73,14 +74,15 @@ TEST_F(TerminalWindow, EntriesAndButtonsFollowThePort) {
 /// The entry is the last of its menu, comes back at once, and leads to a backup.
 TEST(TerminalEntries, BackupWholeRadio) {
     fakes::ProgramBench<SimulatedPorts> bench;
+    writeSetting(bench.settings, keys::checkProposed, true);
     Desktop desktop(bench.program);
     bench.openPort();
     bench.program.windows.terminal.show();
     auto* entry = control<QAction>(*topLevel("frmTerm"), "mnu_BackupRadio");
     const auto* more = qobject_cast<QMenu*>(entry->parent());
     EXPECT_EQ(caption(more->menuAction()), QStringLiteral("More"));
-    EXPECT_EQ(more->actions().at(more->actions().size() - 2), entry);
-    EXPECT_EQ(more->actions().constLast()->objectName(), QStringLiteral("mnu_RestoreRadio"));
+    EXPECT_EQ(more->actions().at(more->actions().size() - 3), entry);
+    EXPECT_EQ(more->actions().constLast()->objectName(), QStringLiteral("mnu_CheckRadio"));
     EXPECT_EQ(caption(entry), QStringLiteral("Backup whole Radio..."));
     const std::string dir = bench.folder.file("backups");
     entry->trigger();

@@ -138,6 +138,7 @@ std::unique_ptr<ToolWindow> Desktop::makeTerminal() {
             .about = [this] { showAboutBox(terminalWindow()); },
             .backupRadio = [this] { m_program.backupEntry.mnu_BackupRadio_Click(); },
             .restoreRadio = [this] { m_program.restoreEntry.mnu_RestoreRadio_Click(); },
+            .checkRadio = [this] { m_program.checkEntry.mnu_CheckRadio_Click(); },
             .endProgram = [this] { return m_program.end(); },
         });
     addFileMenu(*terminal, "mnu_File");

@@ -116,6 +116,7 @@ void frmTerm::makeMoreMenu(ToolWindows& windows) {
     menu->addSeparator();
     entry(menu, "mnu_BackupRadio", QStringLiteral("Backup whole Radio..."), m_actions.backupRadio);
     entry(menu, "mnu_RestoreRadio", QStringLiteral("Restore whole Radio..."), m_actions.restoreRadio);
+    entry(menu, "mnu_CheckRadio", QStringLiteral("Check Radio..."), m_actions.checkRadio);
 }
 
 QAction* frmTerm::toolButton(const char* key, const QString& tip, const char* icon, const std::function<void()>& run) {

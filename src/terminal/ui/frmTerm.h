@@ -25,6 +25,7 @@ struct TerminalActions {
     std::function<void()> about;
     std::function<void()> backupRadio;
     std::function<void()> restoreRadio;
+    std::function<void()> checkRadio;
     std::function<bool()> endProgram;  ///< the close box; false keeps the window
 };
 

@@ -11,10 +11,10 @@ namespace korvex {
 
 /// What the entries for the whole radio share: whether they have a line, and what they do from the event loop. A box
 /// must not stand in the middle of the end of a transfer.
-class WholeRadioEntry {
+class RadioEntry {
 public:
     /// `title` is that of the boxes; `whyNotNow` tells the owner why there is no line, empty when there is one.
-    WholeRadioEntry(OwnersFiles& folders, Clock& clock, std::string title, std::function<std::string()> whyNotNow);
+    RadioEntry(OwnersFiles& folders, Clock& clock, std::string title, std::function<std::string()> whyNotNow);
 
     /// Told in a box when there is none.
     bool hasLine();
