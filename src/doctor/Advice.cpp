@@ -1,6 +1,7 @@
 #include "doctor/Advice.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
@@ -23,10 +24,12 @@ std::string itemList(const std::vector<int>& items) {
     return text;
 }
 
-std::vector<int> refusedItems(const RadioReport& report) {
+/// The menu items to which this came: "?;", or nothing at all.
+std::vector<int> itemsWith(const RadioReport& report, std::string_view answer) {
     std::vector<int> items;
     for (int item = 1; item <= menuItemCount; ++item) {
-        if (report.wasRefused(menuReadCommand(item))) items.push_back(item);
+        const auto* asked = report.form(menuReadCommand(item));
+        if (asked != nullptr && asked->form == answer) items.push_back(item);
     }
     return items;
 }
@@ -110,10 +113,14 @@ void addTraffic(const RadioReport& report, Lines& lines) {
 }
 
 void addContents(const RadioReport& report, Lines& lines) {
-    const auto refused = refusedItems(report);
+    const auto refused = itemsWith(report, "?;");
     if (!refused.empty()) {
         lines.push_back("The radio refuses menu " + itemList(refused) +
                         ": no backup holds them, and a restore leaves them out from now on, and names them.");
+    }
+    if (const auto silent = itemsWith(report, ""); !silent.empty()) {
+        lines.push_back("The radio does not answer to menu " + itemList(silent) +
+                        ": no whole menu can be read from it.");
     }
     if (report.isRefuted("equalizer-form")) {
         if (!report.isRefuted("menu-numbers")) {

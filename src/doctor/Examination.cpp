@@ -69,8 +69,10 @@ void Examination::begin(RadioReport begun, bool withSettings) {
     m_report = std::move(begun);
     m_withSettings = withSettings;
     m_at = 0;
-    m_silentInARow = 0;
+    m_silent = m_silentInARow = 0;
+    m_longestDelay = 0;
     m_delays.clear();
+    m_doubtfulDelays.clear();
     m_noise = m_link.came.connect([this](std::string_view wire) {
         const bool isText = m_at < questions().size() && question().query.starts_with("KM");
         if (!isText && std::any_of(wire.begin(), wire.end(), isNoise)) m_report.noise = true;
@@ -114,7 +116,10 @@ void Examination::ask() {
     constexpr std::size_t longestAnswer = 54;
     ++m_tries;
     m_operation->send(question().query);
-    m_operation->after(patienceMs + lineMs(question().query.size() + longestAnswer), [this] { onPatience(); });
+    constexpr int shortPatienceMs = 150;
+    const bool isKnown = passesOver() && m_longestDelay > 0;
+    const int patience = isKnown ? std::clamp(3 * m_longestDelay, shortPatienceMs, patienceMs) : patienceMs;
+    m_operation->after(patience + lineMs(question().query.size() + longestAnswer), [this] { onPatience(); });
 }
 
 Rest Examination::take(std::string_view answer) {
@@ -148,28 +153,42 @@ Rest Examination::takeUnasked(std::string_view piece) {
     return Rest::GoOn;
 }
 
+/// An answer to a question that was asked twice is late, or the first question was not heard.
 void Examination::noteDelay(std::string_view query, std::string_view answer) {
     const auto took = static_cast<int>(m_operation->now() - m_askedAt);
-    m_delays[std::string(query.substr(0, letters))].push_back(std::max(0, took - lineMs(query.size() + answer.size())));
+    const int delay = std::max(0, took - lineMs(query.size() + answer.size()));
+    const bool isSure = m_tries == 1;
+    if (isSure) m_longestDelay = std::max({m_longestDelay, delay, 1});
+    (isSure ? m_delays : m_doubtfulDelays)[std::string(query.substr(0, letters))].push_back(delay);
 }
 
 void Examination::onPatience() {
     if (!m_candidate.empty()) return settle(m_candidate);
     if (m_refused) return settle("?;");
-    if (m_tries < mostTries) return ask();
+    if (m_tries < mostTries && !passesOver()) return ask();
     onSilent();
 }
 
 void Examination::onSilent() {
     keep(question(), {});
     if (m_at == 0) return m_operation->breakOff(Outcome::Kind::NoAnswer);
+    ++m_silent;
     ++m_silentInARow == silentBeforeProbe ? probe() : next();
+}
+
+/// It has shown that it is there and says nothing to what it does not know: nobody waits long for hundreds of those.
+bool Examination::passesOver() const {
+    constexpr int enough = 4;
+    return m_silent >= enough;
 }
 
 /// Whether the radio is still there.
 void Examination::probe() {
     m_operation->expect({"ID", sizeof("ID0;") - 1});
-    m_operation->onAnswer([this](std::string_view) {
+    m_tries = 1;
+    m_askedAt = m_operation->now();
+    m_operation->onAnswer([this](std::string_view id) {
+        if (id != "?;") noteDelay("ID;", id);
         m_silentInARow = 0;
         m_operation->onAnswer([this](std::string_view answer) { return take(answer); });
         next();
@@ -238,7 +257,8 @@ void Examination::listen() {
 }
 
 void Examination::complete() {
-    for (const auto& [name, times] : m_delays) m_report.delays.push_back(delayOf(name, times));
+    const auto& delays = m_delays.empty() ? m_doubtfulDelays : m_delays;
+    for (const auto& [name, times] : delays) m_report.delays.push_back(delayOf(name, times));
     const int count = static_cast<int>(questions().size());
     m_operation->end({Outcome::Kind::Done, count, count, {}, {}});
 }

@@ -44,6 +44,7 @@ private:
     void settle(const std::string& answer);
     void onPatience();
     void onSilent();
+    bool passesOver() const;
     void probe();
     void keep(const Question& question, const std::string& answer);
     void keepChannel(std::string_view query, std::string_view answer);
@@ -62,9 +63,12 @@ private:
     bool m_refused = false;   // it was, at the first asking
     std::string m_candidate;  // what came for it under another name
     std::int64_t m_askedAt = 0;
+    int m_silent = 0;  // questions
     int m_silentInARow = 0;
+    int m_longestDelay = 0;                            // ms
     int m_owed = 0;                                    // answers to questions that were sent in one go
     std::map<std::string, std::vector<int>> m_delays;  // by letters, ms
+    std::map<std::string, std::vector<int>> m_doubtfulDelays;
     Connection m_noise;
 };
 

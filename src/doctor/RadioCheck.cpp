@@ -1,5 +1,6 @@
 #include "doctor/RadioCheck.h"
 
+#include <string_view>
 #include <utility>
 
 #include "base/NumberText.h"
@@ -40,7 +41,8 @@ RadioReport RadioCheck::describedMachine() const {
     RadioReport machine;
     machine.made = m_begunAt + " with Korvex " + versionWithCommit();
     const std::string device = text.substr(0, colon);
-    machine.device = device.substr(device.rfind('/') + 1);
+    constexpr std::string_view devices = "/dev/";
+    machine.device = device.substr(device.starts_with(devices) ? devices.size() : device.rfind('/') + 1);
     machine.adapter = adapter.substr(0, adapter.find(", serial number"));
     machine.latencyMs = port.latencyMs();
     machine.rts = driven ? "by handshaking" : raisedOrLow(port.RTSEnable());

@@ -1,9 +1,11 @@
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
 
 #include "cli/CliBench.h"
+#include "menu/MenuCommandTable.h"
 #include "radio/Likeness.h"
 #include "report/ReportText.h"
 
@@ -16,6 +18,16 @@ using cli::ExitCode;
 /// From the section on that tells of the line: what stands before it tells how the report was made.
 std::string behaviourIn(const std::string& report) {
     return report.substr(std::min(report.find("\nThe line and the radio\n"), report.size()));
+}
+
+/// The times of a report that was made in real time hold what the machine was busy with.
+std::string withoutTimes(const std::string& behaviour) {
+    std::istringstream lines(behaviour);
+    std::string kept;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find("at most ") == std::string::npos) kept += line + "\n";
+    }
+    return kept;
 }
 
 struct Radio {
@@ -91,6 +103,36 @@ TEST(Doctor, ReportsWhatIsSoAndARadioMadeByItIsAlike) {
         EXPECT_EQ(like.run({"--demo", "-s", "38400,n,8,2", "doctor"}), radio.code);
         EXPECT_EQ(behaviourIn(like.out.str()), behaviourIn(report));
     }
+}
+
+/// Reports that were kept, of a radio program by others among them: a radio made by one gets the same one.
+TEST(Doctor, KeptReportsAreMadeAgain) {
+    int kept = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(std::string(SOURCE_DIR) + "/tests/doctor/reports")) {
+        SCOPED_TRACE(entry.path());
+        ++kept;
+        const std::string report = fakes::fileContent(entry.path());
+        const auto parsed = parseReport(report);
+        ASSERT_TRUE(parsed);
+        CliBench bench;
+        behaveLike(*parsed, bench.ports.radio(), bench.ports.cable.line);
+        EXPECT_EQ(bench.run({"--demo", "-s", parsed->line, "doctor"}), ExitCode::Different);
+        EXPECT_EQ(withoutTimes(behaviourIn(bench.out.str())), withoutTimes(behaviourIn(report)));
+    }
+    EXPECT_GE(kept, 2);
+}
+
+/// A radio that says nothing to what it does not know is not waited for at each of three hundred questions.
+TEST(Doctor, IsSoonThroughWithARadioThatIsSilentToMost) {
+    CliBench bench;
+    for (int item = 1; item <= menuItemCount; ++item) {
+        const std::string query = menuReadCommand(item);
+        bench.ports.cable.line.fixedAnswers[query.substr(0, query.size() - 1)] = "";
+    }
+    const auto began = bench.clock.now();
+    EXPECT_EQ(bench.run({"--demo", "-s", "38400,n,8,2", "doctor"}), ExitCode::Different);
+    EXPECT_LT(bench.clock.now() - began, 90'000);
+    EXPECT_NE(bench.err.str().find("does not answer to menu 001, 002"), std::string::npos) << bench.err.str();
 }
 
 /// Nothing of the owner's is in it but what he wants in.
