@@ -20,12 +20,14 @@ Failure PortShare::openTerminal(const std::string& link) {
     if (!terminal) return terminal.error();
     m_terminal = std::make_unique<CatFace>(m_line, std::move(terminal->caller));
     device = terminal->device;
+    prepareAnswers();
     return {};
 }
 
 void PortShare::closeTerminal() {
     m_terminal.reset();
     device = "";
+    prepareAnswers();
 }
 
 Failure PortShare::listen(int port) {
@@ -35,6 +37,7 @@ Failure PortShare::listen(int port) {
     m_listener = std::move(*listener);
     m_called = m_listener->called.connect([this](const std::shared_ptr<Caller>& caller) { welcome(caller); });
     listeningAt = port;
+    prepareAnswers();
     return {};
 }
 
@@ -43,6 +46,13 @@ void PortShare::stopListening() {
     m_listener.reset();
     m_guests.clear();
     listeningAt = 0;
+    prepareAnswers();
+}
+
+void PortShare::prepareAnswers() {
+    const bool shared = m_terminal || m_listener;
+    if (shared != static_cast<bool>(m_opening))
+        m_opening = shared ? std::make_unique<OpeningAnswers>(m_link, m_line, m_clock) : nullptr;
 }
 
 /// A caller that is not kept is hung up on.

@@ -7,6 +7,7 @@
 #include "base/Property.h"
 #include "platform/Doors.h"
 #include "share/CatFace.h"
+#include "share/OpeningAnswers.h"
 #include "share/RigctlFace.h"
 #include "share/SharedLine.h"
 
@@ -17,7 +18,8 @@ namespace korvex {
 class PortShare {
 public:
     /// `doors`: null on a machine that has none; nothing can be shared then.
-    PortShare(CatLink& link, Clock& clock, Doors* doors) : m_line(link, clock), m_doors(doors) {
+    PortShare(CatLink& link, Clock& clock, Doors* doors)
+        : m_link(link), m_clock(clock), m_line(link, clock), m_doors(doors) {
         m_told = m_line.told.connect([this](const std::string& text) { told.emit(text); });
     }
 
@@ -47,7 +49,12 @@ private:
     void welcome(const std::shared_ptr<Caller>& caller);
     void dismiss(const RigctlFace* face);
 
+    void prepareAnswers();
+
+    CatLink& m_link;
+    Clock& m_clock;
     SharedLine m_line;
+    std::unique_ptr<OpeningAnswers> m_opening;  // while any way in is open
     Doors* m_doors;
     std::unique_ptr<CatFace> m_terminal;
     std::unique_ptr<Listener> m_listener;

@@ -27,6 +27,7 @@ SharedLine::SharedLine(CatLink& link, Clock& clock)
     m_poll->setInterval(pollMs);
     m_connections += m_poll->tick.connect([this] { goOn(); });
     m_connections += m_patience->tick.connect([this] { onPatience(); });
+    m_connections += m_link.went.connect([this](std::string_view wire) { noteOurs(wire); });
     m_connections += m_link.closed.connect([this] { keepQuiet(); });
     m_link.answers().setFirstLook([this](std::string_view piece) { return take(piece); });
 }
@@ -74,10 +75,22 @@ void SharedLine::forget(const void* from) {
     told.emit("The program that made the radio transmit has left; " + m_unkey + " was sent.");
 }
 
+/// Sent by Korvex itself.
+void SharedLine::noteOurs(std::string_view wire) {
+    if (m_sending || asks(wire)) return;
+    m_oursHasSet = true;
+    m_poll->setEnabled(true);
+}
+
 void SharedLine::goOn() {
+    if (m_oursHasSet && m_link.isIdle()) {
+        m_oursHasSet = false;
+        m_answers.clear();
+        changed.emit();
+    }
     while (answerOneThatCanBe()) continue;
     if (!m_underWay && !m_waiting.empty() && m_link.isIdle()) sendNext();
-    m_poll->setEnabled(!m_waiting.empty());
+    m_poll->setEnabled(!m_waiting.empty() || m_oursHasSet);
 }
 
 /// Answers of one program never overtake one another.
@@ -123,7 +136,9 @@ void SharedLine::sendNext() {
     m_patience->setEnabled(false);
     m_patience->setInterval(patience());
     m_patience->setEnabled(true);
+    m_sending = true;
     m_link.send(m_underWay->wire);
+    m_sending = false;
 }
 
 /// What is set may change any of them; but for unasked messages, which hamlib switches off whenever it opens and
@@ -134,6 +149,7 @@ void SharedLine::forgetAnswers(const std::string& set) {
         m_answers.erase("AI;");
     } else {
         m_answers.clear();
+        changed.emit();
     }
 }
 
@@ -181,6 +197,7 @@ void SharedLine::settle(const std::string& answer) {
 /// The port is closed: the radio is silent.
 void SharedLine::keepQuiet() {
     m_keyedBy = nullptr;
+    m_oursHasSet = false;
     m_answers.clear();
     if (m_underWay) settle("");
     goOn();

@@ -32,8 +32,9 @@ struct ForeignCommand {
 /// Lets other programs use the line beside Korvex. One of their commands is on its way at a time, and its answer goes
 /// to who asked. While an operation of ours has the line nothing of theirs is sent: a question that was answered before
 /// gets the same answer again, anything else waits for two seconds and is then refused, because a command that goes out
-/// half a minute late is nothing that anybody still wants. What would key the transmitter is refused unless the owner
-/// allowed it, and told either way; what ends a transmission goes out at once.
+/// half a minute late is nothing that anybody still wants. When something was set the answers before it are forgotten,
+/// be it when our operation is over: until then the radio is what it was when the operation began. What would key the
+/// transmitter is refused unless the owner allowed it, and told either way; what ends a transmission goes out at once.
 class SharedLine {
 public:
     SharedLine(CatLink& link, Clock& clock);
@@ -50,6 +51,8 @@ public:
     Signal<const std::string&> told;
     /// What the radio tells unasked while the line is idle, with its ";".
     Signal<std::string_view> unasked;
+    /// The line is idle, and something was set: what the radio has told before may not hold any more.
+    Signal<> changed;
 
     static constexpr std::size_t mostWaiting = 32;  ///< of one program; what it sends beyond is refused
 
@@ -57,6 +60,7 @@ private:
     bool mayGoOut(const ForeignCommand& command);
     bool endsTransmission(const ForeignCommand& command) const;
     void goOn();
+    void noteOurs(std::string_view wire);
     bool answerOneThatCanBe();
     std::optional<std::string> answerWithoutRadio(const ForeignCommand& command) const;
     void sendNext();
@@ -77,6 +81,8 @@ private:
     std::int64_t m_sentAt = 0;
     std::int64_t m_longestDelay = 0;
     std::map<std::string, std::string> m_answers;  // by question: the last ones
+    bool m_sending = false;                        // one of theirs, just now
+    bool m_oursHasSet = false;                     // and the answers are older than that
     const void* m_keyedBy = nullptr;
     std::string m_unkey;  // what ends his transmission
     Connections m_connections;

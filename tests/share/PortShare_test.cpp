@@ -27,6 +27,8 @@ struct ShareBench : fakes::ProgramBench<SimulatedPorts> {
         openPort();
         connections += program.link.went.connect([this](std::string_view wire) { went += wire; });
         EXPECT_FALSE(share.openTerminal(""));
+        clock.advance(3'000);  // the opening answers
+        went.clear();
     }
     std::string ask(std::string_view wire, std::int64_t ms = 200) {
         logger.say(wire);
@@ -41,7 +43,7 @@ TEST(PortShare, AnswersWhoAskedInHisOrderAndOneAtATime) {
     EXPECT_EQ(bench.ask("fa;"), "FA07041000;");
     EXPECT_EQ(bench.ask("F"), "");
     EXPECT_EQ(bench.ask("A;\r\n ID;", 500), "FA07041000;ID0251;");
-    EXPECT_EQ(bench.ask("SH1;ID;", 500), "?;ID0251;");
+    EXPECT_EQ(bench.ask("SH1;ID;", 3'000), "?;ID0251;");
 
     bench.went.clear();
     bench.logger.say("FA;FB;");
@@ -94,7 +96,7 @@ TEST(PortShare, LetsNothingThroughWhileOursHasTheLine) {
     EXPECT_EQ(bench.logger.takeHeard().substr(0, 2), "FA") << "the last answer";
     EXPECT_EQ(bench.went.find("FA"), std::string::npos);
     bench.clock.advance(200);
-    EXPECT_EQ(bench.logger.takeHeard(), "?;?;") << "too late for anybody to want it";
+    EXPECT_EQ(bench.logger.takeHeard(), "?;MD02;") << "too late for anybody to want it";
     bench.clock.advance(20'000);
     EXPECT_EQ(bench.went.find("FA"), std::string::npos);
     EXPECT_FALSE(bench.program.link.operation());
@@ -113,6 +115,7 @@ TEST(PortShare, KeepsALateForeignAnswerFromOurReading) {
     };
     bench.openPort();
     ASSERT_FALSE(bench.program.share.openTerminal(""));
+    bench.clock.advance(3'000);
     radio.answerDelay = 80;
     bench.doors.atDevice.say("EX149;");
     bench.fileDialog.choose(bench.folder.file("menu.mnu"));
@@ -127,7 +130,7 @@ TEST(PortShare, KeepsALateForeignAnswerFromOurReading) {
 TEST(PortShare, TransmitsOnlyWithLeaveAndEndsItWithWhoBeganIt) {
     ShareBench bench;
     bench.went.clear();
-    EXPECT_EQ(bench.ask("TX1;TX0;MX1;KY6;AC002;", 1'000), "?;?;?;?;");
+    EXPECT_EQ(bench.ask("TX1;TX0;MX1;KY6;AC002;", 900), "?;?;?;?;");
     EXPECT_EQ(bench.went, "TX0;");
     EXPECT_EQ(bench.told.size(), 4U);
 
@@ -145,6 +148,42 @@ TEST(PortShare, TransmitsOnlyWithLeaveAndEndsItWithWhoBeganIt) {
     bench.went.clear();
     bench.logger.say("TX0;");
     EXPECT_EQ(bench.went, "TX0;") << "at once, whoever has the line";
+}
+
+/// hamlib's and flrig's first questions, of a program that comes when nobody has asked anything yet.
+TEST(PortShare, LetsAProgramOpenInTheMiddleOfAReading) {
+    ShareBench bench;
+    bench.fileDialog.choose(bench.folder.file("menu.mnu"));
+    bench.program.menuSave.mnu_Store_Click();
+    bench.clock.advance(1'000);
+    EXPECT_EQ(bench.ask("AI;ID;VS;FA;FB;FT;PS;TX;", 0), "AI0;ID0251;VS0;FA14195000;FB07074000;FT0;PS1;TX0;");
+    EXPECT_NE(bench.ask("IF;MD0;SH0;NA0;PC;AG0;", 0), "");
+    bench.clock.advance(20'000);
+    EXPECT_FALSE(bench.program.link.operation());
+
+    bench.went.clear();
+    bench.clock.advance(10'000);
+    EXPECT_EQ(bench.went, "") << "nothing was set, nothing is asked anew";
+    bench.share.closeTerminal();
+    bench.program.link.send("FA07000000;");
+    bench.clock.advance(5'000);
+    EXPECT_EQ(bench.went, "FA07000000;") << "nobody shares it";
+}
+
+/// What an operation of ours has set is not told as it was before.
+TEST(PortShare, ForgetsWhatWasToldBeforeOursHasSet) {
+    ShareBench bench;
+    EXPECT_EQ(bench.ask("EX042;"), "EX042050;");
+    bench.ports.radio().state.menu.at(42) = "060";
+    bench.program.link.send("EX042060;");
+    bench.clock.advance(100);
+    bench.fileDialog.choose(bench.folder.file("menu.mnu"));
+    bench.program.menuSave.mnu_Store_Click();
+    EXPECT_EQ(bench.ask("EX042;", 1'900), "");
+    EXPECT_EQ(bench.ask("EX042;", 200), "?;");
+    bench.clock.advance(20'000);
+    bench.logger.takeHeard();
+    EXPECT_EQ(bench.ask("EX042;"), "EX042060;");
 }
 
 TEST(PortShare, LeavesTheRadioAsItWasFound) {
