@@ -19,6 +19,7 @@ constexpr int refusalMs = 60;         // for a radio whose delay is not known ye
 constexpr int longestRefusalMs = 500;
 constexpr std::size_t mostAnswers = 512;
 constexpr std::string_view refused = "?;";
+const std::string unaskedQuestion = "AI;";
 
 }  // namespace
 
@@ -114,7 +115,9 @@ std::optional<std::string> SharedLine::answerWithoutRadio(const ForeignCommand& 
     if (command.known) return command.known;
     if (!m_link.PortOpen()) return "";
     if (m_link.isIdle()) return std::nullopt;
-    if (const auto before = m_answers.find(inCapitals(command.wire)); before != m_answers.end()) return before->second;
+    const std::string wire = inCapitals(command.wire);
+    if (const auto before = m_answers.find(wire); before != m_answers.end()) return before->second;
+    if (const auto asIs = m_answers.find(unaskedQuestion); asIs != m_answers.end() && asIs->second == wire) return "";
     if (m_clock.now() - command.cameAt >= longestWaitMs) return std::string(refused);
     return std::nullopt;
 }
@@ -144,9 +147,8 @@ void SharedLine::sendNext() {
 /// What is set may change any of them; but for unasked messages, which hamlib switches off whenever it opens and
 /// closes.
 void SharedLine::forgetAnswers(const std::string& set) {
-    constexpr std::string_view unaskedMessages = "AI";
-    if (set.starts_with(unaskedMessages)) {
-        m_answers.erase("AI;");
+    if (set.starts_with("AI")) {
+        m_answers.erase(unaskedQuestion);
     } else {
         m_answers.clear();
         changed.emit();
