@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "base/NumberText.h"
+#include "base/AsciiText.h"
 #include "platform/RecentFiles.h"
 #include "platform/TextFile.h"
 
@@ -13,8 +13,7 @@ namespace korvex {
 namespace {
 
 std::string lowerEnding(const std::string& file) {
-    std::string ending = std::filesystem::path(file).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(), asciiLower);
+    const std::string ending = inLowerCase(std::filesystem::path(file).extension().string());
     return ending.empty() ? ending : ending.substr(1);
 }
 

@@ -10,11 +10,11 @@
 #include "base/CodePage.h"
 #include "base/Lines.h"
 #include "base/NumberText.h"
+#include "base/SheetText.h"
 #include "convert/ChannelWords.h"
 #include "keyer/KeyerFile.h"
 #include "memory/FieldText.h"
 #include "menu/MenuFile.h"
-#include "menu/SheetText.h"
 
 namespace korvex {
 

@@ -1,16 +1,12 @@
 #include "gridedit/clsFlexGridEdit2.h"
 
-#include <algorithm>
-
+#include "base/AsciiText.h"
 #include "base/CodePage.h"
-#include "base/NumberText.h"
 
 namespace korvex {
 
 std::string clsFlexGridEdit2::typed(const std::string& utf8) const {
-    std::string capitals = utf8;
-    std::transform(capitals.begin(), capitals.end(), capitals.begin(), asciiUpper);
-    return capitals;
+    return inCapitals(utf8);
 }
 
 void clsFlexGridEdit2::textChanged(const std::string& utf8) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 
+#include "base/AsciiText.h"
 #include "base/NumberText.h"
 #include "cat/FrequencyText.h"
 #include "memory/MemoryListFile.h"
@@ -14,16 +15,6 @@ namespace {
 
 RuntimeError refusal(const std::string& why) {
     return {errors::TypeMismatch, why};
-}
-
-bool isSameText(std::string_view one, std::string_view other) {
-    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                      [](char a, char b) { return asciiLower(a) == asciiLower(b); });
-}
-
-std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(" \t");
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 /// "67" is what a spreadsheet makes of "67.0"; no code of a tone is as high. Some have a comma.
@@ -38,7 +29,7 @@ Result<std::string> fromList(MemoryField field, const std::string& text) {
     const CodeList& list = *codesOf(field);
     const std::string label = asLabel(field, text);
     for (int position = 0; position < list.size(); ++position) {
-        if (isSameText(list.label(position), label)) return list.code(position);
+        if (isSameWord(list.label(position), label)) return list.code(position);
     }
     std::string upper;
     for (const char c : text) upper += asciiUpper(c);
@@ -49,7 +40,7 @@ Result<std::string> fromList(MemoryField field, const std::string& text) {
 /// "125", "1'234" and "125 Hz".
 Result<std::string> offsetFromText(const std::string& text) {
     std::string digits = text;
-    if (digits.size() > 2 && isSameText(digits.substr(digits.size() - 2), "hz")) digits.resize(digits.size() - 2);
+    if (digits.size() > 2 && isSameWord(digits.substr(digits.size() - 2), "hz")) digits.resize(digits.size() - 2);
     std::erase_if(digits, [](char c) { return c == '\'' || c == '.' || c == ',' || c == ' '; });
     const auto hz = parseWhole(digits);
     const int width = memoryPlace(MemoryField::ClarifierOffset).width;
@@ -103,7 +94,7 @@ std::string readableField(MemoryField field, const std::string& code) {
 
 Result<std::string> fieldFromText(MemoryField field, const std::string& text) {
     if (field == MemoryField::Remark) return remarkFromText(text);
-    const std::string written = trimmed(text);
+    const std::string written(trimmed(text, " \t"));
     switch (field) {
         case MemoryField::Channel: return channelFromText(written);
         case MemoryField::Frequency: return frequencyFromText(written);

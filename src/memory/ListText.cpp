@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "base/NumberText.h"
+#include "base/SheetText.h"
 #include "memory/FieldText.h"
 
 namespace korvex {
@@ -15,24 +16,14 @@ using Line = std::vector<std::string>;
 using Columns = std::vector<std::optional<MemoryField>>;
 
 std::string quotedIfNeeded(const std::string& text) {
-    if (text.find_first_of("\t\r\n\"") == std::string::npos) return text;
-    std::string quoted = "\"";
-    for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
-    return quoted + '"';
+    return text.find_first_of("\t\r\n\"") == std::string::npos ? text : quotedCell(text);
 }
 
-/// A cell that begins with a double quote runs to the next single one, as spreadsheets write what has a tab in it.
+/// A cell in quotes, as spreadsheets write what has a tab in it; a person may have typed a quote, too, and more behind
+/// it.
 std::string takeCell(std::string_view& rest) {
     std::string cell;
-    if (rest.starts_with('"') && rest.find('"', 1) != std::string_view::npos) {
-        rest.remove_prefix(1);
-        while (!rest.empty() && (rest.front() != '"' || rest.substr(1).starts_with('"'))) {
-            if (rest.front() == '"') rest.remove_prefix(1);
-            cell += rest.front();
-            rest.remove_prefix(1);
-        }
-        rest.remove_prefix(std::min<std::size_t>(rest.size(), 1));
-    }
+    if (rest.starts_with('"')) cell = takeQuotedCell(rest).value_or("");
     const auto end = std::min(rest.find_first_of("\t\r\n"), rest.size());
     cell += rest.substr(0, end);
     rest.remove_prefix(end);

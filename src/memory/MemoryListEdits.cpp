@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/AsciiText.h"
 #include "base/NumberText.h"
 #include "memory/FieldText.h"
 #include "memory/ListText.h"
@@ -16,11 +17,6 @@ constexpr std::size_t mostTold = 10;
 
 std::string rowsInWords(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " row" : " rows");
-}
-
-std::string lowered(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), asciiLower);
-    return text;
 }
 
 /// The first of them, and how many more.
@@ -162,7 +158,7 @@ int MemoryListEdits::columnWith(int row, const std::string& text) const {
     for (int col = 1; col < m_list.grid.Cols(); ++col) {
         const std::string& code = m_list.grid.TextMatrix(row, col);
         for (const auto& form : {code, readableField(fieldAt(col), code)}) {
-            if (lowered(form).find(text) != std::string::npos) return col;
+            if (inLowerCase(form).find(text) != std::string::npos) return col;
         }
     }
     return 0;
@@ -170,7 +166,7 @@ int MemoryListEdits::columnWith(int row, const std::string& text) const {
 
 bool MemoryListEdits::find(const std::string& text, bool forward) {
     if (text.empty()) return false;
-    const std::string wanted = lowered(text);
+    const std::string wanted = inLowerCase(text);
     int row = m_list.grid.Row();
     for (int looked = 0; looked < MemoryList::rows; ++looked) {
         row += forward ? 1 : -1;

@@ -4,10 +4,10 @@
 #include <set>
 
 #include "base/NumberText.h"
+#include "base/SheetText.h"
 #include "menu/DescriptionTable.h"
 #include "menu/MenuCommandTable.h"
 #include "menu/MenuRows.h"
-#include "menu/SheetText.h"
 
 namespace korvex {
 

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "base/NumberText.h"
+#include "base/SheetText.h"
 #include "base/TextEncoding.h"
 #include "menu/DescriptionItems.h"
 #include "menu/MenuRows.h"
-#include "menu/SheetText.h"
 
 namespace korvex {
 
@@ -52,10 +52,7 @@ std::optional<std::string> unescaped(std::string_view text) {
 /// As a cell that the tabs around it end, whatever it begins with.
 std::string cellText(std::string_view field) {
     const std::string text = escaped(field);
-    if (!text.starts_with('"')) return text;
-    std::string cell = "\"";
-    for (const char c : text) cell += c == '"' ? std::string("\"\"") : std::string(1, c);
-    return cell + '"';
+    return text.starts_with('"') ? quotedCell(text) : text;
 }
 
 /// Empty cells at the end are a spreadsheet's; more than these are not.

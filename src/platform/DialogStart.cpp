@@ -1,9 +1,8 @@
 #include "platform/DialogStart.h"
 
-#include <algorithm>
 #include <filesystem>
 
-#include "base/NumberText.h"
+#include "base/AsciiText.h"
 
 namespace korvex {
 
@@ -41,8 +40,7 @@ std::string ownEnding(const std::string& filter) {
 
 bool isOfItsKind(const fs::path& file, const std::string& ending) {
     const std::string own = file.extension().string();
-    return ending.empty() || std::equal(own.begin(), own.end(), ending.begin(), ending.end(),
-                                        [](char a, char b) { return asciiLower(a) == asciiLower(b); });
+    return ending.empty() || isSameWord(own, ending);
 }
 
 }  // namespace

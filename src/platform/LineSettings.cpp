@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 
+#include "base/AsciiText.h"
 #include "base/NumberText.h"
 
 namespace korvex {
@@ -23,12 +24,6 @@ struct StopBitsText {
 };
 constexpr std::array<StopBitsText, 3> stopBitsTexts = {
     {{"1", StopBits::One}, {"1.5", StopBits::OneAndHalf}, {"2", StopBits::Two}}};
-
-std::string_view trimmed(std::string_view text) {
-    while (text.starts_with(' ')) text.remove_prefix(1);
-    while (text.ends_with(' ')) text.remove_suffix(1);
-    return text;
-}
 
 std::vector<std::string_view> splitAtCommas(std::string_view text) {
     std::vector<std::string_view> fields;

@@ -1,6 +1,6 @@
 #include "share/CatFace.h"
 
-#include "share/ReadForms.h"
+#include "base/AsciiText.h"
 
 namespace korvex {
 

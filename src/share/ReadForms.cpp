@@ -34,9 +34,4 @@ bool asks(std::string_view wire) {
     });
 }
 
-std::string inCapitals(std::string wire) {
-    std::transform(wire.begin(), wire.end(), wire.begin(), asciiUpper);
-    return wire;
-}
-
 }  // namespace korvex

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace korvex {
@@ -8,8 +7,5 @@ namespace korvex {
 /// Whether a command, with its ";", asks the radio for something. What sets is answered by nothing when all is well, so
 /// whoever waits has to know. The forms are those of the radio's CAT command list.
 bool asks(std::string_view wire);
-
-/// As the radio hears a command: capitals and small letters are the same to it.
-std::string inCapitals(std::string wire);
 
 }  // namespace korvex

@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "base/AsciiText.h"
 #include "base/CodePage.h"
 #include "cat/TransmitGuard.h"
 #include "share/ReadForms.h"

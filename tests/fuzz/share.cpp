@@ -4,7 +4,7 @@
 #include <array>
 #include <set>
 
-#include "base/Lines.h"
+#include "base/AsciiText.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeDoors.h"
 #include "fakes/TalkativePorts.h"

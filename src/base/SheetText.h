@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -7,6 +8,12 @@
 #include "base/RuntimeError.h"
 
 namespace korvex {
+
+/// A cell in double quotes, with two for each of its own: for whoever writes cells that hold a separator or a line end.
+std::string quotedCell(std::string_view cell);
+
+/// Takes such a cell, which `rest` begins with, away from it. Nothing, and `rest` stays, where no quote closes it.
+std::optional<std::string> takeQuotedCell(std::string_view& rest);
 
 struct SheetRow {
     int line = 0;  ///< of the text, on which the row begins; the first is 1

@@ -1,4 +1,4 @@
-#include "menu/SheetText.h"
+#include "base/SheetText.h"
 
 #include <algorithm>
 #include <utility>
@@ -36,6 +36,14 @@ bool isControl(char c) {
     return c >= 0 && c < ' ' && c != '\t' && c != '\r' && c != '\n';
 }
 
+int lineEndsIn(std::string_view text) {
+    int count = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (lineEnds.find(text[i]) != lineEnds.npos && !text.substr(i).starts_with(crLf)) ++count;
+    }
+    return count;
+}
+
 class SheetReader {
 public:
     explicit SheetReader(std::string_view text) : m_rest(text), m_separator(separatorOf(text)) {}
@@ -71,32 +79,16 @@ private:
 
     Result<std::string> quoted() {
         const int begin = m_line;
-        std::string cell;
-        for (bool closed = false; !closed;) {
-            m_rest.remove_prefix(1);  // the opening quote, or the second of two
-            const auto end = m_rest.find('"');
-            if (end == std::string_view::npos) return refusedLine(begin, "a quoted cell has no closing quote");
-            cell += takeCounted(end);
-            m_rest.remove_prefix(1);
-            closed = !m_rest.starts_with('"');
-            if (!closed) cell += '"';
-        }
-        if (atCellEnd()) return cell;
+        const std::string_view before = m_rest;
+        auto cell = takeQuotedCell(m_rest);
+        if (!cell) return refusedLine(begin, "a quoted cell has no closing quote");
+        m_line += lineEndsIn(before.substr(0, before.size() - m_rest.size()));
+        if (atCellEnd()) return std::move(*cell);
         return refusedLine(begin, "something stands behind the closing quote of a cell");
     }
 
     bool atCellEnd() const {
         return m_rest.empty() || m_rest.front() == m_separator || lineEnds.find(m_rest.front()) != lineEnds.npos;
-    }
-
-    std::string_view takeCounted(std::size_t length) {
-        const auto taken = m_rest.substr(0, length);
-        for (std::size_t i = 0; i < length; ++i) {
-            const bool middle = taken[i] == '\r' && i + 1 < length && taken[i + 1] == '\n';
-            if (lineEnds.find(taken[i]) != lineEnds.npos && !middle) ++m_line;
-        }
-        m_rest.remove_prefix(length);
-        return taken;
     }
 
     void takeLineEnd() {
@@ -124,6 +116,28 @@ bool hasContent(const SheetRow& row) {
 }
 
 }  // namespace
+
+std::string quotedCell(std::string_view cell) {
+    std::string text = "\"";
+    for (const char c : cell) text.append(c == '"' ? 2 : 1, c);
+    return text + '"';
+}
+
+std::optional<std::string> takeQuotedCell(std::string_view& rest) {
+    std::string cell;
+    for (std::string_view ahead = rest.substr(1);;) {
+        const auto end = ahead.find('"');
+        if (end == std::string_view::npos) return std::nullopt;
+        cell += ahead.substr(0, end);
+        ahead.remove_prefix(end + 1);
+        if (!ahead.starts_with('"')) {
+            rest = ahead;
+            return cell;
+        }
+        cell += '"';
+        ahead.remove_prefix(1);
+    }
+}
 
 RuntimeError refusedLine(int line, const std::string& why) {
     return {errors::TypeMismatch, "line " + std::to_string(line) + ": " + why};
