@@ -79,6 +79,10 @@ Result<std::string> menuCommand(const NamedTable& table, std::size_t row, int it
     return "EX" + zeroPadded(item, 3) + text + ";";
 }
 
+RuntimeError refusedItem(int item) {
+    return {errors::TypeMismatch, "item " + zeroPadded(item, 3) + ": no file can hold this command"};
+}
+
 Result<std::string> menuFile(std::string_view csv) {
     const auto table = NamedTable::read(csv, {"Item", "Value", "Command"});
     if (!table) return table.error();
@@ -97,7 +101,12 @@ Result<std::string> menuFile(std::string_view csv) {
     }
     std::string text;
     for (const auto& line : lines) text.append(line).append(crLf);
-    if (const auto refused = menuFileLines(text); !refused) return refused.error();
+    const auto readAgain = menuFileLines(text);
+    if (!readAgain) return readAgain.error();
+    // A comma, a quote or a line end in a command would make other lines of it.
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (i < readAgain->size() && (*readAgain)[i] != lines[i]) return refusedItem(static_cast<int>(i) + 1);
+    }
     return text;
 }
 

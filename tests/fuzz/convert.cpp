@@ -93,7 +93,10 @@ FUZZ_TARGET(convert_file) {
         return;
     }
     const auto table = NamedTable::read(csvText(*sheet), {});
-    ASSERT_TRUE(table) << table.error().text;
+    if (!table) {  // which no spreadsheet shows
+        EXPECT_NE(table.error().text.find("control characters"), std::string::npos) << table.error().text;
+        return;
+    }
     ASSERT_EQ(table->titles(), sheet->front());
     std::size_t row = 0;
     for (auto cells = sheet->begin() + 1; cells != sheet->end(); ++cells) {
