@@ -23,7 +23,7 @@ Program::Program(Machine machine)
       memory(link, machine.clock, files, desk),
       listTables(memory.list, memory.listEdits.told, desk),
       menuManager({link, machine.clock, desk, files, machine.database, windows.menuManager.visible,
-                   machine.shippedDescriptions, machine.timeOfDay}),
+                   machine.shippedDescriptions, machine.timeOfDay, machine.runChildProgram}),
       eqWindow(machine.ports, machine.clock, desk),
       bandStackWindow(link, machine.clock, desk),
       keyerWindow(link, desk),

@@ -23,6 +23,7 @@
 #include "menu/MenuRestore.h"
 #include "menu/MenuSave.h"
 #include "menu/MenuWriter.h"
+#include "platform/ChildProgram.h"
 #include "platform/Clock.h"
 #include "platform/Database.h"
 #include "platform/Doors.h"
@@ -57,6 +58,7 @@ struct Machine {
     std::string shippedDescriptions = {};  ///< the description database that came with the program, if any
     Backup::Checksum checksum = {};        ///< the SHA-256 of what a file holds, in hexadecimal digits
     Doors* doors = nullptr;                ///< ways in for other programs, where there are any
+    RunChildProgram runChildProgram = {};  ///< null where programs of others cannot be run
 };
 
 /// Makes the parts of the program and introduces them to each other. It owns all logic; windows are made by whoever

@@ -30,7 +30,7 @@ ExitCode importDescription(Database& database, const TableToImport& table, std::
                            const Files& files) {
     const auto content = files.read(table.file);
     if (!content) return failed(err, content.error().text);
-    auto source = descriptionsIn(database, table.file, *content);
+    auto source = descriptionsIn(database, table.runChildProgram, table.file, *content);
     if (!source) return failed(err, table.file + ", " + source.error().text);
     const auto settings = table.withSettings   ? TakeSettings::Yes
                           : source->isDatabase ? TakeSettings::WhereThereAreNone

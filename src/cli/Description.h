@@ -7,6 +7,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Comparison.h"
 #include "cli/Files.h"
+#include "platform/ChildProgram.h"
 #include "platform/Database.h"
 #include "platform/TimeOfDay.h"
 
@@ -22,6 +23,7 @@ struct TableToImport {
     std::string file;
     bool withSettings = false;  ///< the four settings columns, too
     std::string timeOfDay = localTimeOfDay();
+    RunChildProgram runChildProgram = {};  ///< for desktop databases
 };
 
 /// Takes such a table, or another database with one, into the description database. The settings columns stay, unless

@@ -14,6 +14,7 @@
 #include "platform/ProgramFolder.h"
 #include "platform/StandardStreams.h"
 #include "platform/qt/QtChecksum.h"
+#include "platform/qt/QtChildProgram.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtDoors.h"
@@ -100,11 +101,10 @@ int runDescription(const Command& command, const Output& output) {
         takeShippedDescriptions(database, databaseFile, shippedDescriptions(programPlaces({})));
     }
     std::ostream nowhere(nullptr);
-    const auto code = command.verb == Command::Verb::DescriptionExport
-                          ? exportDescription(database, databaseFile, command.file, output.err)
-                          : importDescription(database, {databaseFile, command.file, command.withSettings},
-                                              command.quiet ? nowhere : output.out, output.err);
-    return static_cast<int>(code);
+    if (command.verb == Command::Verb::DescriptionExport)
+        return static_cast<int>(exportDescription(database, databaseFile, command.file, output.err));
+    const TableToImport table = {databaseFile, command.file, command.withSettings, localTimeOfDay(), runChildProgram};
+    return static_cast<int>(importDescription(database, table, command.quiet ? nowhere : output.out, output.err));
 }
 
 int runWithPorts(QCoreApplication& application, const Command& command, const Output& output) {

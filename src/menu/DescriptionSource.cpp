@@ -5,7 +5,6 @@
 #include "base/Printable.h"
 #include "menu/DescriptionExchange.h"
 #include "menu/DescriptionTable.h"
-#include "platform/ChildProgram.h"
 
 namespace korvex {
 
@@ -30,12 +29,13 @@ RuntimeError unreadable(const std::string& why) {
 }
 
 /// As a table with tabs: what would break its rows is written as in ours.
-Result<std::string> jetTable(const std::string& file) {
+Result<std::string> jetTable(const RunChildProgram& run, const std::string& file) {
     std::error_code error;
     const auto path = std::filesystem::absolute(file, error);  // no name that begins with "-"
     if (error) return unreadable(error.message());
-    const auto end =
-        childprogram::run({"mdb-export", {"-e", "-H", "-d", "\t", path.string(), std::string(description::tableName)}});
+    const ChildProgramOrder order = {"mdb-export",
+                                     {"-e", "-H", "-d", "\t", path.string(), std::string(description::tableName)}};
+    const auto end = run ? run(order) : RuntimeError{errors::FileNotFound, ""};
     if (!end && end.error().number == errors::FileNotFound) {
         return RuntimeError{errors::FileNotFound,
                             "it is a desktop database (Jet), which Korvex reads by way of mdb-export. Please install "
@@ -49,7 +49,8 @@ Result<std::string> jetTable(const std::string& file) {
 
 }  // namespace
 
-Result<DescriptionSource> descriptionsIn(Database& database, const std::string& file, std::string_view content) {
+Result<DescriptionSource> descriptionsIn(Database& database, const RunChildProgram& run, const std::string& file,
+                                         std::string_view content) {
     const auto taken = [](const Result<std::string>& text, bool isDatabase) -> Result<DescriptionSource> {
         if (!text) return text.error();
         auto table = parseDescription(*text);
@@ -57,7 +58,7 @@ Result<DescriptionSource> descriptionsIn(Database& database, const std::string& 
         return DescriptionSource{std::move(*table), isDatabase};
     };
     if (content.starts_with(sqliteMark)) return taken(exportedDescriptions(database, file), true);
-    if (isJet(content)) return taken(jetTable(file), true);
+    if (isJet(content)) return taken(jetTable(run, file), true);
     return taken(std::string(content), false);
 }
 

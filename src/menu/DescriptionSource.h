@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/RuntimeError.h"
+#include "platform/ChildProgram.h"
 #include "platform/Database.h"
 
 namespace korvex {
@@ -17,6 +18,7 @@ struct DescriptionSource {
 
 /// `content` is what the file holds. A failure names its place in the file, and mdbtools where they are missing. A
 /// database that asks for a password is read without: only its own program keeps to it.
-Result<DescriptionSource> descriptionsIn(Database& database, const std::string& file, std::string_view content);
+Result<DescriptionSource> descriptionsIn(Database& database, const RunChildProgram& run, const std::string& file,
+                                         std::string_view content);
 
 }  // namespace korvex

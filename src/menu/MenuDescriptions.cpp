@@ -21,11 +21,12 @@ std::string nameOf(const std::string& file) {
 }  // namespace
 
 MenuDescriptions::MenuDescriptions(Database& database, DescriptionDatabase& descriptions, const OwnersDesk& desk,
-                                   std::function<std::string()> timeOfDay)
+                                   std::function<std::string()> timeOfDay, RunChildProgram runChildProgram)
     : m_database(database),
       m_descriptions(descriptions),
       m_files(desk, keys::descriptionsPath),
-      m_timeOfDay(std::move(timeOfDay)) {}
+      m_timeOfDay(std::move(timeOfDay)),
+      m_runChildProgram(std::move(runChildProgram)) {}
 
 std::string MenuDescriptions::exportTable() {
     const auto text = exportedDescriptions(m_database, m_descriptions.file());
@@ -54,7 +55,7 @@ void MenuDescriptions::importTable() {
 Result<DescriptionsTaken> MenuDescriptions::take(const std::string& file) {
     const auto content = textfile::read(file);
     if (!content) return content.error();
-    auto source = descriptionsIn(m_database, file, *content);
+    auto source = descriptionsIn(m_database, m_runChildProgram, file, *content);
     if (!source) return source.error();
     auto settings = source->isDatabase ? TakeSettings::WhereThereAreNone : TakeSettings::No;
     const auto present = readDescriptions(m_database, m_descriptions.file());

@@ -5,6 +5,7 @@
 
 #include "menu/DescriptionDatabase.h"
 #include "menu/DescriptionExchange.h"
+#include "platform/ChildProgram.h"
 #include "platform/Database.h"
 #include "platform/OwnersFiles.h"
 
@@ -15,7 +16,7 @@ namespace korvex {
 class MenuDescriptions {
 public:
     MenuDescriptions(Database& database, DescriptionDatabase& descriptions, const OwnersDesk& desk,
-                     std::function<std::string()> timeOfDay);
+                     std::function<std::string()> timeOfDay, RunChildProgram runChildProgram);
 
     /// What was done, in words; empty where nothing was.
     std::string exportTable();
@@ -32,6 +33,7 @@ private:
     DescriptionDatabase& m_descriptions;
     OwnersFiles m_files;
     std::function<std::string()> m_timeOfDay;
+    RunChildProgram m_runChildProgram;
 };
 
 }  // namespace korvex

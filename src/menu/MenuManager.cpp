@@ -41,7 +41,7 @@ MenuManager::MenuManager(MenuManagerNeeds needs)
       m_sheet(grid, m_database.numbers()),
       m_history(grid, m_database.numbers()),
       m_columns(grid, m_history, m_needs.files),
-      m_descriptions(m_needs.database, m_database, m_needs.desk, m_needs.timeOfDay),
+      m_descriptions(m_needs.database, m_database, m_needs.desk, m_needs.timeOfDay, m_needs.runChildProgram),
       m_reader(m_link),
       m_writer(m_link),
       m_exchange(m_link, m_needs.desk.msgBox, grid) {

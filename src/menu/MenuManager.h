@@ -12,6 +12,7 @@
 #include "menu/MenuSheet.h"
 #include "menu/MenuWriter.h"
 #include "menu/SettingsHistory.h"
+#include "platform/ChildProgram.h"
 #include "platform/MSFlexGrid.h"
 #include "platform/OwnersFiles.h"
 
@@ -27,6 +28,7 @@ struct MenuManagerNeeds {
     const Property<bool>& visible;           ///< the window is to be seen
     std::string shippedDescriptions;         ///< the database that came with the program; empty: none
     std::function<std::string()> timeOfDay;  ///< TimeOfDay.h
+    RunChildProgram runChildProgram;
 };
 
 /// What the Menu Manager's window decides: the grid of all menu items with their descriptions and four columns of

@@ -55,6 +55,10 @@ struct ProgramBench {
     FakeDatabase database;
     FakeDoors doors;
     TemporaryFolder folder;
+    /// What another program does that is run; by itself there is none.
+    RunChildProgram ranChildProgram = [](const ChildProgramOrder& order) -> Result<ChildProgramEnd> {
+        return RuntimeError{errors::FileNotFound, order.program};
+    };
     std::string timeOfDay = "2026-11-22 23:42:54";
     Program program{{clock,
                      ports,
@@ -67,7 +71,8 @@ struct ProgramBench {
                      [this] { return timeOfDay; },
                      {},
                      {},
-                     &doors}};
+                     &doors,
+                     [this](const ChildProgramOrder& order) { return ranChildProgram(order); }}};
 
     /// Opens the terminal and its port and lets the communication test come to its end.
     void openPort() {

@@ -239,8 +239,12 @@ TEST_F(MenuSheetTest, ADesktopDatabaseBringsItsSettingsWhereThereAreNoneAndElseA
     const std::string old = bench.folder.file("old.mdb");
     fakes::writeFile(old, std::string("\0\1\0\0Standard Jet DB\0", 20));
     bench.fileDialog.choose(old);
-    const std::string path = ::getenv("PATH");
-    ::setenv("PATH", "/nowhere", 1);
+    Result<ChildProgramEnd> printed = RuntimeError{errors::FileNotFound, ""};
+    bench.ranChildProgram = [&](const ChildProgramOrder& order) {
+        EXPECT_EQ(order.program, "mdb-export");
+        EXPECT_EQ(order.arguments.at(4), old);
+        return printed;
+    };
     bench.msgBox.foresee("Please install the package mdbtools.\n\nThe descriptions are as they were.");
     manager.mnu_importDescriptions_Click();
 
@@ -248,11 +252,7 @@ TEST_F(MenuSheetTest, ADesktopDatabaseBringsItsSettingsWhereThereAreNoneAndElseA
     const auto at = text.find("\n3\t002\t");
     ASSERT_NE(at, std::string::npos);
     text.replace(at, text.find('\n', at + 1) - at, "\n3\t002\tG\tName\t\t\t\t\t0250\t\t\t\t\t\t");
-    fakes::writeFile(bench.folder.file("table"), text);
-    const std::string program = bench.folder.file("mdb-export");
-    fakes::writeFile(program, "#!/bin/sh\nexec /bin/cat '" + bench.folder.file("table") + "'\n");
-    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
-    ::setenv("PATH", bench.folder.path().c_str(), 1);
+    printed = ChildProgramEnd{0, text, ""};
     const auto importAfter = [&](const char* question, MsgAnswer answer, const char* told) {
         bench.fileDialog.choose(old);
         if (question != nullptr) bench.msgBox.foresee(question, answer);
@@ -263,13 +263,16 @@ TEST_F(MenuSheetTest, ADesktopDatabaseBringsItsSettingsWhereThereAreNoneAndElseA
     EXPECT_EQ(cell("002", 2), "Name");
     EXPECT_EQ(cell("002", 7), "0250");
     text.replace(text.find("0250"), 4, "0120");
-    fakes::writeFile(bench.folder.file("table"), text);
+    printed = ChildProgramEnd{0, text, ""};
     const char* question = "old.mdb has settings columns, too.";
     importAfter(question, MsgAnswer::No, "nothing in it is new");
     EXPECT_EQ(cell("002", 7), "0250");
     importAfter(question, MsgAnswer::Yes, "1 cell changed");
     EXPECT_EQ(cell("002", 7), "0120");
-    ::setenv("PATH", path.c_str(), 1);
+    printed = ChildProgramEnd{0, text, "offset 8192 is beyond EOF\n"};
+    importAfter(nullptr, MsgAnswer::Ok, "cannot be read: offset 8192 is beyond EOF");
+    printed = ChildProgramEnd{1, text, ""};
+    importAfter(nullptr, MsgAnswer::Ok, "the database cannot be read.");
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "platform/EndSignals.h"
 #include "platform/ProgramFolder.h"
 #include "platform/qt/QtChecksum.h"
+#include "platform/qt/QtChildProgram.h"
 #include "platform/qt/QtClock.h"
 #include "platform/qt/QtDatabase.h"
 #include "platform/qt/QtDoors.h"
@@ -60,7 +61,7 @@ int runProgram(const StartOptions& options, const std::function<void(Program&)>&
     }
     rememberNewFolder(settings, folder->former, folder->path);
     Program program({clock, ports, settings, fileDialog, msgBox, shell, database, folder->path, localTimeOfDay,
-                     shippedDescriptions(places(options)), sha256, &doors});
+                     shippedDescriptions(places(options)), sha256, &doors, runChildProgram});
     Desktop desktop(program);
     desktop.showStartWindow();
     if (!folder->news.empty()) msgBox.show({folder->news, "", MsgIcon::Information, MsgButtons::Ok});
