@@ -10,6 +10,7 @@ namespace korvex {
 
 namespace {
 
+constexpr std::string_view newerJetMark = "Standard ACE DB";
 constexpr std::string_view sqliteMark{"SQLite format 3\0", 16};
 
 /// Behind four characters that vary little.
@@ -17,7 +18,7 @@ bool isJet(std::string_view content) {
     constexpr std::size_t place = 4;
     if (content.size() < place) return false;
     content.remove_prefix(place);
-    return content.starts_with("Standard Jet DB") || content.starts_with("Standard ACE DB");
+    return content.starts_with("Standard Jet DB") || content.starts_with(newerJetMark);
 }
 
 std::string firstLine(const std::string& text) {
@@ -26,6 +27,14 @@ std::string firstLine(const std::string& text) {
 
 RuntimeError unreadable(const std::string& why) {
     return {errors::TypeMismatch, "the database cannot be read" + (why.empty() ? "" : ": " + printable(why))};
+}
+
+/// Jet leaves the pages of a database with a password as they are, its successor (.accdb) enciphers them.
+RuntimeError withWordOfPassword(RuntimeError error, std::string_view content) {
+    if (content.substr(0, 64).find(newerJetMark) != std::string_view::npos) {
+        error.text += " (if it asks for a password: a copy without one can be read)";
+    }
+    return error;
 }
 
 /// As a table with tabs: what would break its rows is written as in ours.
@@ -58,7 +67,10 @@ Result<DescriptionSource> descriptionsIn(Database& database, const RunChildProgr
         return DescriptionSource{std::move(*table), isDatabase};
     };
     if (content.starts_with(sqliteMark)) return taken(exportedDescriptions(database, file), true);
-    if (isJet(content)) return taken(jetTable(run, file), true);
+    if (isJet(content)) {
+        const auto text = jetTable(run, file);
+        return text ? taken(text, true) : withWordOfPassword(text.error(), content);
+    }
     return taken(std::string(content), false);
 }
 

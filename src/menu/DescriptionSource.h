@@ -10,7 +10,7 @@
 namespace korvex {
 
 /// A file that descriptions are taken from: a table that people can edit, a database of Korvex's, or one of the desktop
-/// (Jet, .mdb), which mdbtools' mdb-export reads.
+/// (Jet, .mdb and .accdb), which mdbtools' mdb-export reads.
 struct DescriptionSource {
     DatabaseTable table;
     bool isDatabase = false;  ///< somebody's own, with settings that were read from a radio

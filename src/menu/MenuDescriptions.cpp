@@ -41,7 +41,7 @@ std::string MenuDescriptions::exportTable() {
 }
 
 void MenuDescriptions::importTable() {
-    const auto file = m_files.askToOpen({.title = importTitle, .ending = "tsv", .also = "mdb"});
+    const auto file = m_files.askToOpen({.title = importTitle, .ending = "tsv", .also = {"mdb", "accdb"}});
     if (!file) return;
     const auto taken = take(*file);
     if (!taken) {

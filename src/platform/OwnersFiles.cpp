@@ -10,7 +10,8 @@ namespace korvex {
 namespace {
 
 FileDialogRequest request(FileDialogRequest::Mode mode, const FileWanted& wanted, const std::string& start) {
-    const std::string pattern = "*." + wanted.ending + (wanted.also.empty() ? "" : ";*." + wanted.also);
+    std::string pattern = "*." + wanted.ending;
+    for (const auto& ending : wanted.also) pattern += ";*." + ending;
     return {mode, wanted.title, "Flat File (" + pattern + ")|" + pattern + "|All Files (*.*)|*.*", start,
             wanted.ending};
 }

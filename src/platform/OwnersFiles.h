@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/Property.h"
 #include "base/RuntimeError.h"
@@ -23,10 +24,10 @@ struct OwnersDesk {
 
 /// A file that is wanted of the owner.
 struct FileWanted {
-    std::string title;        ///< of the dialog, UTF-8; empty: the system's own
-    std::string ending;       ///< "mnu"
-    bool incomplete = false;  ///< a save proposes a name that says so, "my-incomplete.mnu"
-    std::string also = {};    ///< another ending that such a file may have: "mdb"
+    std::string title;                   ///< of the dialog, UTF-8; empty: the system's own
+    std::string ending;                  ///< "mnu"
+    bool incomplete = false;             ///< a save proposes a name that says so, "my-incomplete.mnu"
+    std::vector<std::string> also = {};  ///< other endings that such a file may have: "mdb"
 };
 
 /// How it ended when the owner was asked for a file.

@@ -59,6 +59,7 @@ TEST_F(JetDatabase, NamesDescriptionsAndSettingsComeIn) {
     EXPECT_EQ(run(korvexctl + " --with-settings description import " + folder.file("changed.tsv")).code, 0);
     EXPECT_NE(import("-- -old.mdb").output.find("nothing in it is new"), std::string::npos);
     EXPECT_NE(import("--with-settings -- -old.mdb").output.find("1 cell changed"), std::string::npos);
+    EXPECT_NE(import(make("new.accdb", "'' newer")).output.find("nothing in it is new"), std::string::npos);
     // One of Korvex's own is taken in the same way.
     EXPECT_NE(import(database).output.find("nothing in it is new"), std::string::npos);
 }
@@ -74,7 +75,7 @@ TEST_F(JetDatabase, WhatCannotBeReadIsToldAndChangesNothing) {
         EXPECT_NE(ended.output.find(why), std::string::npos) << file << ": " << ended.output;
     }
     fakes::writeFile(folder.file("head.mdb"), std::string("\0\1\0\0Standard ACE DB\0", 20));
-    EXPECT_EQ(import("head.mdb").code, 5);
+    EXPECT_NE(import("head.mdb").output.find("a copy without one can be read"), std::string::npos);
     const Ended missing = import("good.mdb", "PATH=/nowhere ");
     EXPECT_NE(missing.output.find("Please install the package mdbtools"), std::string::npos) << missing.output;
 

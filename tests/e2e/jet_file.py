@@ -132,6 +132,8 @@ def main(file, table, records, password="", damage=""):
         content = content[:7 * PAGE + 100]
     if damage == "noise":
         content = content[:2 * PAGE] + bytes((i * 37 + 11) & 255 for i in range(len(content) - 2 * PAGE))
+    if damage == "newer":  # the head of an .accdb, whose pages are laid out alike
+        content = content[:4] + b"Standard ACE DB\0\2" + content[21:]
     open(file, "wb").write(content)
 
 
