@@ -36,7 +36,7 @@ CatLink::CatLink(MSComm& port, Clock& clock, MsgBox& msgBox, ProgressWindow& pro
 }
 
 void CatLink::togglePort() {
-    if (!m_port.PortOpen()) opening.emit();
+    m_port.PortOpen() ? closing.emit() : opening.emit();
     const Failure failure = m_port.setPortOpen(!m_port.PortOpen());
     if (failure) m_msgBox.exclamation(failure->text);
     showPortState();
@@ -146,6 +146,7 @@ void CatLink::Timer2_Timer() {
 bool CatLink::drainAndClose() {
     if (m_draining) return false;  // asked again from an event that ran while the first one waits
     m_draining = true;
+    if (m_port.PortOpen()) closing.emit();
     const bool mayClose = drain();
     m_draining = false;
     // Closing drops what the user chose to ignore.

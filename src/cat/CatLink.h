@@ -100,6 +100,8 @@ public:
 
     /// The port has just closed, by whatever cause. Whoever has an operation is told by its end.
     Signal<> closed;
+    /// The port is about to be closed: the last that is sent now still leaves.
+    Signal<> closing;
     Signal<> opening;  ///< the port is about to be opened: whoever holds the device lets it go
     Signal<> opened;   ///< the port has just been opened
 

@@ -35,8 +35,8 @@ public:
     Property<int> listeningAt;  ///< 0: nowhere
 
     /// Commands that make the radio transmit are passed on, too.
-    void allowTransmit(bool allowed) { m_line.transmitAllowed = allowed; }
-    bool transmitAllowed() const { return m_line.transmitAllowed; }
+    void allowTransmit(bool allowed) { m_line.allowTransmit(allowed); }
+    bool transmitAllowed() const { return m_line.transmitAllowed(); }
 
     std::string usualLink() const { return m_doors == nullptr ? "" : m_doors->usualLink(); }
 

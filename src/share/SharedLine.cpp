@@ -30,12 +30,13 @@ SharedLine::SharedLine(CatLink& link, Clock& clock)
     m_connections += m_poll->tick.connect([this] { goOn(); });
     m_connections += m_patience->tick.connect([this] { onPatience(); });
     m_connections += m_link.went.connect([this](std::string_view wire) { noteOurs(wire); });
+    m_connections += m_link.closing.connect([this] { onClosing(); });
     m_connections += m_link.closed.connect([this] { keepQuiet(); });
     m_link.answers().setFirstLook([this](std::string_view piece) { return take(piece); });
 }
 
 SharedLine::~SharedLine() {
-    forget(m_keyedBy);
+    onClosing();
     m_link.answers().setFirstLook(nullptr);
 }
 
@@ -43,7 +44,7 @@ void SharedLine::ask(ForeignCommand command) {
     command.cameAt = m_clock.now();
     if (endsTransmission(command)) {
         m_link.send(command.wire);
-        m_keyedBy = nullptr;
+        m_keyed.erase(inCapitals(command.wire));
         command.known = "";
     }
     const auto his = std::count_if(m_waiting.begin(), m_waiting.end(),
@@ -57,24 +58,63 @@ void SharedLine::ask(ForeignCommand command) {
 bool SharedLine::mayGoOut(const ForeignCommand& command) {
     if (!keysTransmitter(command.wire)) return true;
     const std::string wire = utf8FromWire(command.wire);
-    told.emit(transmitAllowed ? "Another program has sent " + wire + " which can make the radio transmit."
-                              : "Another program wanted to send " + wire +
-                                    " which can make the radio transmit. It was not passed on.");
-    return transmitAllowed;
+    told.emit(m_transmitAllowed ? "Another program has sent " + wire + " which can make the radio transmit."
+                                : "Another program wanted to send " + wire +
+                                      " which can make the radio transmit. It was not passed on.");
+    return m_transmitAllowed;
 }
 
 bool SharedLine::endsTransmission(const ForeignCommand& command) const {
-    return m_keyedBy != nullptr && m_link.PortOpen() && inCapitals(command.wire) == m_unkey;
+    return m_link.PortOpen() && m_keyed.contains(inCapitals(command.wire));
+}
+
+/// `wire` in capitals, and on its way.
+void SharedLine::noteKeying(const std::string& wire, const void* from) {
+    if (!wire.starts_with("TX") && !wire.starts_with("MX")) return;
+    if (keysTransmitter(wire)) {
+        m_keyed[wire.substr(0, 2) + "0;"] = from;
+    } else {
+        m_keyed.erase(wire);
+    }
+}
+
+void SharedLine::endTransmissionsOf(const void* from, const std::string& why) {
+    for (auto keyed = m_keyed.begin(); keyed != m_keyed.end();) {
+        if (keyed->second != from) {
+            ++keyed;
+            continue;
+        }
+        const std::string end = keyed->first;
+        keyed = m_keyed.erase(keyed);
+        if (!m_link.PortOpen()) continue;
+        m_link.send(end);
+        told.emit(why + " " + end + " was sent.");
+    }
+}
+
+void SharedLine::endTransmissions(const std::string& why) {
+    while (!m_keyed.empty()) endTransmissionsOf(m_keyed.begin()->second, why);
+}
+
+void SharedLine::allowTransmit(bool allowed) {
+    m_transmitAllowed = allowed;
+    if (!allowed) endTransmissions("Other programs may not make the radio transmit any more;");
+}
+
+/// Nobody could end them any more. What is sent has to leave before the port closes.
+void SharedLine::onClosing() {
+    constexpr int stepMs = 20;
+    constexpr int mostMs = 500;
+    if (m_keyed.empty()) return;
+    endTransmissions("The port closes while a program makes the radio transmit;");
+    for (int waited = 0; m_link.port().OutBufferCount() > 0 && waited < mostMs; waited += stepMs)
+        m_clock.letEventsRun(stepMs);
 }
 
 void SharedLine::forget(const void* from) {
     std::erase_if(m_waiting, [from](const ForeignCommand& command) { return command.from == from; });
     if (m_underWay && m_underWay->from == from) m_underWay->answered = [](std::string_view) {};
-    if (from == nullptr || m_keyedBy != from) return;
-    m_keyedBy = nullptr;
-    if (!m_link.PortOpen()) return;
-    m_link.send(m_unkey);
-    told.emit("The program that made the radio transmit has left; " + m_unkey + " was sent.");
+    endTransmissionsOf(from, "The program that made the radio transmit has left;");
 }
 
 /// Sent by Korvex itself.
@@ -128,14 +168,7 @@ void SharedLine::sendNext() {
     m_waiting.pop_front();
     const std::string wire = inCapitals(m_underWay->wire);
     if (!asks(wire)) forgetAnswers(wire);
-    if (wire.starts_with("TX") || wire.starts_with("MX")) {
-        if (keysTransmitter(wire)) {
-            m_keyedBy = m_underWay->from;
-            m_unkey = wire.substr(0, 2) + "0;";
-        } else if (wire == m_unkey) {
-            m_keyedBy = nullptr;
-        }
-    }
+    noteKeying(wire, m_underWay->from);
     m_sentAt = m_clock.now();
     m_patience->setEnabled(false);
     m_patience->setInterval(patience());
@@ -199,7 +232,7 @@ void SharedLine::settle(const std::string& answer) {
 
 /// The port is closed: the radio is silent.
 void SharedLine::keepQuiet() {
-    m_keyedBy = nullptr;
+    m_keyed.clear();
     m_oursHasSet = false;
     m_answers.clear();
     if (m_underWay) settle("");

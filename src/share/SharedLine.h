@@ -43,10 +43,12 @@ public:
     ~SharedLine();
 
     void ask(ForeignCommand command);
-    /// He has left: nothing of his is sent any more, and what he keyed goes back to receive.
+    /// He has left: nothing of his is sent any more, and what he keyed goes back to receive, as it does when the port
+    /// is closed and when leave is withdrawn.
     void forget(const void* from);
 
-    bool transmitAllowed = false;
+    void allowTransmit(bool allowed);
+    bool transmitAllowed() const { return m_transmitAllowed; }
     /// Words for the owner, UTF-8.
     Signal<const std::string&> told;
     /// What the radio tells unasked while the line is idle, with its ";".
@@ -59,6 +61,10 @@ public:
 private:
     bool mayGoOut(const ForeignCommand& command);
     bool endsTransmission(const ForeignCommand& command) const;
+    void noteKeying(const std::string& wire, const void* from);
+    void endTransmissionsOf(const void* from, const std::string& why);
+    void endTransmissions(const std::string& why);
+    void onClosing();
     void goOn();
     void noteOurs(std::string_view wire);
     bool answerOneThatCanBe();
@@ -83,8 +89,8 @@ private:
     std::map<std::string, std::string> m_answers;  // by question: the last ones
     bool m_sending = false;                        // one of theirs, just now
     bool m_oursHasSet = false;                     // and the answers are older than that
-    const void* m_keyedBy = nullptr;
-    std::string m_unkey;  // what ends his transmission
+    bool m_transmitAllowed = false;
+    std::map<std::string, const void*> m_keyed;  // by what ends it: who began the transmission
     Connections m_connections;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <set>
 
 #include "base/AsciiText.h"
@@ -56,6 +57,7 @@ public:
     /// Everybody leaves; then nothing is sent any more, and the radio receives.
     void end() {
         m_operation.reset();
+        const bool wasOpen = m_link.PortOpen();
         for (const char one : {'a', 'b', 'c'}) {
             if (program(one).caller != nullptr) program(one).leave();
         }
@@ -66,6 +68,7 @@ public:
         if (!m_mayTransmit && !m_sets.empty()) {
             EXPECT_EQ(fuzz::keysTransmitterWith(m_sets), "");
         }
+        EXPECT_FALSE(wasOpen && (m_keyed['T'] || m_keyed['M'])) << "transmits for nobody";
         checkHeard();
     }
 
@@ -118,8 +121,11 @@ private:
     /// While ours has the line only ours is sent, and what ends a transmission.
     void watch(std::string_view wire) {
         if (!asks(wire)) m_sets += wire;
+        const std::string heard = inCapitals(std::string(wire));
+        if (heard.size() == 4 && (heard.starts_with("TX") || heard.starts_with("MX")))
+            m_keyed[heard[0]] = heard[2] != '0';
         if (m_link.operation() == nullptr) return;
-        EXPECT_TRUE(wire == "EX042;" || wire == "TX0;" || wire == "MX0;") << wire;
+        EXPECT_TRUE(wire == "EX042;" || heard == "TX0;" || heard == "MX0;") << wire;
     }
 
     /// As a radio that knows everything and takes everything.
@@ -158,7 +164,8 @@ private:
     std::set<std::string> m_asked;
     char m_speaker = 'a';
     int m_steps = 0;
-    std::string m_sets;  // what was sent and is no question
+    std::string m_sets;            // what was sent and is no question
+    std::map<char, bool> m_keyed;  // by TX and by MX
     bool m_mayTransmit = false;
     bool m_deaf = false;
     bool m_refuses = false;

@@ -143,6 +143,26 @@ TEST(PortShare, TransmitsOnlyWithLeaveAndEndsItWithWhoBeganIt) {
     EXPECT_EQ(bench.went, "TX1;TX0;");
     EXPECT_EQ(bench.told.size(), 2U);
 
+    bench.went.clear();
+    EXPECT_EQ(bench.ask("TX1;MX1;", 900), "");
+    bench.logger.leave();
+    EXPECT_EQ(bench.went.substr(0, 8), "TX1;MX1;");
+    EXPECT_NE(bench.went.find("TX0;"), std::string::npos) << "both";
+    EXPECT_NE(bench.went.find("MX0;"), std::string::npos);
+
+    bench.ask("TX1;", 900);
+    bench.went.clear();
+    bench.share.allowTransmit(false);
+    EXPECT_EQ(bench.went, "TX0;");
+    bench.share.allowTransmit(true);
+    bench.ask("TX1;", 900);
+    bench.went.clear();
+    bench.program.link.closePort();
+    EXPECT_EQ(bench.went, "TX0;") << "nobody could end it any more";
+    EXPECT_EQ(bench.ports.radio().state.get("TX"), "0");
+    bench.openPort();
+    bench.clock.advance(3'000);
+
     bench.ask("TX1;");
     bench.program.menuSave.mnu_Store_Click();
     bench.went.clear();
