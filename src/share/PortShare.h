@@ -36,7 +36,7 @@ public:
 
     /// Commands that make the radio transmit are passed on, too.
     void allowTransmit(bool allowed) { m_line.allowTransmit(allowed); }
-    bool transmitAllowed() const { return m_line.transmitAllowed(); }
+    Property<bool>& transmitAllowed() { return m_line.transmitAllowed; }
 
     std::string usualLink() const { return m_doors == nullptr ? "" : m_doors->usualLink(); }
 

@@ -17,21 +17,20 @@ void ShareEntry::recall() {
 }
 
 void ShareEntry::mnu_sharePort_Click() {
-    showPort(!sharesPort);
-    writeSetting(m_needs.settings, keys::sharePort, sharesPort);
+    showPort(m_needs.share.device.get().empty());
+    writeSetting(m_needs.settings, keys::sharePort, !m_needs.share.device.get().empty());
 }
 
 void ShareEntry::mnu_shareRigctl_Click() {
-    showRigctl(!servesRigctl);
-    writeSetting(m_needs.settings, keys::shareRigctl, servesRigctl);
+    showRigctl(m_needs.share.listeningAt == 0);
+    writeSetting(m_needs.settings, keys::shareRigctl, m_needs.share.listeningAt != 0);
 }
 
 void ShareEntry::mnu_shareTransmit_Click() {
-    const bool allowed = mayTransmit || m_needs.msgBox.confirm(
-                                            "Other programs will be able to make the radio transmit. Is the "
-                                            "antenna connected, and do you want that?");
-    mayTransmit = allowed && !mayTransmit;
-    m_needs.share.allowTransmit(mayTransmit);
+    PortShare& share = m_needs.share;
+    const bool wanted = !share.transmitAllowed();
+    share.allowTransmit(wanted && m_needs.msgBox.confirm("Other programs will be able to make the radio transmit. Is "
+                                                         "the antenna connected, and do you want that?"));
 }
 
 void ShareEntry::showPort(bool open) {
@@ -43,7 +42,6 @@ void ShareEntry::showPort(bool open) {
         share.closeTerminal();
     }
     const std::string device = share.device;
-    sharesPort = !device.empty();
     if (!device.empty()) m_needs.link.panels().Error = "Shared as " + (link.empty() ? "" : link + " or ") + device;
 }
 
@@ -54,8 +52,7 @@ void ShareEntry::showRigctl(bool open) {
     } else {
         share.stopListening();
     }
-    servesRigctl = share.listeningAt != 0;
-    if (servesRigctl)
+    if (share.listeningAt != 0)
         m_needs.link.panels().Error = "Shared as rigctld at localhost:" + std::to_string(share.listeningAt);
 }
 

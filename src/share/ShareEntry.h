@@ -7,8 +7,8 @@
 
 namespace korvex {
 
-/// The three entries of the terminal's port menu that let other programs in. The two ways in are remembered and open
-/// again at the next start; leave to transmit is given anew each time.
+/// The three entries of the terminal's port menu that let other programs in; what is switched on PortShare knows. The
+/// two ways in are remembered and open again at the next start; leave to transmit is given anew each time.
 class ShareEntry {
 public:
     struct Needs {
@@ -26,9 +26,7 @@ public:
     void mnu_shareRigctl_Click();    ///< "Share as rigctld Server"
     void mnu_shareTransmit_Click();  ///< "Shared Port may transmit"
 
-    Property<bool> sharesPort;
-    Property<bool> servesRigctl;
-    Property<bool> mayTransmit;
+    PortShare& share() { return m_needs.share; }
 
 private:
     void showPort(bool open);

@@ -58,10 +58,10 @@ void SharedLine::ask(ForeignCommand command) {
 bool SharedLine::mayGoOut(const ForeignCommand& command) {
     if (!keysTransmitter(command.wire)) return true;
     const std::string wire = utf8FromWire(command.wire);
-    told.emit(m_transmitAllowed ? "Another program has sent " + wire + " which can make the radio transmit."
-                                : "Another program wanted to send " + wire +
-                                      " which can make the radio transmit. It was not passed on.");
-    return m_transmitAllowed;
+    told.emit(transmitAllowed ? "Another program has sent " + wire + " which can make the radio transmit."
+                              : "Another program wanted to send " + wire +
+                                    " which can make the radio transmit. It was not passed on.");
+    return transmitAllowed;
 }
 
 bool SharedLine::endsTransmission(const ForeignCommand& command) const {
@@ -97,7 +97,7 @@ void SharedLine::endTransmissions(const std::string& why) {
 }
 
 void SharedLine::allowTransmit(bool allowed) {
-    m_transmitAllowed = allowed;
+    transmitAllowed = allowed;
     if (!allowed) endTransmissions("Other programs may not make the radio transmit any more;");
 }
 

@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/Property.h"
 #include "base/Signal.h"
 #include "cat/CatLink.h"
 #include "platform/Clock.h"
@@ -48,7 +49,7 @@ public:
     void forget(const void* from);
 
     void allowTransmit(bool allowed);
-    bool transmitAllowed() const { return m_transmitAllowed; }
+    Property<bool> transmitAllowed;  ///< as it was allowed last
     /// Words for the owner, UTF-8.
     Signal<const std::string&> told;
     /// What the radio tells unasked while the line is idle, with its ";".
@@ -89,8 +90,7 @@ private:
     std::map<std::string, std::string> m_answers;  // by question: the last ones
     bool m_sending = false;                        // one of theirs, just now
     bool m_oursHasSet = false;                     // and the answers are older than that
-    bool m_transmitAllowed = false;
-    std::map<std::string, const void*> m_keyed;  // by what ends it: who began the transmission
+    std::map<std::string, const void*> m_keyed;    // by what ends it: who began the transmission
     Connections m_connections;
 };
 
