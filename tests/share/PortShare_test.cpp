@@ -190,6 +190,35 @@ TEST(PortShare, LetsAProgramOpenInTheMiddleOfAReading) {
     EXPECT_EQ(bench.went, "FA07000000;") << "nobody shares it";
 }
 
+TEST(PortShare, AsksNothingAheadOfASilentRadioNorBesideAnOperation) {
+    fakes::ProgramBench<SimulatedPorts> bench;
+    bench.openPort();
+    std::string went;
+    const Connection sent = bench.program.link.went.connect([&](std::string_view wire) { went += wire; });
+    bench.fileDialog.choose(bench.folder.file("menu.mnu"));
+    bench.program.menuSave.mnu_Store_Click();
+    ASSERT_FALSE(bench.program.share.openTerminal(""));
+    bench.clock.advance(5'000);
+    EXPECT_EQ(went.find("ID;"), std::string::npos);
+    bench.clock.advance(20'000);
+    EXPECT_NE(went.find("RM8;"), std::string::npos) << "asked when it was over";
+
+    bench.ports.faults().deaf = true;
+    bench.program.link.send("FA07000000;");
+    went.clear();
+    bench.clock.advance(30'000);
+    EXPECT_EQ(went, "ID;");
+}
+
+TEST(PortShare, PassesOnWhatIsToldUnaskedToWhoWantsIt) {
+    ShareBench bench;
+    bench.ports.faults().unasked = true;
+    EXPECT_EQ(bench.ask("ID;"), "ID0251;");
+    EXPECT_EQ(bench.ask("AI1;", 2'000).find("IF"), std::string::npos);
+    bench.logger.takeHeard();
+    EXPECT_NE(bench.ask("ID;", 2'000).find("FA14195000;"), std::string::npos);
+}
+
 /// What an operation of ours has set is not told as it was before.
 TEST(PortShare, ForgetsWhatWasToldBeforeOursHasSet) {
     ShareBench bench;
