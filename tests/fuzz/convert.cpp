@@ -44,6 +44,23 @@ void checkFile(const std::string& kind, const std::string& file) {
     EXPECT_EQ(*sheetOf(kind, *again, titleOf), *sheet);
 }
 
+/// The text of a table is read as that table.
+void checkText(const Table& sheet) {
+    const auto table = NamedTable::read(csvText(sheet), {});
+    if (!table) {  // which no spreadsheet shows
+        EXPECT_NE(table.error().text.find("control characters"), std::string::npos) << table.error().text;
+        return;
+    }
+    ASSERT_EQ(table->titles(), sheet.front());
+    std::size_t row = 0;
+    for (auto cells = sheet.begin() + 1; cells != sheet.end(); ++cells) {
+        if (std::all_of(cells->begin(), cells->end(), [](const auto& cell) { return cell.empty(); })) continue;
+        ASSERT_LT(row, table->rows());
+        for (std::size_t i = 0; i < cells->size(); ++i) EXPECT_EQ(table->cellAt(row, i), (*cells)[i]);
+        ++row;
+    }
+}
+
 /// What was taken from CHIRP's table goes there and comes back, with nothing more lost but what was told.
 void checkChannels(const ChirpImport& import) {
     for (const auto& loss : import.losses) EXPECT_TRUE(isUtf8(loss)) << loss;
@@ -93,20 +110,7 @@ FUZZ_TARGET(convert_file) {
         EXPECT_FALSE(sheet.error().text.empty());
         return;
     }
-    const auto table = NamedTable::read(csvText(*sheet), {});
-    if (!table) {  // which no spreadsheet shows
-        EXPECT_NE(table.error().text.find("control characters"), std::string::npos) << table.error().text;
-        return;
-    }
-    ASSERT_EQ(table->titles(), sheet->front());
-    std::size_t row = 0;
-    for (auto cells = sheet->begin() + 1; cells != sheet->end(); ++cells) {
-        const bool isBlank = std::all_of(cells->begin(), cells->end(), [](const auto& cell) { return cell.empty(); });
-        if (isBlank) continue;
-        ASSERT_LT(row, table->rows());
-        for (std::size_t i = 0; i < cells->size(); ++i) EXPECT_EQ(table->cellAt(row, i), (*cells)[i]);
-        ++row;
-    }
+    checkText(*sheet);
     const auto file = fileOf(kind->second, csvText(*sheet));
     if (file) return checkFile(kind->second, *file);
     EXPECT_FALSE(file.error().text.empty());

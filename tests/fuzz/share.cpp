@@ -6,6 +6,7 @@
 #include <set>
 
 #include "base/AsciiText.h"
+#include "cat/TransmitGuard.h"
 #include "fakes/FakeDialogs.h"
 #include "fakes/FakeDoors.h"
 #include "fakes/ScriptedDevice.h"
@@ -122,8 +123,8 @@ private:
     void watch(std::string_view wire) {
         if (!asks(wire)) m_sets += wire;
         const std::string heard = inCapitals(std::string(wire));
-        if (heard.size() == 4 && (heard.starts_with("TX") || heard.starts_with("MX")))
-            m_keyed[heard[0]] = heard[2] != '0';
+        if (keysTransmitter(wire)) m_keyed[heard[0]] = true;
+        if (heard == "TX0;" || heard == "MX0;") m_keyed[heard[0]] = false;
         if (m_link.operation() == nullptr) return;
         EXPECT_TRUE(wire == "EX042;" || heard == "TX0;" || heard == "MX0;") << wire;
     }
