@@ -230,9 +230,8 @@ void SharedLine::settle(const std::string& answer) {
     goOn();
 }
 
-/// The port is closed: the radio is silent.
+/// The port is closed: the radio is silent. What was keyed when it was pulled out is ended when it can be.
 void SharedLine::keepQuiet() {
-    m_keyed.clear();
     m_oursHasSet = false;
     m_answers.clear();
     if (m_underWay) settle("");

@@ -55,6 +55,7 @@ TEST(KindSheets, UnderstandWhatSpreadsheetsDoToNumbers) {
     replace(menu, "001,,0020", "1,,20");
     replace(menu, "002,,+05", "2,,5");
     EXPECT_EQ(back("menu", menu).substr(0, 33), "EX0010020;\r\nEX002+05;\r\nEX003-10;\r");
+    EXPECT_EQ(back("menu", "Item,Value,Command\n3,0,EX003-00;\n").substr(4, 9), "EX003-00;");
     replace(menu, "1,,20", "1,,40");
     replace(menu, "2,,5", "2,,-7");
     EXPECT_EQ(back("menu", menu).substr(0, 33), "EX0010040;\r\nEX002-07;\r\nEX003-10;\r");

@@ -70,6 +70,7 @@ TEST(PortShare, RefusesNoiseAndFloodsAndGoesOn) {
     ShareBench bench;
     bench.went.clear();
     EXPECT_EQ(bench.ask(std::string(5'000, 'F') + ";"), "?;");
+    EXPECT_EQ(bench.ask("KM1" + std::string(65, 'F') + ";"), "?;");
     EXPECT_EQ(bench.ask("\x01\xff\x80;"), "?;");
     EXPECT_EQ(bench.ask(";"), "?;");
     EXPECT_EQ(bench.ask("12;"), "?;");
@@ -116,12 +117,16 @@ TEST(PortShare, KeepsALateForeignAnswerFromOurReading) {
     bench.openPort();
     ASSERT_FALSE(bench.program.share.openTerminal(""));
     bench.clock.advance(3'000);
+    bench.doors.atDevice.say("FA;");
+    bench.clock.advance(100);
+    EXPECT_EQ(bench.doors.atDevice.takeHeard(), "FA14074000;");
     radio.answerDelay = 80;
     bench.doors.atDevice.say("EX149;");
     bench.fileDialog.choose(bench.folder.file("menu.mnu"));
     bench.program.menuSave.mnu_Store_Click();
+    bench.doors.atDevice.say("FA;");
     bench.clock.advance(20'000);
-    EXPECT_EQ(bench.doors.atDevice.takeHeard(), "EX1491;");
+    EXPECT_EQ(bench.doors.atDevice.takeHeard(), "EX1491;FA14074000;") << "in their order";
     const std::string file = fakes::fileContent(bench.folder.file("menu.mnu"));
     EXPECT_EQ(file.substr(0, 6), "EX0011");
     EXPECT_EQ(file.find("EX149"), file.rfind("EX149"));
@@ -235,16 +240,42 @@ TEST(PortShare, ForgetsWhatWasToldBeforeOursHasSet) {
     EXPECT_EQ(bench.ask("EX042;"), "EX042060;");
 }
 
+/// The same for what a program has set, what the radio has refused, and what was before the port was closed.
+TEST(PortShare, TellsNothingFromBeforeWhileOursHasTheLine) {
+    ShareBench bench;
+    bench.program.link.closePort();
+    bench.openPort();
+    bench.clock.advance(5'000);
+    EXPECT_EQ(bench.ask("SH1;"), "?;");
+    EXPECT_EQ(bench.ask("FA07000000;AI1;"), "");
+    bench.fileDialog.choose(bench.folder.file("menu.mnu"));
+    bench.program.menuSave.mnu_Store_Click();
+    EXPECT_EQ(bench.ask("SH1;", 1'000), "") << "it may be another answer now";
+    bench.clock.advance(2'000);
+    bench.logger.takeHeard();
+    EXPECT_EQ(bench.ask("FA;AI;", 1'900), "");
+    bench.clock.advance(20'000);
+    bench.logger.takeHeard();
+    EXPECT_EQ(bench.ask("AI0;FA;AI;", 500), "FA07000000;AI0;");
+    bench.clock.advance(5'000);
+    bench.program.link.closePort();
+    bench.openPort();
+    bench.clock.advance(5'000);
+    bench.program.menuSave.mnu_Store_Click();
+    EXPECT_EQ(bench.ask("ID;FA;", 0), "ID0251;FA07000000;");
+    bench.program.link.breakOff(Outcome::Kind::Cancelled);
+}
+
 TEST(PortShare, LeavesTheRadioAsItWasFound) {
     ShareBench bench;
     bench.went.clear();
-    EXPECT_EQ(bench.ask("EX0291;EX029;"), "EX0291;") << "what hamlib wants to hear";
+    EXPECT_EQ(bench.ask("EX0292;EX029;"), "EX0292;") << "what hamlib wants to hear";
     EXPECT_EQ(bench.went, "");
     bench.ask("AI1;");
     bench.logger.leave();
     bench.clock.advance(100);
     EXPECT_EQ(bench.went, "AI1;AI0;");
-    EXPECT_EQ(bench.ask("EX029;").size(), 7U) << "the radio's own";
+    EXPECT_EQ(bench.ask("EX029;"), "EX0291;") << "the radio's own";
 }
 
 TEST(PortShare, IsSilentWithoutARadio) {
@@ -290,6 +321,12 @@ TEST(RigctlFace, SpeaksHamlibsNetworkProtocol) {
     EXPECT_EQ(request("F 99"), "RPRT -1\n");
     EXPECT_EQ(request("F"), "RPRT -1\n");
     EXPECT_EQ(request("l STRENGTH"), "RPRT -11\n");
+    EXPECT_EQ(request(std::string(300, 'f')), "RPRT -11\n");
+    EXPECT_EQ(request("f" + std::string(400, ' ') + "V Sub"), "14250000\n") << "the end of a line without end is lost";
+    std::string flood;
+    for (int i = 0; i < 200; ++i) flood += "q\n";
+    flood.insert(0, "f\n");
+    EXPECT_EQ(request(flood).size(), std::string("14250000\n").size() + 63 * std::string("RPRT 0\n").size());
     EXPECT_EQ(request("f\nv\nt"), "14250000\nVFOA\n0\n");
     bench.program.link.closePort();
     EXPECT_EQ(request("f"), "RPRT -5\n");
