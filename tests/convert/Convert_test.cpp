@@ -109,7 +109,8 @@ TEST(Chirp, TakesWhatTheRadioCanHoldAndTellsTheRest) {
         "2,DV,29.600000,,0,,88.5,88.5,023,NN,DV,5,,\n"
         "3,\"a,b\",29.620000,-,0.100000,TSQL,88.5,103.5,023,NN,NFM,5,S,c\xE2\x82\xAC\xE2\x98\x85\n"
         "4,x,7.0,split,7.1,DTCS,88.5,88.5,023,NN,NCW,5,,\n"
-        "3,again,7.0,,,,,,,,LSB,,,\n");
+        "3,again,7.0,,,,,,,,LSB,,,\n"
+        "5,y,14.2500001,,,,,,,,LSB,,,\n");
     ASSERT_TRUE(in);
     EXPECT_EQ(*channelFile("list", in->channels),
               "MW00329620000+000000B01132;a b c\x80?\r\nMW00407000000+000000300080;x\r\n\r\n");
@@ -123,7 +124,8 @@ TEST(Chirp, TakesWhatTheRadioCanHoldAndTellsTheRest) {
             "channel 3: commas and line ends of the remark became blanks",
             "channel 3: the remark's character \"\xE2\x98\x85\" became \"?\"", "channel 3: Skip \"S\" is left out",
             "channel 4: the mode NCW is taken as CW", "channel 4: the tone mode DTCS is left out",
-            "channel 4: the duplex \"split\" is left out", "channel 3: left out, it is there twice"}));
+            "channel 4: the duplex \"split\" is left out", "channel 3: left out, it is there twice",
+            "channel 5: left out, the radio does not tune 14.2500001 MHz"}));
     EXPECT_FALSE(channelsFromChirp("Memory,Hz\n1,2\n"));
 }
 

@@ -1,5 +1,6 @@
 #include "share/PortShare.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -288,6 +289,20 @@ TEST(PortShare, IsSilentWithoutARadio) {
     bench.ports.unplug();
     bench.clock.advance(100);
     EXPECT_EQ(bench.ask("ID;"), "");
+}
+
+TEST(PortShare, HangsUpOnTheSeventeenthGuest) {
+    ShareBench bench;
+    std::array<FakeProgram, 17> guests;
+    ASSERT_FALSE(bench.share.listen(4532));
+    for (auto& guest : guests) bench.doors.connect(guest);
+    EXPECT_NE(guests[15].caller, nullptr);
+    EXPECT_EQ(guests[16].caller, nullptr);
+    guests[3].leave();
+    bench.doors.connect(guests[16]);
+    EXPECT_NE(guests[16].caller, nullptr);
+    bench.share.stopListening();
+    EXPECT_EQ(guests[0].caller, nullptr);
 }
 
 TEST(RigctlFace, SpeaksHamlibsNetworkProtocol) {
