@@ -33,9 +33,18 @@ MemoryField fieldAt(int col) {
 
 }  // namespace
 
+MemoryListEdits::MemoryListEdits(MemoryList& list, MemoryListFace& face, MsgBox& msgBox)
+    : m_list(list), m_face(face), m_msgBox(msgBox), m_rowsChanged(list.rowsChanged.connect([this] { told = ""; })) {}
+
+void MemoryListEdits::inOneStep(const std::string& what, const std::function<void()>& change) {
+    const MemoryList::Step step(m_list, what);
+    change();
+}
+
 void MemoryListEdits::clearRows(const std::vector<int>& rows) {
-    const MemoryList::Step step(m_list, "deletion of " + rowsInWords(rows.size()));
-    for (const int row : rows) m_list.clearRow(row);
+    inOneStep("deletion of " + rowsInWords(rows.size()), [&] {
+        for (const int row : rows) m_list.clearRow(row);
+    });
     told = "Content of " + rowsInWords(rows.size()) + " deleted";
 }
 
@@ -46,9 +55,10 @@ void MemoryListEdits::insertRow(int row) {
 }
 
 void MemoryListEdits::deleteRows(const std::vector<int>& rows) {
-    const MemoryList::Step step(m_list, "removal of " + rowsInWords(rows.size()));
-    int removed = 0;  // what was below has come up
-    for (const int row : rows) m_list.deleteRow(row - removed++);
+    inOneStep("removal of " + rowsInWords(rows.size()), [&] {
+        int removed = 0;  // what was below has come up
+        for (const int row : rows) m_list.deleteRow(row - removed++);
+    });
     told = rowsInWords(rows.size()) + " removed";
 }
 
@@ -116,32 +126,35 @@ void MemoryListEdits::pasteText(const std::string& text) {
 
 /// Yellow stays where it is.
 void MemoryListEdits::place(const std::map<int, MemoryRow>& rows) {
-    const MemoryList::Step step(m_list, "pasting of " + rowsInWords(rows.size()));
-    for (const auto& [row, content] : rows) {
-        MemoryRow pasted = content;
-        pasted.marked = m_list.row(row).marked;
-        m_list.setRow(row, pasted);
-    }
+    inOneStep("pasting of " + rowsInWords(rows.size()), [&] {
+        for (const auto& [row, content] : rows) {
+            MemoryRow pasted = content;
+            pasted.marked = m_list.row(row).marked;
+            m_list.setRow(row, pasted);
+        }
+    });
     told = rowsInWords(rows.size()) + " pasted";
 }
 
 void MemoryListEdits::moveRows(const std::vector<int>& rows, bool up) {
     const bool room = !rows.empty() && (up ? rows.front() > 1 : rows.back() < MemoryList::rows);
     if (!room) return;
-    const MemoryList::Step step(m_list, "moving of " + rowsInWords(rows.size()));
-    std::vector<int> inOrder = rows;
-    if (!up) std::reverse(inOrder.begin(), inOrder.end());
     const int by = up ? -1 : 1;
-    for (const int row : inOrder) {
-        const MemoryRow moved = m_list.row(row);
-        m_list.setRow(row, m_list.row(row + by));
-        m_list.setRow(row + by, moved);
-    }
-    m_list.renumberFilledRows();
+    inOneStep("moving of " + rowsInWords(rows.size()), [&] {
+        std::vector<int> inOrder = rows;
+        if (!up) std::reverse(inOrder.begin(), inOrder.end());
+        for (const int row : inOrder) {
+            const MemoryRow moved = m_list.row(row);
+            m_list.setRow(row, m_list.row(row + by));
+            m_list.setRow(row + by, moved);
+        }
+        m_list.renumberFilledRows();
+    });
     m_list.grid.setCurrent(m_list.grid.Row() + by, m_list.grid.Col());
     std::vector<int> moved = rows;
     for (int& row : moved) row += by;
     rowsMoved.emit(moved);
+    told = rowsInWords(rows.size()) + " moved " + (up ? "up" : "down");
 }
 
 void MemoryListEdits::undo() {

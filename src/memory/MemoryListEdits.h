@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,10 +14,9 @@ namespace korvex {
 /// every call is one step of its history. What was done, or why not, is told.
 class MemoryListEdits {
 public:
-    MemoryListEdits(MemoryList& list, MemoryListFace& face, MsgBox& msgBox)
-        : m_list(list), m_face(face), m_msgBox(msgBox) {}
+    MemoryListEdits(MemoryList& list, MemoryListFace& face, MsgBox& msgBox);
 
-    Property<std::string> told;                 ///< UTF-8, one line
+    Property<std::string> told;                 ///< UTF-8, one line; until the rows change otherwise
     Signal<const std::string&> textCopied;      ///< for the clipboard: UTF-8 with tabs
     Signal<const std::vector<int>&> rowsMoved;  ///< the chosen rows are these now
 
@@ -43,6 +43,7 @@ public:
     void FlexGrid1_KeyDown(char key, const std::vector<int>& rows, const std::string& clipboard);
 
 private:
+    void inOneStep(const std::string& what, const std::function<void()>& change);
     void markYellow(const std::vector<int>& rows);
     void pasteCopied(const std::vector<int>& rows);
     void pasteText(const std::string& text);
@@ -55,6 +56,7 @@ private:
     MsgBox& m_msgBox;
     std::vector<MemoryRow> m_copied;
     std::string m_copiedText;
+    Connection m_rowsChanged;
 };
 
 }  // namespace korvex

@@ -188,12 +188,16 @@ TEST_F(Edits, MoveRowsWithTheirMarks) {
     at(6);
     edits.moveRows({5, 7}, true);
     EXPECT_EQ(moved, (std::vector<int>{4, 6}));
+    EXPECT_EQ(edits.told.get(), "2 rows moved up");
     EXPECT_EQ(list.grid.Row(), 5);
     EXPECT_EQ(list.cell(4, MemoryField::Remark), "R5");
     EXPECT_EQ(list.cell(4, MemoryField::Channel), "004");
     EXPECT_TRUE(list.grid.CellBackColor(5, 1));
     EXPECT_EQ(list.cell(6, MemoryField::Remark), "R7");
     EXPECT_EQ(list.cell(7, MemoryField::Remark), "R6");
+    face.put(6, MemoryList::column(MemoryField::Remark), "R7a");
+    EXPECT_EQ(edits.told.get(), "");  // what it said is no longer the last that was done
+    face.put(6, MemoryList::column(MemoryField::Remark), "R7");
     edits.moveRows({4, 5, 6}, false);
     EXPECT_EQ(list.cell(7, MemoryField::Remark), "R7");
     EXPECT_EQ(list.cell(4, MemoryField::Remark), "R6");

@@ -188,6 +188,15 @@ TEST_F(MemoryWindows, CellsAreEditedInPlaceAndTheFormFollows) {
     EXPECT_EQ(memory.list.cell(2, MemoryField::Frequency), "14250000");
     EXPECT_EQ(find<QLineEdit>(editor, "txt1")->text().toStdString(), "14'250'000");
 
+    memory.list.grid.setCurrent(2, MemoryList::column(MemoryField::Mode));
+    grid->editCurrent();
+    auto* codes = dynamic_cast<QComboBox*>(cellEditor());
+    ASSERT_NE(codes, nullptr);
+    for (const char letter : {'p', 'k', 't', '-', 'f'}) key(codes, Qt::Key_unknown, QString(QLatin1Char(letter)));
+    EXPECT_EQ(codes->currentText().toStdString(), "A PKT-FM");
+    key(codes, Qt::Key_Escape);
+    ended();
+
     find<QAction>(list, "mnu_readable")->setChecked(true);
     EXPECT_EQ(bench.settings.values["Settings/ChannelinfoReadable"], "True");
     EXPECT_EQ(grid->model()->index(1, 1).data().toString().toStdString(), "14.250.000");

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QComboBox>
+#include <QElapsedTimer>
 
 namespace korvex {
 
-/// The values that can be chosen in a cell. Keys choose without leaving it; a choice in the opened list is final.
+/// The values that can be chosen in a cell. Keys choose without leaving it: "2", "us" and "USB" all come to "2 USB". A
+/// choice in the opened list is final.
 class ChoiceBox : public QComboBox {
     Q_OBJECT
 
@@ -20,7 +22,14 @@ public:
 Q_SIGNALS:
     void chosenInList();
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    int choiceThatBegins(const QString& typed) const;
+
+    QString m_typed;
+    QElapsedTimer m_sinceTyped;
     bool m_open = false;
 };
 
