@@ -63,8 +63,9 @@ void FileOpener::open(const std::vector<std::string>& files) {
     const std::string file = absolute(files.front());
     if (const std::string why = whyNot(file); !why.empty()) return m_desk.msgBox.exclamation(why);
     const Way* way = wayFor(file);
-    m_waiting = Waiting{way, file};
-    m_start(way->tool);
+    const StartWindow::Tool tool = way->chosenTool ? way->chosenTool(file) : way->tool;
+    m_waiting = Waiting{way, tool, file};
+    m_start(tool);
 }
 
 void FileOpener::mnu_OpenFile_Click(const std::string& from) {
@@ -75,7 +76,7 @@ void FileOpener::mnu_OpenFile_Click(const std::string& from) {
 
 void FileOpener::toolOpened(int tool) {
     const auto waiting = std::exchange(m_waiting, std::nullopt);
-    if (waiting && waiting->way->tool == tool) waiting->way->load(waiting->file);
+    if (waiting && waiting->tool == tool) waiting->way->load(waiting->file);
 }
 
 std::vector<std::string> FileOpener::recent() const {

@@ -20,6 +20,8 @@ public:
         std::string_view ending;  ///< "mnu"
         StartWindow::Tool tool;
         std::function<void(const std::string& file)> load;  ///< once the tool's window is there
+        /// Where the person may want the file in another tool; nothing: in `tool`.
+        std::function<StartWindow::Tool(const std::string& file)> chosenTool = {};
     };
 
     /// `start` opens a tool as its button in the start window does.
@@ -44,6 +46,7 @@ private:
     std::vector<Way> m_ways;
     struct Waiting {
         const Way* way;
+        int tool;
         std::string file;
     };
     std::optional<Waiting> m_waiting;

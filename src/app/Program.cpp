@@ -168,8 +168,8 @@ std::vector<FileOpener::Way> Program::waysToOpen() {
         return [this, load](const std::string& file) { fileDialog.answering(file, load); };
     };
     return {
-        {"mnu", StartWindow::Terminal,
-         [this](const std::string& file) { proposeToRestore(file, "menu", "Restore Menu to FT2000"); }},
+        {"mnu", StartWindow::Terminal, [this](const std::string& file) { loadMenu(file); },
+         [this](const std::string& file) { return toolForMenu(file); }},
         {"mem", StartWindow::Terminal,
          [this](const std::string& file) { proposeToRestore(file, "memory", "Restore Memories to FT2000"); }},
         {"mef", StartWindow::MemoryManager, given([this] { memory.listFiles.loadListFile(); })},
@@ -180,7 +180,29 @@ std::vector<FileOpener::Way> Program::waysToOpen() {
     };
 }
 
-/// What holds the whole menu or all memories is for the radio alone. It is looked at, and stands ready where the entry
+/// Whoever has the Menu Manager open wants to see it there.
+StartWindow::Tool Program::toolForMenu(const std::string& file) {
+    const auto content = textfile::read(file);
+    const auto items = content ? fileKind("menu")->items(*content) : content.error();
+    if (!items) return StartWindow::Terminal;  // which tells why
+    if (windows.menuManager.visible) return StartWindow::MenuManager;
+    const auto answer = desk.msgBox.show(
+        {file.substr(file.rfind('/') + 1) + " holds " + fileKind("menu")->holds(*items, 0) +
+             ".\n\nShow them in a settings column of the Menu Manager? \"No\" makes them ready for \"Restore Menu to "
+             "FT2000\" in the terminal. Neither writes into the radio.",
+         "", MsgIcon::Question, MsgButtons::YesNo});
+    return answer == MsgAnswer::Yes ? StartWindow::MenuManager : StartWindow::Terminal;
+}
+
+void Program::loadMenu(const std::string& file) {
+    if (!windows.menuManager.visible) return proposeToRestore(file, "menu", "Restore Menu to FT2000");
+    menuManager.whenFilled([this, file] {
+        menuManager.selectEmptyColumn();
+        fileDialog.answering(file, [this] { menuManager.mnu_loadColumn_Click(); });
+    });
+}
+
+/// All memories are for the radio alone, and so may be a whole menu. It is looked at, and stands ready where the entry
 /// that writes it asks for its file.
 void Program::proposeToRestore(const std::string& file, const std::string& kind, const std::string& entry) {
     const auto content = textfile::read(file);

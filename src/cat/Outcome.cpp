@@ -13,10 +13,7 @@ std::string number(int value) {
 /// ", 2 refused: 031, 088"
 std::string namesOf(const std::vector<std::string>& items, const char* what) {
     if (items.empty()) return {};
-    std::string text = ", " + number(static_cast<int>(items.size())) + " " + what + ":";
-    constexpr std::size_t mostNames = 12;  // a panel has one line
-    for (std::size_t i = 0; i < std::min(items.size(), mostNames); ++i) text += (i == 0 ? " " : ", ") + items[i];
-    return items.size() > mostNames ? text + ", ..." : text;
+    return ", " + number(static_cast<int>(items.size())) + " " + what + ": " + someOf(items);
 }
 
 std::string exceptions(const Outcome& outcome) {
@@ -49,6 +46,13 @@ std::string kept(const Outcome& outcome, const ItemWords& words) {
 }
 
 }  // namespace
+
+std::string someOf(const std::vector<std::string>& names) {
+    constexpr std::size_t most = 12;  // a panel has one line
+    std::string text;
+    for (std::size_t i = 0; i < std::min(names.size(), most); ++i) text += (i == 0 ? "" : ", ") + names[i];
+    return names.size() > most ? text + ", ..." : text;
+}
 
 std::string inWords(const Outcome& outcome, const ItemWords& words) {
     if (outcome.wentThrough()) return whole(outcome, words);

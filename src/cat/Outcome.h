@@ -44,6 +44,9 @@ struct Outcome {
     }
 };
 
+/// "031, 088"; of many the first twelve, with "..." behind them.
+std::string someOf(const std::vector<std::string>& names);
+
 /// What an operation counts, and which way it goes: for the words about it.
 struct ItemWords {
     std::string one = "item";    ///< "item"

@@ -6,6 +6,7 @@
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
+#include "cat/Outcome.h"
 #include "menu/MenuFile.h"
 #include "menu/SettingsColumns.h"
 
@@ -67,6 +68,7 @@ Failure MenuColumns::take(int column, const std::string& content, std::string& t
     const auto values = valuesIn(*lines);
     if (values.empty()) return RuntimeError{errors::TypeMismatch, "There is no menu item in it"};
     int placed = 0;
+    std::vector<std::string> untold;
     m_grid.setRedraw(false);
     for (int item = 1; item <= menuItemCount; ++item) {
         const std::string number = zeroPadded(item, 3);
@@ -74,11 +76,15 @@ Failure MenuColumns::take(int column, const std::string& content, std::string& t
         const int row = rowOfItem(m_grid, number);
         if (row < 0) continue;
         m_grid.setTextMatrix(row, column, value == values.end() ? std::string() : value->second);
-        if (value != values.end()) ++placed;
+        if (value != values.end()) {
+            ++placed;
+        } else {
+            untold.push_back(number);
+        }
     }
     m_grid.setRedraw(true);
     told = itemsOfAll(placed) + " into " + columnName(m_grid, column);
-    if (placed < menuItemCount) told += "; the others are empty now";
+    if (!untold.empty()) told += "; empty now: " + someOf(untold);
     return {};
 }
 
@@ -101,12 +107,14 @@ std::string MenuColumns::save(int column) {
         m_files.msgBox().exclamation(commands.error().text + "; nothing was saved.", saveTitle);
         return {};
     }
-    const std::string content = menuFileText(tableOf(*commands));
+    const MenuCommandTable table = tableOf(*commands);
+    const std::string content = menuFileText(table);
     const int items = itemsTold(*menuFileLines(content));
     const auto saved = m_files.write({saveTitle, "mnu", items < menuItemCount}, content,
                                      [this](const RuntimeError& error) { m_files.tell(error, saveTitle); });
     if (!saved.file || saved.failure) return {};
-    return "Saved " + columnName(m_grid, column) + " in " + nameOf(saved) + ": " + itemsOfAll(items);
+    return "Saved " + columnName(m_grid, column) + " in " + nameOf(saved) + ": " + itemsOfAll(items) +
+           (items < menuItemCount ? "; empty: " + someOf(missingItems(table)) : "");
 }
 
 }  // namespace korvex

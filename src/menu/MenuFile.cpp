@@ -145,13 +145,26 @@ MenuCommandTable namedAnswers(const MenuCommandTable& table) {
     return named;
 }
 
-int answersInPlace(const MenuCommandTable& table) {
-    int count = 0;
+std::vector<std::string> missingItems(const MenuCommandTable& table) {
+    std::vector<std::string> missing;
     for (int item = 1; item <= menuItemCount; ++item) {
         const std::string& answer = table.answer(item);
-        if (isItem(answer) && answer.starts_with(menuReadCommand(item).substr(0, headLength))) ++count;
+        const bool isIts = isItem(answer) && answer.starts_with(menuReadCommand(item).substr(0, headLength));
+        if (!isIts) missing.push_back(zeroPadded(item, 3));
     }
-    return count;
+    return missing;
+}
+
+std::vector<std::string> refusedItems(const MenuCommandTable& table) {
+    std::vector<std::string> refused;
+    for (int item = 1; item <= menuItemCount; ++item) {
+        if (table.answer(item) == refusal) refused.push_back(zeroPadded(item, 3));
+    }
+    return refused;
+}
+
+int answersInPlace(const MenuCommandTable& table) {
+    return menuItemCount - static_cast<int>(missingItems(table).size());
 }
 
 }  // namespace korvex

@@ -53,5 +53,8 @@ MenuCommandTable namedAnswers(const MenuCommandTable& table);
 
 /// How many of the answers are the right item's own: "EX", its number, a value, ";".
 int answersInPlace(const MenuCommandTable& table);
+/// The numbers of the items ("031") whose rows have no such answer, and those among them whose row says "?;".
+std::vector<std::string> missingItems(const MenuCommandTable& table);
+std::vector<std::string> refusedItems(const MenuCommandTable& table);
 
 }  // namespace korvex

@@ -1,5 +1,6 @@
 #include "menu/MenuManager.h"
 
+#include <algorithm>
 #include <array>
 #include <numeric>
 #include <utility>
@@ -24,7 +25,7 @@ const std::string restoreTitle = "Restore Menu Settings to FT-2000";
 const std::string selectFirst = "Aborted. Select first a Column in Settings  1 to 4 !";
 const std::string selectFirstToWrite = "Aborted. Select first a Column: Settings1 or Settings 2!";
 
-std::string someOf(const std::vector<std::string>& rows) {
+std::string someRows(const std::vector<std::string>& rows) {
     constexpr std::size_t most = 10;
     if (rows.size() <= most) return rowNames(rows);
     return rowNames({rows.begin(), rows.begin() + most}) + " and " + std::to_string(rows.size() - most) + " more";
@@ -76,6 +77,13 @@ void MenuManager::prepareGrid() {
     grid.setRedraw(true);
     m_history.pass();
     changed();
+    m_filled = true;
+    if (const auto run = std::exchange(m_whenFilled, nullptr)) run();
+}
+
+void MenuManager::whenFilled(std::function<void()> run) {
+    if (m_filled) return run();
+    m_whenFilled = std::move(run);
 }
 
 bool MenuManager::columnChecked(const std::string& complaint) {
@@ -107,6 +115,7 @@ void MenuManager::onCellChanged(int row, int col) {
     if (!isSettingsColumn(grid, col)) return;
     const std::string item = grid.TextMatrix(itemRowOf(m_database.numbers(), row), 0);
     m_history.noteCell(row, col, row == 0 ? "New Title" : "Change of " + item);
+    if (!m_history.holds && !noticeWarns) showLabel(" ", false);  // it told of what was before
     if (!m_history.holds) m_sheet.compare();
     modified = m_database.isModified();
 }
@@ -143,7 +152,7 @@ void MenuManager::mnu_loadFlexgrid_Click() {
 bool MenuManager::mayLoseEdits() {
     const auto rows = m_database.unsavedRows();
     return rows.empty() || m_needs.desk.msgBox.confirm("The Menu Manager has settings that are not in its file: " +
-                                                       someOf(rows) + ".\r\nGo on without them?");
+                                                       someRows(rows) + ".\r\nGo on without them?");
 }
 
 void MenuManager::Flexgrid_toGrid_Click() {
@@ -182,6 +191,19 @@ void MenuManager::mnu_loadColumn_Click() {
     if (columnChecked(selectFirst) && !toldBusy("Load Column")) tellDone(m_columns.load(SelectedSettingsColumn()));
 }
 
+void MenuManager::selectEmptyColumn() {
+    const auto isEmpty = [this](int column) {
+        for (int row = 1; row < grid.Rows(); ++row) {
+            if (!grid.TextMatrix(row, column).empty()) return false;
+        }
+        return true;
+    };
+    if (SelectedSettingsColumn() > 0) return;
+    const auto columns = settingsColumns(grid);
+    const auto empty = std::find_if(columns.begin(), columns.end(), isEmpty);
+    if (empty != columns.end()) m_sheet.select(*empty);
+}
+
 void MenuManager::mnu_saveColumn_Click() {
     if (columnChecked(selectFirst) && !toldBusy("Save Column")) tellDone(m_columns.save(SelectedSettingsColumn()));
 }
@@ -201,7 +223,7 @@ void MenuManager::readRadio(int column, const std::string& caption) {
     m_link.panels().Error = "";
     m_readColumn = column;
     m_rowPointer = 0;
-    m_placedAnswers = 0;
+    m_placed.clear();
     m_history.holds = true;  // all answers are one step
     m_reader.read({ActiveOperation::MenuReadToManager, caption, 1});
 }
@@ -215,7 +237,7 @@ void MenuManager::placeAnswer(const std::string& item, const std::string& value)
     if (row < 0) row = rowOfItem(grid, item);
     if (row < 0) return;
     m_rowPointer = row;
-    ++m_placedAnswers;
+    m_placed.insert(item);
     grid.setTextMatrix(row, m_readColumn, utf8FromWire(value));
 }
 
@@ -232,19 +254,25 @@ void MenuManager::onReadEnded(const Outcome& outcome) {
 void MenuManager::tellCompared() {
     const int column = SelectedSettingsColumn();
     if (column == 0) return showLabel(" The radio has been read; select a column to compare with it", false);
-    showLabel(" " + std::to_string(m_sheet.unlikeRadio()) + " settings of " + columnName(grid, column) +
-                  " are not those of the radio",
+    const int unlike = m_sheet.unlikeRadio();
+    showLabel(" " + std::to_string(unlike) + (unlike == 1 ? " setting of " : " settings of ") +
+                  columnName(grid, column) + (unlike == 1 ? " is not that of the radio" : " are not those of the radio"),
               false);
 }
 
 void MenuManager::readComplete() {
-    const int placed = m_placedAnswers;
+    std::vector<std::string> missing;
+    for (int item = 1; item <= menuItemCount; ++item) {
+        if (const auto number = zeroPadded(item, 3); !m_placed.contains(number)) missing.push_back(number);
+    }
     const auto answer = m_needs.desk.msgBox.show(
         {"Do you like to save the Menu Settings now", "Save Tabel", MsgIcon::None, MsgButtons::YesNoCareful});
     if (answer == MsgAnswer::Yes) saveGrid();
-    if (placed == menuItemCount) return;
+    if (missing.empty()) return;
     // The other cells of the column hold what they held before.
-    showLabel(" Only " + std::to_string(placed) + " of " + std::to_string(menuItemCount) + " items were read", true);
+    showLabel(" Only " + std::to_string(menuItemCount - missing.size()) + " of " + std::to_string(menuItemCount) +
+                  " items were read, not " + someOf(missing),
+              true);
 }
 
 void MenuManager::showOnlyUnlikeRadio(bool only) {
@@ -312,6 +340,7 @@ void MenuManager::onExchanged(const Outcome& outcome) {
     if (outcome == Outcome::Kind::NoAnswer) showLabel(" No answer for menu item " + m_exchange.itemNumber(), true);
     if (!outcome.isDone()) return;
     m_sheet.tellRadio(m_exchange.itemNumber(), m_exchange.valueAnswered);
+    if (!noticeWarns) showLabel(" ", false);
     m_sheet.compare();
 }
 

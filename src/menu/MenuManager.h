@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 
 #include "base/Property.h"
@@ -55,6 +56,10 @@ public:
     void copyColumnTo(int column);
     void mnu_loadColumn_Click();
     void mnu_saveColumn_Click();
+    /// Selects the first empty settings column while none is selected.
+    void selectEmptyColumn();
+    /// Runs it when the grid has been filled: at once, or at a tick after Form_Load.
+    void whenFilled(std::function<void()> run);
     /// Reads the radio and changes no column.
     void mnu_compareRadio_Click();
     void mnu_exportDescriptions_Click();
@@ -131,7 +136,9 @@ private:
     ItemExchange m_exchange;
     int m_readColumn = 0;  // where a reading goes; 0: into no column
     int m_rowPointer = 0;  // grid row of the last answer that was placed
-    int m_placedAnswers = 0;
+    bool m_filled = false;
+    std::function<void()> m_whenFilled;
+    std::set<std::string> m_placed;  // numbers of the items whose answers were
     Connections m_connections;
 };
 

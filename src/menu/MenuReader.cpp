@@ -82,11 +82,8 @@ void MenuReader::converse() {
 }
 
 void MenuReader::complete() {
-    Outcome outcome{Outcome::Kind::Done, answersInPlace(m_answers), menuItemCount, {}, {}};
-    for (int item = 1; item <= menuItemCount; ++item) {
-        if (m_answers.answer(item) == "?;") outcome.refused.push_back(zeroPadded(item, 3));
-    }
-    m_operation->end(outcome);
+    m_operation->end(
+        {Outcome::Kind::Done, answersInPlace(m_answers), menuItemCount, refusedItems(m_answers), {}});
 }
 
 void MenuReader::fail() {

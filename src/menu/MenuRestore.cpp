@@ -26,7 +26,7 @@ bool mayWriteCatSettings(MsgBox& msgBox, const std::vector<std::string>& cat, co
     for (const auto& line : cat) items += (items.empty() ? "" : ", ") + itemInLine(line);
     return msgBox.confirm("These settings hold the radio's own CAT settings, too (menu items " + items +
                               ").\nWith another speed or with RTS on, the radio may not answer any more.\n\n"
-                              "Write them as well, after all others? \"No\" leaves them as they are in the radio.",
+                              "All others are written. Write these as well, behind them?\n\"No\" leaves them as they are in the radio.",
                           title);
 }
 

@@ -6,6 +6,28 @@
 
 namespace korvex {
 
+namespace {
+
+/// The file is what the radio said, but the owner must know that it is not the whole menu.
+std::string notWhole(const MenuCommandTable& table) {
+    const auto missing = missingItems(table);
+    const auto refused = refusedItems(table);
+    if (missing.empty()) return {};
+    const std::string all = std::to_string(menuItemCount);
+    const std::string count = std::to_string(refused.size()) + " of " + all + " menu items";
+    if (missing == refused) {
+        return " Attention: the radio refused " + count + ": \r\n " + someOf(refused) + " \r\n";
+    }
+    std::string text = " Attention: only " + std::to_string(menuItemCount - missing.size()) + " of " + all +
+                       " menu items were answered \r\n in time and in order. Please read the menu again. \r\n "
+                       "Missing: " +
+                       someOf(missing) + " \r\n";
+    if (!refused.empty()) text += " Refused by the radio: " + someOf(refused) + " \r\n";
+    return text;
+}
+
+}  // namespace
+
 MenuSave::MenuSave(CatLink& link, OwnersFiles& files) : m_link(link), m_files(files), m_reader(link) {
     m_read = m_reader.ended.connect([this](const Outcome& outcome) { onRead(outcome); });
 }
@@ -26,12 +48,7 @@ void MenuSave::onRead(const Outcome& outcome) {
 Outcome::Kind MenuSave::saveMenuFile() {
     const auto saved = write(answers(), false);
     if (saved != Outcome::Kind::Done) return saved;
-    if (const int inPlace = answersInPlace(answers()); inPlace != menuItemCount) {
-        // The file is what the radio said, but the owner must know that it is not the whole menu.
-        m_link.received().set(" Attention: only " + std::to_string(inPlace) + " of " + std::to_string(menuItemCount) +
-                              " menu items were answered \r\n in time and in order. Please read the menu "
-                              "again. \r\n");
-    }
+    if (const std::string attention = notWhole(answers()); !attention.empty()) m_link.received().set(attention);
     m_link.panels().Error = "Terminated";
     return Outcome::Kind::Done;
 }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
+#include "base/NumberText.h"
 #include "eq/EqPreset.h"
 #include "fakes/ProgramBench.h"
 #include "fakes/TalkativePorts.h"
@@ -50,10 +53,35 @@ TEST_F(FileOpenerTest, EachKindOpensItsToolAndLoadsWithItsOwnQuestions) {
     open(file("bad.mnu", "nonsense"));
     EXPECT_TRUE(program.windows.terminal.visible);
     const std::string menu = file("my.mnu", "EX0011;\r\nEX0020;\r\n");
+    bench.msgBox.foresee("my.mnu holds 2 menu items", MsgAnswer::No);
     open(menu);
     EXPECT_NE(bench.error().find("my.mnu: 2 menu items"), std::string::npos) << bench.error();
     EXPECT_EQ(program.files.path.get(), menu) << "where the restore begins to ask";
     EXPECT_EQ(bench.ports.written, "") << "opening a file writes nothing into a radio";
+}
+
+TEST_F(FileOpenerTest, AMenuComesIntoAColumnOfTheMenuManagerWhereThatIsWanted) {
+    MenuManager& manager = program.menuManager;
+    const auto cell = [&](int column) { return manager.grid.TextMatrix(1, column); };
+    bench.database.records.resize(191, std::vector<std::string>(15));
+    for (int row = 1; row <= 149; ++row) bench.database.records[static_cast<std::size_t>(row)][1] = zeroPadded(row, 3);
+    bench.database.records[1][8] = "9";  // Settings 1 is taken
+    bool loaded = false;  // by the window, when it is made
+    const auto shown = program.windows.menuManager.visible.changed.connect([&](bool) {
+        if (!std::exchange(loaded, true)) manager.Form_Load();
+    });
+    bench.msgBox.foresee("Neither writes into the radio", MsgAnswer::Yes);
+    open(file("my.mnu", "EX0011;\r\nEX0020;\r\n"));
+    bench.clock.advance(5'000);
+    EXPECT_TRUE(program.windows.menuManager.visible);
+    EXPECT_EQ(cell(7) + "/" + cell(8), "9/1");
+    EXPECT_EQ(manager.SelectedSettingsColumn(), 8);
+
+    // Open already: nothing is asked, and the selected column is the one.
+    open(file("other.mnu", "EX0012;\r\n"));
+    bench.clock.advance(5'000);
+    EXPECT_EQ(cell(7) + "/" + cell(8), "9/2");
+    EXPECT_EQ(bench.ports.written, "");
 }
 
 TEST_F(FileOpenerTest, APresetWaitsForTheRadiosOwnValues) {

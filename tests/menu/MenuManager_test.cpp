@@ -150,7 +150,7 @@ TEST_F(MenuManagerTest, AMissingOrForeignAnswerIsNotPlacedAndTheOwnerIsTold) {
     EXPECT_EQ(cell(30, 8), "");
     EXPECT_EQ(cell(53, 8), "");     // 042
     EXPECT_EQ(cell(54, 8), "043");  // what comes behind is found
-    EXPECT_EQ(manager.notice.get(), " Only 147 of 149 items were read");
+    EXPECT_EQ(manager.notice.get(), " Only 147 of 149 items were read, not 024, 042");
     EXPECT_TRUE(manager.noticeWarns);
     EXPECT_EQ(bench.database.records[53][9], "");
 

@@ -199,7 +199,7 @@ TEST_F(MenuSheetTest, AColumnGoesIntoAMenuFileAndComesOutOfOne) {
     bench.fileDialog.choose(file);
     manager.mnu_loadColumn_Click();
     EXPECT_EQ(cell("031", 8) + cell("029", 8) + cell("149", 8), "+051");
-    EXPECT_EQ(manager.notice.get(), " Loaded column.mnu: 148 of 149 items into Settings 2; the others are empty now");
+    EXPECT_EQ(manager.notice.get(), " Loaded column.mnu: 148 of 149 items into Settings 2; empty now: 029");
     manager.mnu_undo_Click();
     EXPECT_EQ(cell("031", 8) + cell("029", 8), "77");
     fakes::writeFile(file, "EX0011;\r\nTX1;\r\n");

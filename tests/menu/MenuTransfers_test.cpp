@@ -61,6 +61,16 @@ TEST_F(MenuTransferTest, MissingAnswersBecomeEmptyLinesAndTheOwnerIsTold) {
     EXPECT_EQ(fakes::fileContent(file), expected);
     EXPECT_EQ(bench.error(), "Terminated");
     EXPECT_NE(program.link.received().text().find("only 148 of 149"), std::string::npos);
+    EXPECT_NE(program.link.received().text().find("again. \r\n Missing: 149 \r\n"), std::string::npos);
+
+    // What the radio refuses it would refuse again.
+    line.answerDelay = 30;
+    line.answer = [answer](std::string_view wire) { return wire == "EX031;" || wire == "EX088;" ? "?;" : answer(wire); };
+    bench.fileDialog.choose(file);
+    program.menuSave.mnu_Store_Click();
+    bench.clock.advance(20'000);
+    EXPECT_EQ(program.link.received().text(),
+              " Attention: the radio refused 2 of 149 menu items: \r\n 031, 088 \r\n");
 }
 
 TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {
