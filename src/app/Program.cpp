@@ -108,6 +108,15 @@ void Program::announceTools() {
 void Program::introduceMemories() {
     windows.memoryEditor.available = true;
     m_connections += memory.buttonBackToNormal.connect([this] { startWindow.markClosed(StartWindow::MemoryManager); });
+    m_connections += restore.ended.connect([this](const Outcome& outcome) {
+        if (!outcome.isDone() || !restore.report().empty()) forgetRadio();
+    });
+}
+
+/// A restore of the whole radio has gone past the windows.
+void Program::forgetRadio() {
+    memory.list.forgetRadio();
+    menuManager.forgetRadio();
 }
 
 void Program::introduceEqualizer() {

@@ -122,6 +122,7 @@ private:
     void introduceKnownRadio();
     std::string whyNoBackup();
     std::vector<FileOpener::Way> waysToOpen();
+    void forgetRadio();
     StartWindow::Tool toolForMenu(const std::string& file);
     void loadMenu(const std::string& file);
     void proposeToRestore(const std::string& file, const std::string& kind, const std::string& entry);

@@ -11,6 +11,8 @@ namespace korvex {
 
 namespace {
 
+constexpr int frequencyRow = 10;  // FA;
+
 std::string_view messageFor(int number) {
     switch (number) {
         case errors::FileNotFound: return "Datei nicht gefunden";
@@ -44,7 +46,9 @@ void BandStackWindow::listen() {
         [this](int row, int column) { m_stack.show(row, column, m_reader.cells().at(row, column)); });
     m_connections += m_reader.silent.connect([this] { tellSilence(); });
     m_connections += m_reader.ended.connect([this](const Outcome& outcome) {
-        if (!m_goesHome) onReadEnded(outcome);
+        if (m_goesHome) return;
+        onReadEnded(outcome);
+        tellWhereItStands(outcome, m_reader.cells());
     });
     m_connections += m_walk.ended.connect([this](const Outcome& outcome) {
         m_walk.writes() ? onWriteEnded(outcome) : onReadEnded(outcome);
@@ -62,7 +66,9 @@ void BandStackWindow::listen() {
     m_connections += m_comparison.reader().silent.connect([this] { tellSilence(); });
     m_connections += m_writer.sendsCell.connect([this](const std::string& wire) { cellWritten = utf8FromWire(wire); });
     m_connections += m_writer.ended.connect([this](const Outcome& outcome) {
-        if (!m_goesHome) onWriteEnded(outcome);
+        if (m_goesHome) return;
+        onWriteEnded(outcome);
+        if (!m_writesPart) tellWhereItStands(outcome, m_writer.cells());
     });
 }
 
@@ -85,6 +91,18 @@ void BandStackWindow::onReadEnded(Outcome outcome) {
         m_link.panels().Error = inWords(outcome, {"register", "registers"});
     }
     readEnded.emit(outcome);
+}
+
+/// Nothing leads the radio back from a walk at fixed intervals.
+void BandStackWindow::tellWhereItStands(const Outcome& outcome, const BandStackCells& cells) {
+    if (outcome.of == 0) return;  // it has not begun
+    int last = BandStackCells::registers;
+    while (last > 1 && cells.at(1, last) == "?;") --last;
+    const std::string frequency = readableAnswer(cells.at(frequencyRow, last));
+    const bool isKnown = outcome.isFlawless() && !frequency.empty();
+    m_link.received().append(isKnown ? "\r\n The radio stands on " + frequency + " now, \r\n"
+                                     : std::string("\r\n The radio may stand on another band than before, \r\n"));
+    m_link.received().append(" and in the bands on other registers than before. \r\n");
 }
 
 /// The file is what the radio said, but the owner must know when that is not what was asked for.

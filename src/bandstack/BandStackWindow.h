@@ -63,6 +63,7 @@ private:
     void onWriteEnded(const Outcome& outcome);
     void tellSilence();
     void tellStrangeAnswers();
+    void tellWhereItStands(const Outcome& outcome, const BandStackCells& cells);
     bool hasBeenRefused(int column);
     std::string incompleteIn(const BandStackCells& cells, int first, int count) const;
     bool mayBeIncomplete(const std::string& question);

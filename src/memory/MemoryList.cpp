@@ -122,6 +122,14 @@ void MemoryList::noteInRadio(int row, const MemoryRecord& record) {
     if (isChannelRow(row)) m_radio.at(static_cast<std::size_t>(row)) = comparable(record);
 }
 
+void MemoryList::noteInRadio(const std::map<int, std::optional<MemoryRecord>>& records) {
+    for (const auto& [row, record] : records) {
+        if (record) noteInRadio(row, *record);
+        if (!record && isChannelRow(row)) m_radio.at(static_cast<std::size_t>(row)).reset();
+    }
+    rowsChanged.emit();
+}
+
 void MemoryList::forgetRadio() {
     m_radio.assign(rows + 1, std::nullopt);
     rowsChanged.emit();

@@ -60,6 +60,8 @@ public:
 
     /// What the radio holds in a row's channel, as far as is known: it has told it, or has taken it.
     void noteInRadio(int row, const MemoryRecord& record);
+    /// The same of several rows; nothing is what is not known any more.
+    void noteInRadio(const std::map<int, std::optional<MemoryRecord>>& records);
     void forgetRadio();
     /// Whether the radio is known to hold a row's fields. The digit that tells where the radio has them from may
     /// differ.

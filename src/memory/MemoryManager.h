@@ -30,7 +30,7 @@ public:
         m_connections += listFiles.loaded.connect([this] { editor.loadEditorFromList(); });
         m_connections += list.rowsChanged.connect([this] { editor.followReading(); });
         m_connections += list.grid.currentChanged.connect([this] { followCurrentRow(); });
-        m_connections += restorer.ended.connect([this](const Outcome&) { list.forgetRadio(); });
+        m_connections += restorer.wrote.connect([this](const auto& rows) { list.noteInRadio(rows); });
         m_connections += listWriter.ended.connect([this](const Outcome& outcome) { noteWritten(outcome); });
         m_connections += listReader.listFilled.connect([this] { editor.followReading(); });
     }

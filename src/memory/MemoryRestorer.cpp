@@ -1,5 +1,6 @@
 #include "memory/MemoryRestorer.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/CodePage.h"
@@ -8,6 +9,7 @@
 #include "cat/FileToRestore.h"
 #include "memory/MemoryExchange.h"
 #include "memory/MemoryFile.h"
+#include "memory/MemoryList.h"
 #include "memory/MemoryRecord.h"
 
 namespace korvex {
@@ -49,6 +51,7 @@ void MemoryRestorer::write(std::vector<std::string> lines) {
     m_operation->expect({"MR"});
     m_operation->onEnd([this](const Outcome& outcome) {
         m_link.report(outcome, words);
+        tellWhatTheRadioHas(outcome);
         ended.emit(outcome);
     });
     if (m_link.pace == Pace::Answered) return converse();
@@ -84,6 +87,24 @@ void MemoryRestorer::converse() {
         m_operation->end(outcome);
     };
     m_operation->converse({next, [](const Reply&) {}, done});
+}
+
+void MemoryRestorer::tellWhatTheRadioHas(const Outcome& outcome) {
+    const auto names = [](const std::vector<std::string>& items, const std::string& name) {
+        return std::find(items.begin(), items.end(), name) != items.end();
+    };
+    std::map<int, std::optional<MemoryRecord>> has;
+    const auto sent = std::min(static_cast<std::size_t>(m_operation->item()), m_lines.size());
+    for (std::size_t i = 0; i < sent; ++i) {
+        const auto record = parseMemoryString(m_lines[i]);
+        const std::string name(memoryFieldIn(m_lines[i], MemoryField::Channel));
+        const int row = memoryListRow(name);
+        if (row == 0 || names(outcome.refused, name)) continue;
+        const bool isUnderWay = i + 1 == sent && !outcome.wentThrough();
+        const bool isCertain = !isUnderWay && !names(outcome.different, name) && !names(outcome.unconfirmed, name);
+        has[row] = isCertain ? record : std::nullopt;
+    }
+    wrote.emit(has);
 }
 
 void MemoryRestorer::finish() {

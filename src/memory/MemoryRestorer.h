@@ -1,11 +1,14 @@
 #pragma once
 
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "cat/CatLink.h"
 #include "cat/PhaseFlag.h"
+#include "memory/MemoryRecord.h"
 #include "memory/MemoryTables.h"
 #include "platform/OwnersFiles.h"
 
@@ -25,12 +28,16 @@ public:
 
     bool running() const { return m_operation && m_operation->running() && !m_operation->finished(); }
     Signal<const Outcome&> ended;
+    /// A writing has come to its end: for each row of the list that it was to write, unless the radio refused it, what the
+    /// radio holds now; nothing where that is not certain.
+    Signal<const std::map<int, std::optional<MemoryRecord>>&> wrote;
 
 private:
     void writeNext();
     void show(const std::string& line);
     void converse();
     void finish();
+    void tellWhatTheRadioHas(const Outcome& outcome);
 
     CatLink& m_link;
     OwnersFiles& m_files;

@@ -155,6 +155,24 @@ TEST_F(EqSetsTest, APresetGoesIntoAFileAndBackIntoTheRadio) {
     EXPECT_EQ(exchange.shownValues(), before);
 }
 
+TEST_F(EqSetsTest, APresetForAProcessorThatTheRadioDoesNotSwitchIsForgotten) {
+    const EqValues off = *exchange.shownValues();
+    const std::string file = bench.folder.file("my.eqp");
+    fakes::writeFile(file, eqPresetText(shaped));
+    bench.ports.faults().refusesItems = {"PR1"};
+    window.Command1_Click(0);
+    bench.fileDialog.choose(file);
+    window.mnu_LoadPreset_Click();
+    EXPECT_EQ(window.errorPanel.get(), "The preset waits for the reading");
+    clock.advance(10'000);  // no question comes for the other set
+    EXPECT_EQ(window.errorPanel.get(), "The radio did not switch the processor");
+    EXPECT_EQ(exchange.shownValues(), off);
+    window.mnu_ReadAgain_Click();
+    clock.advance(10'000);
+    EXPECT_TRUE(window.canWrite);
+    EXPECT_EQ(exchange.shownValues(), off);
+}
+
 TEST_F(EqSetsTest, AWriteIsCutOffByThePortAndByTheProcessor) {
     const auto begin = [this] {
         bench.msgBox.foresee("replaced", MsgAnswer::Yes);

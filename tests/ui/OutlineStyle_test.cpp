@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPainter>
 #include <QSlider>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -47,6 +48,28 @@ TEST(OutlineStyle, ShowsInABlackWindowWhereBoxesFieldsAndSlidersAre) {
     EXPECT_EQ(colours<QCheckBox>(usual, style), colours<QCheckBox>(usual, *fusion)) << "nothing needs to be mended";
 }
 
+TEST(OutlineStyle, ShowsGroupsAndHeadingsInABlackWindow) {
+    OutlineStyle style;
+    style.setBaseStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    const auto drawn = [&style](QStyleOption& option, auto draw) {
+        option.palette = plain(Qt::black, Qt::white);
+        option.rect = QRect(0, 0, 40, 20);
+        QImage image(40, 20, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        draw(painter);
+        return qGray(image.pixel(20, 19)) > 80 && qGray(image.pixel(39, 10)) > 80;
+    };
+    QStyleOptionFrame group;
+    EXPECT_TRUE(drawn(group, [&](QPainter& painter) {
+        style.drawPrimitive(QStyle::PE_FrameGroupBox, &group, &painter, nullptr);
+    }));
+    QStyleOptionHeader heading;
+    EXPECT_TRUE(drawn(heading, [&](QPainter& painter) {
+        style.drawControl(QStyle::CE_HeaderSection, &heading, &painter, nullptr);
+    }));
+}
+
 TEST(OutlineStyle, LetsDisabledTextBeRead) {
     OutlineStyle style;
     QPalette black = plain(Qt::black, Qt::white);
@@ -56,6 +79,10 @@ TEST(OutlineStyle, LetsDisabledTextBeRead) {
     grey.setColor(QPalette::Disabled, QPalette::Text, QColor(120, 120, 120));
     style.polish(grey);
     EXPECT_EQ(grey.color(QPalette::Disabled, QPalette::Text), QColor(120, 120, 120)) << "the desktop's choice";
+
+    black.setColor(QPalette::PlaceholderText, Qt::black);
+    style.polish(black);
+    EXPECT_GT(qGray(black.color(QPalette::Active, QPalette::PlaceholderText).rgb()), 100);
 }
 
 TEST(OutlineStyle, DrawsGridLinesThatAreNoneOfTheCellsColours) {

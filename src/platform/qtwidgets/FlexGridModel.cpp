@@ -72,7 +72,8 @@ QVariant FlexGridModel::cellData(int row, int col, int role) const {
     if (role == Qt::DisplayRole) return QString::fromStdString(m_cells.shownText(row, col).substr(0, longestShown));
     if (role == signRole) return QString::fromStdString(m_cells.Mark(row, col).sign);
     if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) {
-        const QString text = description(row, col);
+        const QString place = role == Qt::AccessibleDescriptionRole ? placeOfEmpty(row, col) : QString();
+        const QString text = place + description(row, col);
         return text.isEmpty() ? QVariant() : text;
     }
     if (role != Qt::BackgroundRole && role != Qt::ForegroundRole) return faceData(row, col, role);
@@ -81,6 +82,15 @@ QVariant FlexGridModel::cellData(int row, int col, int role) const {
     const auto colour = over ? over : own;
     if (!colour) return {};
     return QBrush(role == Qt::BackgroundRole ? colourOf(*colour) : inkOn(colourOf(*colour)));
+}
+
+/// An empty cell has no text that a screen reader could tell; its name stays empty for programs that read the table.
+QString FlexGridModel::placeOfEmpty(int row, int col) const {
+    const bool isLabel = row < m_shape.labelRows || col < m_shape.labelCols;
+    if (isLabel || !m_cells.shownText(row, col).empty()) return {};
+    const QString column = QString::fromStdString(m_cells.shownText(0, col)).trimmed();
+    return column + QStringLiteral(", ") + QString::fromStdString(m_cells.shownText(row, 0)) +
+           QStringLiteral(": empty\n");
 }
 
 QString FlexGridModel::description(int row, int col) const {

@@ -54,6 +54,7 @@ private:
     void tellCell(int row, int col);
     QVariant cellData(int row, int col, int role) const;
     QVariant faceData(int row, int col, int role) const;
+    QString placeOfEmpty(int row, int col) const;
     QString description(int row, int col) const;
 
     MSFlexGrid& m_cells;

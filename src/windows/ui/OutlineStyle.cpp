@@ -41,6 +41,40 @@ std::optional<QColor> outliningWindow(const QPalette& palette) {
     return mixed(window, text, 45).lighter(fusionsShade);
 }
 
+/// A line on the window's colour that can be seen; for what Fusion draws in shades of black whatever the palette is.
+QColor lineOn(const QPalette& palette) {
+    constexpr int share = 45;
+    return mixed(palette.color(QPalette::Window), palette.color(QPalette::Active, QPalette::WindowText), share);
+}
+
+void drawGroupFrame(QPainter& painter, const QStyleOption& option) {
+    painter.save();
+    painter.setPen(lineOn(option.palette));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
+/// Below a heading and behind it.
+void drawHeadingLines(QPainter& painter, const QStyleOption& option) {
+    const QRect& place = option.rect;
+    painter.fillRect(QRect(place.left(), place.bottom(), place.width(), 1), lineOn(option.palette));
+    painter.fillRect(QRect(place.right(), place.top(), 1, place.height()), lineOn(option.palette));
+}
+
+/// A hint in an empty field, where the palette leaves it in the colour of its ground.
+void keepHintReadable(QPalette& palette) {
+    constexpr double read = 2;
+    constexpr int pale = 60;
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor ground = palette.color(group, QPalette::Base);
+        const QColor hint = palette.color(group, QPalette::PlaceholderText);
+        if (contrast(mixed(ground, hint, static_cast<int>(100 * hint.alphaF())), ground) >= read) continue;
+        palette.setColor(group, QPalette::PlaceholderText,
+                         mixed(ground, palette.color(QPalette::Active, QPalette::Text), pale));
+    }
+}
+
 /// Draws with an option of type Option of which only the window's colour is another; false: it is none, or needs none.
 template <typename Option, typename Draw>
 bool drawOutlined(const QStyleOption* option, const Draw& draw) {
@@ -61,6 +95,7 @@ bool OutlineStyle::isFusion() const {
 
 void OutlineStyle::polish(QPalette& palette) {
     QProxyStyle::polish(palette);
+    keepHintReadable(palette);
     constexpr double read = 2;
     constexpr int pale = 55;
     using Role = QPalette::ColorRole;
@@ -78,6 +113,9 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     const auto draw = [&](const QStyleOption& outlined) {
         QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
     };
+    if (element == PE_FrameGroupBox && isFusion() && outliningWindow(option->palette)) {
+        return drawGroupFrame(*painter, *option);
+    }
     bool drawn = false;
     switch (isFusion() ? element : PE_Widget) {
         case PE_IndicatorCheckBox:
@@ -85,7 +123,6 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         case PE_PanelButtonCommand: drawn = drawOutlined<QStyleOptionButton>(option, draw); break;
         case PE_Frame:
         case PE_FrameLineEdit:
-        case PE_FrameGroupBox:
         case PE_FrameMenu: drawn = drawOutlined<QStyleOptionFrame>(option, draw); break;
         case PE_PanelMenu: drawn = drawOutlined<QStyleOptionMenuItem>(option, draw); break;
         default: break;
@@ -102,6 +139,9 @@ void OutlineStyle::drawControl(ControlElement element, const QStyleOption* optio
     if (isBar && isFusion() && drawOutlined<QStyleOptionProgressBar>(option, draw)) return;
     if (element == CE_MenuItem && isFusion() && drawOutlined<QStyleOptionMenuItem>(option, draw)) return;
     QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_HeaderSection && isFusion() && outliningWindow(option->palette)) {
+        drawHeadingLines(*painter, *option);
+    }
 }
 
 void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

@@ -1,5 +1,6 @@
 #include "windows/ui/frmProgr.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFontMetrics>
@@ -27,6 +28,12 @@ constexpr int titleButtons = 120;  // what a frame's icon and buttons take of it
 bool isPlainWindow(const QObject* object) {
     const auto* widget = qobject_cast<const QWidget*>(object);
     return widget && widget->isWindow() && !widget->isModal() && widget->windowType() != Qt::Popup;
+}
+
+/// A window that is no QDialog has no role of its own for assistive programs.
+QAccessibleInterface* accessibleOf(const QString&, QObject* object) {
+    auto* window = qobject_cast<frmProgr*>(object);
+    return window ? new QAccessibleWidget(window, QAccessible::Dialog) : nullptr;
 }
 
 }  // namespace
@@ -133,7 +140,10 @@ void frmProgr::closeEvent(QCloseEvent* event) {
 
 ProgressView::ProgressView(ProgressWindow& progress) {
     m_shown = progress.visible.changed.connect([this, &progress](bool visible) {
-        if (visible && !m_window) m_window = std::make_unique<frmProgr>(progress);
+        if (visible && !m_window) {
+            QAccessible::installFactory(accessibleOf);
+            m_window = std::make_unique<frmProgr>(progress);
+        }
     });
 }
 
