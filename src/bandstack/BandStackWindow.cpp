@@ -170,6 +170,7 @@ void BandStackWindow::mnu_writeBand_Click() {
     const std::string question = "Write " + bandInWords(column) + " all the same?";
     if (!missing.empty() && !m_files.msgBox().confirm(missing + question)) return;
     m_writesPart = m_goesHome = true;
+    m_part = bandInWords(column);
     m_walk.writeBand(onlyBandOf(cells, column));
 }
 
@@ -183,6 +184,7 @@ void BandStackWindow::mnu_writeRegister_Click() {
         registerInWords(column) + " there now?";
     if (!m_files.msgBox().confirm(incompleteIn(cells, column, 1) + question)) return;
     m_writesPart = true;
+    m_part = registerInWords(column);
     m_goesHome = false;  // the radio stays where it is
     m_writer.write(onlyRegisterOf(cells, column));
 }
@@ -195,6 +197,10 @@ void BandStackWindow::mnu_saveDatafromHD_Click() {
 void BandStackWindow::onWriteEnded(const Outcome& outcome) {
     const ItemWords registers = {"register", "registers", true};
     m_link.report(outcome, outcome.wentThrough() ? ItemWords{"setting", "settings", true} : registers);
+    // The terminal, where transfers are told, is not where the band was chosen.
+    if (m_writesPart && outcome.wentThrough()) {
+        m_comparison.result = m_part + ": " + inWords(outcome, {"setting", "settings", true});
+    }
     if (outcome.wentThrough()) return;
     const std::string text = inWords(outcome, registers);
     using Kind = Outcome::Kind;

@@ -79,6 +79,7 @@ private:
     BandStackWalk m_walk;
     bool m_goesHome = false;  // the last transfer leads the radio back to where it was
     BandStackComparison m_comparison;
+    std::string m_part;         // that was written last, for a person
     bool m_writesPart = false;  // which is not what the grid shows
     Connections m_connections;
 };

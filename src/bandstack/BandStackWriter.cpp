@@ -101,7 +101,7 @@ void BandStackWriter::writeCell() {
     if (m_row == 1 && isBandRefused()) return beginRegister(m_column + 1);
     const std::string command = bandStackCommand(m_cells.at(m_row, m_column)) + std::string(crLf);
     m_operation->write(cellName(m_cells, m_row, m_column), command);
-    if (command != crLf) ++m_written;
+    if (m_row > 0 && command != crLf) ++m_written;
     show(command);
     ++m_row;
     if (m_row <= BandStackCells::lastQueried) {
@@ -181,6 +181,7 @@ void BandStackWriter::fill(int row, const std::string& text) {
 void BandStackWriter::converse() {
     m_column = 1;
     m_row = m_tries = 0;
+    m_setsCell = false;
     m_step = Step::Cell;
     const auto next = [this] { return nextExchange(); };
     const auto heard = [this](const Reply& reply) { take(reply); };
@@ -188,6 +189,7 @@ void BandStackWriter::converse() {
 }
 
 std::optional<Exchange> BandStackWriter::nextExchange() {
+    m_setsCell = false;
     switch (m_step) {
         case Step::Cell: return cellExchange();
         case Step::AskAntenna: m_step = Step::AwaitAntenna; return antennaExchange("");
@@ -222,6 +224,7 @@ std::optional<Exchange> BandStackWriter::cellExchange() {
     Exchange exchange{
         cellName(m_cells, row, m_column), query, {std::string(queryHead(query)), query.size() + 1}, command};
     if (row == 0) return exchange;
+    m_setsCell = true;
     exchange.confirms = [row, command](std::string_view answer) {
         return bandStackCommand(settableAnswer(row, std::string(answer))) == command;
     };
@@ -239,6 +242,7 @@ Exchange BandStackWriter::antennaExchange(const std::string& command) const {
 }
 
 void BandStackWriter::take(const Reply& reply) {
+    if (m_setsCell && reply.kind == Reply::Kind::Answer) ++m_written;
     if (m_step == Step::Cell && m_row == 1 && reply.kind == Reply::Kind::Refused) m_step = Step::NextRegister;
     const bool isAntenna =
         m_step == Step::AwaitAntenna || (m_step == Step::Cell && m_row > BandStackCells::lastQueried);
@@ -257,8 +261,11 @@ void BandStackWriter::takeTold(const std::string& answer) {
 void BandStackWriter::onTalked(const Outcome& outcome) {
     if (m_step == Step::AwaitAntenna) return breakOffAtAntenna(outcome.isDone());
     if (outcome.wentThrough() && isAllRefused()) return endRefused();
-    if (outcome.wentThrough()) showTerminated();
-    m_operation->end(outcome);
+    if (!outcome.wentThrough()) return m_operation->end(outcome);
+    showTerminated();
+    Outcome counted = outcome;
+    counted.done = m_written;  // without the questions
+    m_operation->end(counted);
 }
 
 void BandStackWriter::showTerminated() {

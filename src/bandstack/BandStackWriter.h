@@ -72,9 +72,10 @@ private:
     Step m_step = Step::Cell;
     int m_column = 0;
     int m_row = 0;
-    int m_written = 0;  // cells
-    int m_tries = 0;    // of the question for the antenna, in this register
-    int m_looks = 0;    // for the answer to the last one
+    int m_written = 0;        // cells
+    bool m_setsCell = false;  // the last exchange did
+    int m_tries = 0;          // of the question for the antenna, in this register
+    int m_looks = 0;          // for the answer to the last one
     std::unique_ptr<Operation> m_operation;
 };
 

@@ -28,8 +28,8 @@ public:
 
     bool running() const { return m_operation && m_operation->running() && !m_operation->finished(); }
     Signal<const Outcome&> ended;
-    /// A writing has come to its end: for each row of the list that it was to write, unless the radio refused it, what the
-    /// radio holds now; nothing where that is not certain.
+    /// A writing has come to its end: for each row of the list that it was to write, unless the radio refused it, what
+    /// the radio holds now; nothing where that is not certain.
     Signal<const std::map<int, std::optional<MemoryRecord>>&> wrote;
 
 private:

@@ -256,7 +256,8 @@ void MenuManager::tellCompared() {
     if (column == 0) return showLabel(" The radio has been read; select a column to compare with it", false);
     const int unlike = m_sheet.unlikeRadio();
     showLabel(" " + std::to_string(unlike) + (unlike == 1 ? " setting of " : " settings of ") +
-                  columnName(grid, column) + (unlike == 1 ? " is not that of the radio" : " are not those of the radio"),
+                  columnName(grid, column) +
+                  (unlike == 1 ? " is not that of the radio" : " are not those of the radio"),
               false);
 }
 

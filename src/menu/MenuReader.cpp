@@ -82,8 +82,7 @@ void MenuReader::converse() {
 }
 
 void MenuReader::complete() {
-    m_operation->end(
-        {Outcome::Kind::Done, answersInPlace(m_answers), menuItemCount, refusedItems(m_answers), {}});
+    m_operation->end({Outcome::Kind::Done, answersInPlace(m_answers), menuItemCount, refusedItems(m_answers), {}});
 }
 
 void MenuReader::fail() {

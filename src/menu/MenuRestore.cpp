@@ -24,10 +24,11 @@ bool mayWriteCatSettings(MsgBox& msgBox, const std::vector<std::string>& cat, co
     if (cat.empty()) return false;
     std::string items;
     for (const auto& line : cat) items += (items.empty() ? "" : ", ") + itemInLine(line);
-    return msgBox.confirm("These settings hold the radio's own CAT settings, too (menu items " + items +
-                              ").\nWith another speed or with RTS on, the radio may not answer any more.\n\n"
-                              "All others are written. Write these as well, behind them?\n\"No\" leaves them as they are in the radio.",
-                          title);
+    return msgBox.confirm(
+        "These settings hold the radio's own CAT settings, too (menu items " + items +
+            ").\nWith another speed or with RTS on, the radio may not answer any more.\n\n"
+            "All others are written. Write these as well, behind them?\n\"No\" leaves them as they are in the radio.",
+        title);
 }
 
 bool mayWriteNumbers(MsgBox& msgBox, const std::vector<std::string>& lines, const KnownRadio& radio,

@@ -1,7 +1,6 @@
 #include "app/FileOpener.h"
 
 #include <gtest/gtest.h>
-
 #include <utility>
 
 #include "base/NumberText.h"
@@ -66,7 +65,7 @@ TEST_F(FileOpenerTest, AMenuComesIntoAColumnOfTheMenuManagerWhereThatIsWanted) {
     bench.database.records.resize(191, std::vector<std::string>(15));
     for (int row = 1; row <= 149; ++row) bench.database.records[static_cast<std::size_t>(row)][1] = zeroPadded(row, 3);
     bench.database.records[1][8] = "9";  // Settings 1 is taken
-    bool loaded = false;  // by the window, when it is made
+    bool loaded = false;                 // by the window, when it is made
     const auto shown = program.windows.menuManager.visible.changed.connect([&](bool) {
         if (!std::exchange(loaded, true)) manager.Form_Load();
     });

@@ -137,6 +137,7 @@ TEST_F(Parts, OneRegisterIsWrittenIntoTheOneThatTheRadioStandsOn) {
         EXPECT_EQ(count(text, "BS"), 0) << text;
         EXPECT_EQ(count(text, "FA1"), 1) << text;
         EXPECT_EQ(count(text, bench.cell(10, 17)), 1) << text;
+        EXPECT_EQ(window.comparison().result.get(), "20 m / 2: 22 settings written");
     }
 }
 

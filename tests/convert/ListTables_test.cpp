@@ -82,8 +82,8 @@ TEST_F(ListTablesTest, AnExportComesBackAndSaysWhatChirpCannotHold) {
     fileDialog.choose(path("sheet.csv"));
     msgBox.foresee("cannot hold everything:\r\n\r\nrow 1: left out, it is no whole channel\r\n");
     tables.exportSheet();
-    memory.list.clearRow(1);
     EXPECT_EQ(memory.listEdits.told.get(), "List exported to sheet.csv");
+    memory.list.clearRow(1);
     fileDialog.choose(path("chirp.csv"));
     msgBox.foresee(
         "The list is in chirp.csv. A table of this kind cannot hold everything:\r\n\r\n"

@@ -65,12 +65,13 @@ TEST_F(MenuTransferTest, MissingAnswersBecomeEmptyLinesAndTheOwnerIsTold) {
 
     // What the radio refuses it would refuse again.
     line.answerDelay = 30;
-    line.answer = [answer](std::string_view wire) { return wire == "EX031;" || wire == "EX088;" ? "?;" : answer(wire); };
+    line.answer = [answer](std::string_view wire) {
+        return wire == "EX031;" || wire == "EX088;" ? "?;" : answer(wire);
+    };
     bench.fileDialog.choose(file);
     program.menuSave.mnu_Store_Click();
     bench.clock.advance(20'000);
-    EXPECT_EQ(program.link.received().text(),
-              " Attention: the radio refused 2 of 149 menu items: \r\n 031, 088 \r\n");
+    EXPECT_EQ(program.link.received().text(), " Attention: the radio refused 2 of 149 menu items: \r\n 031, 088 \r\n");
 }
 
 TEST_F(MenuTransferTest, ALateRadioIsWaitedForUntilTheLastAnswer) {

@@ -104,6 +104,7 @@ TEST(ProgressView, ShowsTheValuesAndCancelsByButtonEscapeAndCloseBox) {
     progress.show();
     auto* window = topLevel("frmProgr");
     ASSERT_TRUE(window && window->isVisible());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(window)->role(), QAccessible::Dialog);
     EXPECT_GT(window->width(), QFontMetrics(window->font()).horizontalAdvance(window->windowTitle()));
     EXPECT_FALSE(window->geometry().intersects(inUse.frameGeometry()));
     auto* detail = control<QLabel>(*window, "lblDetail");

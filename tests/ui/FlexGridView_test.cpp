@@ -143,6 +143,10 @@ TEST_F(FlexGridViewTest, CanBeReadAloud) {
     cells.setMark(5, 2, {"*", "not saved"});
     EXPECT_EQ(table->cellAt(4, 1)->text(QAccessible::Name).toStdString(), name(5, 2));
     EXPECT_EQ(table->cellAt(4, 1)->text(QAccessible::Description).toStdString(), "not saved");
+    cells.setTextMatrix(5, 2, "");
+    EXPECT_EQ(table->cellAt(4, 1)->text(QAccessible::Name).toStdString(), "");
+    EXPECT_EQ(table->cellAt(4, 1)->text(QAccessible::Description).toStdString(),
+              name(0, 2) + ", " + name(5, 0) + ": empty\nnot saved");
 }
 
 TEST_F(FlexGridViewTest, HidesRowsAndLeavesTheOthersInTheirPlaces) {

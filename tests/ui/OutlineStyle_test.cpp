@@ -61,13 +61,11 @@ TEST(OutlineStyle, ShowsGroupsAndHeadingsInABlackWindow) {
         return qGray(image.pixel(20, 19)) > 80 && qGray(image.pixel(39, 10)) > 80;
     };
     QStyleOptionFrame group;
-    EXPECT_TRUE(drawn(group, [&](QPainter& painter) {
-        style.drawPrimitive(QStyle::PE_FrameGroupBox, &group, &painter, nullptr);
-    }));
+    EXPECT_TRUE(drawn(
+        group, [&](QPainter& painter) { style.drawPrimitive(QStyle::PE_FrameGroupBox, &group, &painter, nullptr); }));
     QStyleOptionHeader heading;
-    EXPECT_TRUE(drawn(heading, [&](QPainter& painter) {
-        style.drawControl(QStyle::CE_HeaderSection, &heading, &painter, nullptr);
-    }));
+    EXPECT_TRUE(drawn(
+        heading, [&](QPainter& painter) { style.drawControl(QStyle::CE_HeaderSection, &heading, &painter, nullptr); }));
 }
 
 TEST(OutlineStyle, LetsDisabledTextBeRead) {

@@ -166,7 +166,7 @@ QWidget* frmBandStack::makeFields() {
     loadError->setAlignment(Qt::AlignCenter);
     loadError->setFrameShape(QFrame::StyledPanel);
     loadError->setMinimumWidth(loadError->fontMetrics().horizontalAdvance(QStringLiteral("00000")));
-    m_connections += m_logic.loadError.bind([this](const std::string& text) { loadError->setText(fromUtf8(text)); });
+    m_connections += m_logic.loadError.bind([this](const std::string& text) { showNamed(*loadError, text); });
     m_connections += m_logic.loadErrorSeen.bind([this](bool yellow) {
         if (yellow) loadError->setStyleSheet(QStringLiteral("background-color: #ffff00; color: black"));
     });

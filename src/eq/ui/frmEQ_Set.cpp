@@ -189,6 +189,7 @@ void frmEQ_Set::buildStrip() {
 
     Frame7 = new QFrame(m_strip);
     Frame7->setObjectName(QStringLiteral("Frame7"));
+    Frame7->setAccessibleName(QStringLiteral("Connection"));
     Frame7->setFrameShape(QFrame::StyledPanel);
     m_images = new QStackedLayout(Frame7);
     m_images->setContentsMargins(2, 2, 2, 2);
@@ -197,6 +198,7 @@ void frmEQ_Set::buildStrip() {
 
     Frame8 = new QFrame(m_strip);
     Frame8->setObjectName(QStringLiteral("Frame8"));
+    Frame8->setAccessibleName(QStringLiteral("What a click on the connection does"));
     Frame8->setFrameShape(QFrame::StyledPanel);
     auto* around = new QGridLayout(Frame8);
     around->setContentsMargins(4, 1, 4, 1);
@@ -272,8 +274,7 @@ void frmEQ_Set::wire() {
     m_connections += m_logic.connected.bind([this](bool connected) { showConnected(connected); });
     m_connections += m_logic.exchange().processorOn.bind([this](bool on) { showProcessor(on); });
     m_connections += m_logic.portHint.bind([this](const std::string& text) { portHint->setText(fromUtf8(text)); });
-    m_connections +=
-        m_logic.exchange().statusText.bind([this](const std::string& text) { Label6->setText(fromUtf8(text)); });
+    m_connections += m_logic.exchange().statusText.bind([this](const std::string& text) { showNamed(*Label6, text); });
     m_connections += m_logic.storePlace.connect([this] { storePlace(); });
     m_connections += m_logic.hide.connect([this] { hide(); });
 }

@@ -6,6 +6,7 @@
 
 #include "menu/MenuManager.h"
 #include "windows/ui/ElidedLabel.h"
+#include "windows/ui/PanelLabel.h"
 
 namespace korvex {
 
@@ -24,8 +25,7 @@ MenuFilterBar::MenuFilterBar(MenuManager& logic, std::function<void()> before, Q
     auto* counts = new ElidedLabel;
     counts->setObjectName(QStringLiteral("counts"));
     counts->setAccessibleDescription(QStringLiteral("How many settings differ"));
-    m_connections +=
-        sheet.counts.bind([counts](const std::string& text) { counts->setText(QString::fromStdString(text)); });
+    m_connections += sheet.counts.bind([counts](const std::string& text) { showNamed(*counts, text); });
     m_row->addWidget(counts, 1);
 }
 

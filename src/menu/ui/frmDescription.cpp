@@ -165,7 +165,7 @@ void frmDescription::wire() {
     });
     m_connections +=
         m_logic.showTitleDialog.connect([this](const std::string& title) { m_title->ask(fromUtf8(title)); });
-    m_connections += m_logic.notice.bind([this](const std::string& text) { notice->setText(fromUtf8(text)); });
+    m_connections += m_logic.notice.bind([this](const std::string& text) { showNamed(*notice, text); });
     m_connections += m_logic.noticeWarns.bind([this](bool isYellow) {
         notice->setPalette(QPalette());
         if (isYellow) setBackColor(*notice, yellow);

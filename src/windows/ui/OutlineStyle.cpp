@@ -1,5 +1,7 @@
 #include "windows/ui/OutlineStyle.h"
 
+#include <QFrame>
+#include <QGroupBox>
 #include <QPainter>
 #include <QStyleOption>
 #include <algorithm>
@@ -47,12 +49,26 @@ QColor lineOn(const QPalette& palette) {
     return mixed(palette.color(QPalette::Window), palette.color(QPalette::Active, QPalette::WindowText), share);
 }
 
-void drawGroupFrame(QPainter& painter, const QStyleOption& option) {
+/// Below the title, where Fusion has its frame.
+void drawGroupFrame(QPainter& painter, const QStyleOption& option, int titleHeight) {
     painter.save();
     painter.setPen(lineOn(option.palette));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.drawRect(option.rect.adjusted(0, titleHeight, -1, -1));
     painter.restore();
+}
+
+/// Whether it was a line across or down that Fusion would not have shown.
+bool drewRule(QPainter& painter, const QStyleOption& option) {
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(&option);
+    const bool isAcross = frame && frame->frameShape == QFrame::HLine;
+    const bool isDown = frame && frame->frameShape == QFrame::VLine;
+    if ((!isAcross && !isDown) || !outliningWindow(option.palette)) return false;
+    const QPoint middle = option.rect.center();
+    painter.fillRect(isAcross ? QRect(option.rect.left(), middle.y(), option.rect.width(), 1)
+                              : QRect(middle.x(), option.rect.top(), 1, option.rect.height()),
+                     lineOn(option.palette));
+    return true;
 }
 
 /// Below a heading and behind it.
@@ -108,13 +124,20 @@ void OutlineStyle::polish(QPalette& palette) {
     }
 }
 
+int OutlineStyle::titleHeight(const QWidget* widget) const {
+    constexpr int fusionsMargin = 3;
+    const auto* group = qobject_cast<const QGroupBox*>(widget);
+    if (!group || group->title().isEmpty()) return 0;
+    return std::max(pixelMetric(PM_IndicatorHeight, nullptr, widget), widget->fontMetrics().height()) + fusionsMargin;
+}
+
 void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {
     const auto draw = [&](const QStyleOption& outlined) {
         QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
     };
     if (element == PE_FrameGroupBox && isFusion() && outliningWindow(option->palette)) {
-        return drawGroupFrame(*painter, *option);
+        return drawGroupFrame(*painter, *option, titleHeight(widget));
     }
     bool drawn = false;
     switch (isFusion() ? element : PE_Widget) {
@@ -137,6 +160,7 @@ void OutlineStyle::drawControl(ControlElement element, const QStyleOption* optio
     };
     const bool isBar = element == CE_ProgressBarGroove || element == CE_ProgressBarContents;
     if (isBar && isFusion() && drawOutlined<QStyleOptionProgressBar>(option, draw)) return;
+    if (element == CE_ShapedFrame && isFusion() && drewRule(*painter, *option)) return;
     if (element == CE_MenuItem && isFusion() && drawOutlined<QStyleOptionMenuItem>(option, draw)) return;
     QProxyStyle::drawControl(element, option, painter, widget);
     if (element == CE_HeaderSection && isFusion() && outliningWindow(option->palette)) {

@@ -26,6 +26,7 @@ public:
 
 private:
     bool isFusion() const;
+    int titleHeight(const QWidget* group) const;
 };
 
 }  // namespace korvex

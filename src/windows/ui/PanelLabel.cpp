@@ -3,16 +3,16 @@
 namespace korvex {
 
 PanelLabel::PanelLabel(Property<std::string>& text, const QString& objectName, const QString& meaning, QWidget* parent)
-    : ElidedLabel(parent), m_meaning(meaning) {
+    : ElidedLabel(parent) {
     setObjectName(objectName);
     setAccessibleDescription(meaning);
-    m_binding = text.bind([this](const std::string& value) { showText(value); });
+    m_binding = text.bind([this](const std::string& value) { showNamed(*this, value); });
 }
 
-void PanelLabel::showText(const std::string& text) {
+void showNamed(QLabel& label, const std::string& text) {
     const QString shown = QString::fromStdString(text);
-    setText(shown);
-    setAccessibleName(shown.trimmed().isEmpty() ? m_meaning : QString());
+    label.setText(shown);
+    label.setAccessibleName(shown.trimmed().isEmpty() ? label.accessibleDescription() : QString());
 }
 
 }  // namespace korvex

@@ -15,10 +15,11 @@ public:
                QWidget* parent = nullptr);
 
 private:
-    void showText(const std::string& text);
-
-    QString m_meaning;
     Connection m_binding;
 };
+
+/// Shows a text in a label, whose accessible description says what it is for: that is also its name while the text is
+/// blank.
+void showNamed(QLabel& label, const std::string& text);
 
 }  // namespace korvex

@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QToolButton>
 #include <QUrl>
 #include <algorithm>
 #include <utility>
@@ -59,6 +60,9 @@ void ToolWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (event->spontaneous() || std::exchange(m_fitted, true)) return;
     if (auto* bar = qobject_cast<QMenuBar*>(menuWidget())) giveMnemonics(*bar);
+    for (auto* more : findChildren<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
+        more->setAccessibleName(QStringLiteral("More buttons"));
+    }
     const auto bring = m_wasPlaced ? broughtIntoSight : broughtWhollyIntoSight;
     goTo(bring(presentPlace(), screensInTwips()));
 }
