@@ -73,7 +73,8 @@ void leaveOutPartBands(ReadSoFar::Reading& reading) {
 
 std::vector<std::string> damagedIn(const MemoryReader& reader) {
     std::vector<std::string> missing;
-    for (const auto& channel : reader.damaged()) missing.push_back(channel + ", which came through damaged");
+    for (const auto& channel : reader.damaged())
+        missing.push_back(channel + ", which came through damaged or as another channel");
     return missing;
 }
 

@@ -20,7 +20,7 @@ std::string toMenuWithRefusals(const MenuCommandTable& table) {
 
 std::string toMemories(const MemoryReader& reader) {
     const std::size_t damaged = reader.damaged().size();
-    return damaged == 0 ? "" : std::to_string(damaged) + " memories came through damaged";
+    return damaged == 0 ? "" : std::to_string(damaged) + " memories came through damaged, or as other channels";
 }
 
 std::string toBandStack(const BandStackCells& cells) {

@@ -42,6 +42,7 @@ void MemoryReader::read(ActiveOperation code, const std::string& caption, Channe
     m_refused.clear();
     m_found.clear();
     m_named.clear();
+    m_doubtful.clear();
     m_silence = Silence::None;
     m_silentSteps = 0;
     m_operation->expect({"MR", shortestMemoryAnswer});
@@ -136,7 +137,10 @@ bool MemoryReader::noteSilence(const Reply& reply) {
 }
 
 void MemoryReader::onEnd(const Outcome& outcome) {
-    if (!outcome.isDone()) m_found = std::exchange(m_named, {});
+    if (!outcome.isDone()) {
+        m_found = std::exchange(m_named, {});
+        m_doubtful.clear();
+    }
     ended.emit(outcome);
 }
 
@@ -147,6 +151,7 @@ void MemoryReader::keep(int channel, std::string_view answer) {
     const auto stored = storedMemoryString(command, answer);
     if (!stored) return;
     m_found[channel] = *stored;
+    if (named != channel) m_doubtful.insert(channel);
     m_link.received().append(command + *stored + std::string(crLf));
 }
 
@@ -178,7 +183,7 @@ MemoryTable MemoryReader::undamaged() const {
     MemoryTable table;
     int slot = 0;
     for (const auto& [channel, stored] : m_found) {
-        if (isUndamaged(stored)) table.set(++slot, stored);
+        if (!m_doubtful.contains(channel)) table.set(++slot, stored);
     }
     return table;
 }
@@ -186,7 +191,7 @@ MemoryTable MemoryReader::undamaged() const {
 std::vector<std::string> MemoryReader::damaged() const {
     std::vector<std::string> names;
     for (const auto& [channel, stored] : m_found) {
-        if (!isUndamaged(stored)) names.push_back(channelText(channel));
+        if (m_doubtful.contains(channel)) names.push_back(channelText(channel));
     }
     return names;
 }
@@ -200,7 +205,7 @@ std::vector<std::string> MemoryReader::remarks() const {
     const int refused = static_cast<int>(m_refused.size());
     if (refused > 0) remarks.push_back("refused or empty: " + channels(refused));
     if (const int count = static_cast<int>(damaged().size()); count > 0) {
-        remarks.push_back("Attention: " + channels(count) + " came damaged.");
+        remarks.push_back("Attention: " + channels(count) + " came damaged, or told of another channel.");
         remarks.emplace_back("Please read the memories again.");
     }
     return remarks;

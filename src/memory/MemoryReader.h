@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,7 +46,8 @@ public:
     /// What the radio has told of a channel; "?;" where it has refused.
     std::string told(int channel) const;
     int found() const { return static_cast<int>(m_found.size()); }
-    /// Those of the table that can be what the radio said, and the channels ("007") of the others.
+    /// Those of the table that can be what the radio said of the channel, and the channels ("007") of the others: noise
+    /// came between, or the radio told of another channel than it was asked for.
     MemoryTable undamaged() const;
     std::vector<std::string> damaged() const;
     /// What the owner should know of what is not in the file: UTF-8, a line each, empty if there is nothing.
@@ -80,6 +82,7 @@ private:
     std::vector<int> m_refused;          // this time
     std::map<int, std::string> m_found;  // the stored strings by channel
     std::map<int, std::string> m_named;  // undamaged answers by the channel that they name
+    std::set<int> m_doubtful;            // channels whose answer was damaged or named another one
     enum class Silence { None, AsksAnother, OfTheChannel } m_silence = Silence::None;
     int m_silentSteps = 0;  // since all commands are out, or since the last answer after that
     std::unique_ptr<Operation> m_operation;
