@@ -123,7 +123,8 @@ TEST_F(InTheShell, ARestoreWhoseReaderWentAwayGoesOn) {
     for (const char memory : std::string("12345")) texts.append("|KM").append(1, memory).append(";|73 TU|5|\r\n");
     fakes::writeFile(folder.file("keyer.kem"), texts);
     const std::string code = folder.file("code");
-    run("{ " + port + "restore-all --verify --no-safety-copy " + folder.path() + "; echo $? >" + code + "; } 2>&1 | true");
+    run("{ " + port + "restore-all --verify --no-safety-copy " + folder.path() + "; echo $? >" + code +
+        "; } 2>&1 | true");
     EXPECT_EQ(run(port + "send 'KM5;'").output, "KM573 TU;\n");
     EXPECT_EQ(fakes::fileContent(code), "5\n");
 }
