@@ -86,6 +86,11 @@ std::string Restore::whyNotThisRadio() const {
     const bool wasAsked = !m_choices.writesAll || m_choices.safetyCopy;
     if (wasAsked && !model.empty() && !isFt2000(model)) return "The radio says " + model + ", and that is no FT-2000.";
     for (const auto& one : m_parts) {
+        if (one.hasOtherNumbers()) {
+            return "The menu items of the file have the numbers of " +
+                   std::string(m_link.known().hasEarlyMenuNumbers ? "later" : "early") +
+                   " firmware, and would set other items in this radio.";
+        }
         const auto names = one.otherWidths();
         if (names.empty()) continue;
         return "The radio tells " + std::string(one.kind->name) + " " + names.front() +

@@ -157,6 +157,13 @@ std::vector<std::string> RestorePart::otherWidths() const {
     return names;
 }
 
+bool RestorePart::hasOtherNumbers() const {
+    if (present || !kind->hasFixedWidths) return false;
+    std::vector<std::string> commands;
+    for (const auto& item : wanted) commands.push_back(item.command);
+    return numbersIn(commands).value_or(menuNumbersOf(m_radio)) != menuNumbersOf(m_radio);
+}
+
 void RestorePart::noteWritten(const Outcome& outcome, bool wasVerified) {
     refused.insert(refused.end(), outcome.refused.begin(), outcome.refused.end());
     isConfirmed = kind->isCircle && wasVerified && outcome.isFlawless();

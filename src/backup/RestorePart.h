@@ -47,6 +47,9 @@ public:
     std::vector<std::string> planDetails(const ItemTitles& titles) const;
     /// Names of items whose value is wider or narrower than the radio's own.
     std::vector<std::string> otherWidths() const;
+    /// The file's menu has the numbers of other firmware than the radio, as far as is known. What the radio tells says
+    /// more: it is asked about widths instead.
+    bool hasOtherNumbers() const;
     /// A walk through the band stack leaves each band two registers on, so a band stack that was confirmed as it was
     /// written is not read back; everything else is.
     void noteWritten(const Outcome& outcome, bool wasVerified);

@@ -229,5 +229,19 @@ TEST(CheckedRadioWithoutWindows, IsHeededByARestore) {
     EXPECT_NE((bench.out.str() + bench.err.str()).find("042"), std::string::npos) << bench.out.str() + bench.err.str();
 }
 
+/// Where nothing is read first, there are no widths to compare.
+TEST(CheckedRadioWithoutWindows, GetsNoOtherNumbersUnlessForced) {
+    cli::CliBench bench;
+    const std::string file = bench.folder.file("menu.mnu");
+    ASSERT_EQ(bench.run({"--demo", "save", "menu", file}), cli::ExitCode::Done);
+    bench.ports.radio().quirks.earlyMenuNumbers = true;
+    ASSERT_EQ(bench.run({"--demo", "doctor"}), cli::ExitCode::Different);
+    EXPECT_NE(bench.run({"--demo", "--all", "--no-safety-copy", "restore", "menu", file}), cli::ExitCode::Done);
+    EXPECT_EQ(bench.ports.radio().timesSet, 0);
+    EXPECT_NE(bench.err.str().find("have the numbers of later firmware"), std::string::npos) << bench.err.str();
+    bench.run({"--demo", "--all", "--no-safety-copy", "--force", "restore", "menu", file});
+    EXPECT_NE(bench.ports.radio().timesSet, 0);
+}
+
 }  // namespace
 }  // namespace korvex
