@@ -67,7 +67,12 @@ void CatLink::showPortState() {
 
 void CatLink::remember(KnownRadio radio) {
     m_known = std::move(radio);
-    m_knownHere = knownAt(m_port.deviceText());
+    recognize();
+}
+
+/// The ports are looked through for the device's name: only where there is something to recognize.
+void CatLink::recognize() {
+    m_knownHere = m_known.isChecked() && PortOpen() ? knownAt(m_port.deviceText()) : KnownRadio();
 }
 
 void CatLink::noteTold(const std::string& item) {
@@ -82,7 +87,7 @@ KnownRadio CatLink::knownAt(const std::string& device) const {
 
 void CatLink::showOpened() {
     clearTraffic();
-    m_knownHere = knownAt(m_port.deviceText());
+    recognize();
     m_panels.Settings = "Settings: Port " + std::to_string(m_port.CommPort()) + ", " + m_port.Settings() + " ";
     if (m_indicators.memoryEditorVisible) m_indicators.memoryEditor = " RS232 open ";
     m_connectClock.start();

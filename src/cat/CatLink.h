@@ -123,6 +123,7 @@ private:
     void onComm(CommEvent event);
     void onLost(const RuntimeError& error);
     void Timer2_Timer();
+    void recognize();
     void showPortState();
     void showOpened();
     void showClosed();

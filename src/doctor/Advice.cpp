@@ -1,7 +1,6 @@
 #include "doctor/Advice.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "base/CodePage.h"
 #include "base/NumberText.h"
@@ -22,16 +21,6 @@ std::string itemList(const std::vector<int>& items) {
     }
     if (items.size() > most) text += " and " + std::to_string(items.size() - most) + " more";
     return text;
-}
-
-/// The menu items to which this came: "?;", or nothing at all.
-std::vector<int> itemsWith(const RadioReport& report, std::string_view answer) {
-    std::vector<int> items;
-    for (int item = 1; item <= menuItemCount; ++item) {
-        const auto* asked = report.form(menuReadCommand(item));
-        if (asked != nullptr && asked->form == answer) items.push_back(item);
-    }
-    return items;
 }
 
 int refutedCount(const RadioReport& report) {
@@ -113,20 +102,18 @@ void addTraffic(const RadioReport& report, Lines& lines) {
 }
 
 void addContents(const RadioReport& report, Lines& lines) {
-    const auto refused = itemsWith(report, "?;");
+    const auto refused = menuItemsWith(report, "?;");
     if (!refused.empty()) {
         lines.push_back("The radio refuses menu " + itemList(refused) +
                         ": no backup holds them, and a restore leaves them out from now on, and names them.");
     }
-    if (const auto silent = itemsWith(report, ""); !silent.empty()) {
+    if (const auto silent = menuItemsWith(report, ""); !silent.empty()) {
         lines.push_back("The radio does not answer to menu " + itemList(silent) +
                         ": no whole menu can be read from it.");
     }
-    if (report.isRefuted("equalizer-form")) {
-        if (!report.isRefuted("menu-numbers")) {
-            lines.emplace_back(
-                "The equalizer's items have another form: from now on no equalizer window opens for this radio.");
-        }
+    if (report.isRefuted("equalizer-form") && !report.isRefuted("menu-numbers")) {
+        lines.emplace_back(
+            "The equalizer's items have another form: from now on no equalizer window opens for this radio.");
     }
     if (report.isRefuted("keyer-readable")) {
         lines.emplace_back("Keyer texts cannot be read from this radio: keep the files that you write them from.");
@@ -149,6 +136,15 @@ void addContents(const RadioReport& report, Lines& lines) {
 }
 
 }  // namespace
+
+std::vector<int> menuItemsWith(const RadioReport& report, std::string_view answer) {
+    std::vector<int> items;
+    for (int item = 1; item <= menuItemCount; ++item) {
+        const auto* asked = report.form(menuReadCommand(item));
+        if (asked != nullptr && asked->form == answer) items.push_back(item);
+    }
+    return items;
+}
 
 std::vector<std::string> adviceFor(const RadioReport& report, const Outcome& how) {
     if (report.model.empty() && !how.isDone()) {

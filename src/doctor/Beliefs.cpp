@@ -12,6 +12,7 @@
 #include "memory/MemoryRecord.h"
 #include "memory/MemoryTables.h"
 #include "menu/MenuCommandTable.h"
+#include "menu/MenuFile.h"
 
 namespace korvex {
 
@@ -21,6 +22,7 @@ using Judgement = Belief::Judgement;
 using Verdict = Judgement::Verdict;
 
 constexpr int firstEqualizerItem = 125;
+constexpr int lastEqualizerItem = 142;
 
 Judgement judged(bool confirmed, std::string shown = {}) {
     return {confirmed ? Verdict::Confirmed : Verdict::Refuted, std::move(shown)};
@@ -143,18 +145,6 @@ std::string codeOfSpeed(const std::string& line) {
     return {};
 }
 
-/// How many of the six levels of the equalizer show a sign, if they begin with this item.
-int signedLevelsFrom(const RadioReport& report, int item) {
-    constexpr int levels = 6;
-    constexpr int distance = 3;
-    int found = 0;
-    for (int level = 0; level < levels; ++level) {
-        const auto* asked = report.form(menuReadCommand(item + level * distance));
-        if (asked != nullptr && valueForm(*asked).starts_with('+')) ++found;
-    }
-    return found;
-}
-
 /// 1 speaks for the numbers that are believed, -1 for those one lower, 0 for neither.
 int speedSpeaksFor(const RadioReport& report) {
     const std::string code = codeOfSpeed(report.line);
@@ -165,12 +155,16 @@ int speedSpeaksFor(const RadioReport& report) {
 }
 
 int signsSpeakFor(const RadioReport& report) {
-    constexpr int firstLevel = firstEqualizerItem + 1;
-    constexpr int levels = 6;
-    const bool here = signedLevelsFrom(report, firstLevel) == levels;
-    const bool below = signedLevelsFrom(report, firstLevel - 1) == levels;
-    if (here == below) return 0;
-    return here ? 1 : -1;
+    std::vector<std::string> lines;
+    for (int item = firstEqualizerItem; item <= lastEqualizerItem; ++item) {
+        const auto* asked = report.form(menuReadCommand(item));
+        if (asked == nullptr) continue;
+        lines.push_back(asked->form);
+        std::replace(lines.back().begin(), lines.back().end(), 'n', '0');  // a line of a menu file
+    }
+    const auto numbers = numbersIn(lines);
+    if (!numbers) return 0;
+    return *numbers == MenuNumbers::Later ? 1 : -1;
 }
 
 Judgement menuNumbers(const RadioReport& report) {
@@ -183,8 +177,7 @@ Judgement menuNumbers(const RadioReport& report) {
 }
 
 Judgement equalizerForm(const RadioReport& report) {
-    constexpr int lastItem = 142;
-    return allOf(report, menuQuestions(firstEqualizerItem, lastItem), [](const AskedForm& asked) {
+    return allOf(report, menuQuestions(firstEqualizerItem, lastEqualizerItem), [](const AskedForm& asked) {
         constexpr int group = 3;
         const int item = parseWhole(asked.query.substr(2, 3)).value_or(firstEqualizerItem);
         return valueForm(asked) == ((item - firstEqualizerItem) % group == 1 ? "+nn" : "nn");

@@ -7,7 +7,6 @@
 #include "base/Version.h"
 #include "doctor/Advice.h"
 #include "doctor/Beliefs.h"
-#include "menu/MenuCommandTable.h"
 
 namespace korvex {
 
@@ -67,9 +66,7 @@ KnownRadio RadioCheck::learned() const {
                      .hasOtherEqualizer = m_report.isRefuted("equalizer-form"),
                      .obeysOneAtATime = m_report.isRefuted("two-at-once"),
                      .closesKeyerTexts = m_report.isRefuted("keyer-end")};
-    for (int item = 1; item <= menuItemCount; ++item) {
-        if (m_report.wasRefused(menuReadCommand(item))) radio.refusedItems.push_back(zeroPadded(item, 3));
-    }
+    for (const int item : menuItemsWith(m_report, "?;")) radio.refusedItems.push_back(zeroPadded(item, 3));
     return radio;
 }
 

@@ -107,17 +107,26 @@ std::optional<MenuNumbers> numbersIn(const std::vector<std::string>& lines) {
     return {};
 }
 
-int catRank(std::string_view command, MenuNumbers numbers) {
+CatSetting catSetting(std::string_view command, MenuNumbers numbers) {
     constexpr int rate = 28;
-    constexpr int rts = 30;
-    if (command.size() <= headLength + 1 || !command.starts_with("EX")) return 0;
+    if (command.size() <= headLength + 1 || !command.starts_with("EX")) return CatSetting::None;
     const int item = parseWhole(command.substr(2, 3)).value_or(0) + (numbers == MenuNumbers::Early ? 1 : 0);
-    if (item == rate) return 2;
-    return item > rate && item <= rts ? 1 : 0;
+    switch (item) {
+        case rate: return CatSetting::Rate;
+        case rate + 1: return CatSetting::TimeOut;
+        case rate + 2: return CatSetting::Rts;
+        default: return CatSetting::None;
+    }
+}
+
+int catRank(std::string_view command, MenuNumbers numbers) {
+    const CatSetting setting = catSetting(command, numbers);
+    if (setting == CatSetting::None) return 0;
+    return setting == CatSetting::Rate ? 2 : 1;
 }
 
 bool setsCatLine(std::string_view command, MenuNumbers numbers) {
-    return catRank(command, numbers) > 0;
+    return catSetting(command, numbers) != CatSetting::None;
 }
 
 MenuLines apartFromCatLines(const std::vector<std::string>& lines, MenuNumbers numbers) {

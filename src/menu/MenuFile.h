@@ -34,7 +34,10 @@ MenuNumbers menuNumbersOf(const KnownRadio& radio);
 /// item with a sign. Nothing where they do not tell.
 std::optional<MenuNumbers> numbersIn(const std::vector<std::string>& lines);
 
-/// The radio's own CAT settings, menu items 028 to 030: speed, time-out, RTS. Whoever changes them may cut the line.
+/// The radio's own CAT settings, menu items 028 to 030. Whoever changes them may cut the line.
+enum class CatSetting { None, Rate, TimeOut, Rts };
+/// The one that the command sets.
+CatSetting catSetting(std::string_view command, MenuNumbers numbers = MenuNumbers::Later);
 bool setsCatLine(std::string_view command, MenuNumbers numbers = MenuNumbers::Later);
 /// The order in which commands are sent: 0 leaves those alone, 1 and then 2, the speed, come last of all, because the
 /// radio hears nothing more behind that.

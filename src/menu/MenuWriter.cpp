@@ -17,11 +17,10 @@ constexpr int intervalMs = 50;  // of which every second tick works
 Exchange exchangeOf(const std::string& line, MenuNumbers numbers) {
     constexpr std::size_t headLength = 5;  // EX042
     const std::string head = line.substr(0, headLength);
-    const bool setsSpeed = catRank(line, numbers) == 2;
-    const std::string query = setsSpeed ? "" : head + ";";
-    const bool setsRts = head == (numbers == MenuNumbers::Early ? "EX029" : "EX030");
+    const CatSetting setting = catSetting(line, numbers);
+    const std::string query = setting == CatSetting::Rate ? "" : head + ";";
     const auto confirms = [line](std::string_view answer) { return answer == line; };
-    return {itemInLine(line), query, {head, headLength + 2}, line, setsRts, confirms};
+    return {itemInLine(line), query, {head, headLength + 2}, line, setting == CatSetting::Rts, confirms};
 }
 
 }  // namespace

@@ -33,6 +33,12 @@ double contrast(const QColor& one, const QColor& other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
+/// A line on the window's colour that can be seen; for what Fusion draws in shades of black whatever the palette is.
+QColor lineOn(const QPalette& palette) {
+    constexpr int share = 45;
+    return mixed(palette.color(QPalette::Window), palette.color(QPalette::Active, QPalette::WindowText), share);
+}
+
 /// The window's colour out of which Fusion makes an outline that can be seen; nothing where it does anyway.
 std::optional<QColor> outliningWindow(const QPalette& palette) {
     constexpr double seen = 1.5;
@@ -40,13 +46,7 @@ std::optional<QColor> outliningWindow(const QPalette& palette) {
     const QColor window = palette.color(QPalette::Window);
     const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
     if (contrast(window, window.darker(fusionsShade)) >= seen && contrast(window, text) < highest) return std::nullopt;
-    return mixed(window, text, 45).lighter(fusionsShade);
-}
-
-/// A line on the window's colour that can be seen; for what Fusion draws in shades of black whatever the palette is.
-QColor lineOn(const QPalette& palette) {
-    constexpr int share = 45;
-    return mixed(palette.color(QPalette::Window), palette.color(QPalette::Active, QPalette::WindowText), share);
+    return lineOn(palette).lighter(fusionsShade);
 }
 
 /// Below the title, where Fusion has its frame.
